@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+
+#include <functional>
+
+namespace marrowcut
+{
+
+/// One desktop notification, delivered at once with the desktop's default sound.
+struct NotificationRequest {
+    QString identifier; ///< a random UUID as text
+    QString title;
+    QString body;
+};
+
+/// Where desktop notifications go. Main thread, answers included.
+class NotificationCenter
+{
+public:
+    virtual ~NotificationCenter() = default;
+
+    /// Asks whether notifications may be shown. The answer comes later, once, from the event loop;
+    /// it may never come when the center is destroyed first.
+    virtual void requestAuthorization(std::function<void(bool granted)> answer) = 0;
+
+    /// Shows a notification. Whether that succeeds is not told.
+    virtual void add(const NotificationRequest &request) = 0;
+};
+
+/// Keeps the requests instead of showing them: for tests, and for runs that shall not notify.
+class MemoryNotificationCenter : public NotificationCenter
+{
+public:
+    explicit MemoryNotificationCenter(bool granted)
+        : m_granted(granted)
+    {
+    }
+
+    const QList<NotificationRequest> &requests() const { return m_requests; }
+
+    void requestAuthorization(std::function<void(bool granted)> answer) override { answer(m_granted); }
+    void add(const NotificationRequest &request) override { m_requests.append(request); }
+
+private:
+    bool m_granted;
+    QList<NotificationRequest> m_requests;
+};
+
+} // namespace marrowcut
