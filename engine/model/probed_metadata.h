@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QString>
+
+namespace marrowcut
+{
+
+/// What the probe learned about one clip. Texts stay as the tool printed them.
+struct ProbedMetadata {
+    QString tc;          ///< source timecode of the first frame
+    QString rate;        ///< average frame rate, such as "30000/1001"
+    int audioCount = 0;  ///< number of audio streams
+    double duration = 0; ///< seconds; 0 when unknown
+    QString fileDate;    ///< "unavailable" when the clip carries no date
+};
+
+} // namespace marrowcut

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QString>
+
+#include <array>
+#include <optional>
+
+namespace marrowcut
+{
+
+class PreferenceStore;
+
+/// One of the three encoding presets, and the remembered choice among them. A value.
+class QualityPreset
+{
+public:
+    enum Case { standard, smaller, tiny };
+
+    constexpr QualityPreset(Case presetCase = standard) // implicit: a case is a preset
+        : m_case(presetCase)
+    {
+    }
+
+    static constexpr std::array<Case, 3> allCases = {standard, smaller, tiny};
+
+    /// Exactly "standard", "smaller" or "tiny"; nothing for any other text.
+    static std::optional<QualityPreset> fromRawValue(const QString &rawValue);
+    QString rawValue() const;
+    QString id() const { return rawValue(); }
+
+    /// What the preset means, in the user's words.
+    QString descriptionText() const;
+
+    /// The preset remembered under "qualityPreset"; standard when none or another text is stored.
+    static QualityPreset saved(const PreferenceStore &store);
+    static void setSaved(PreferenceStore &store, QualityPreset preset);
+
+    constexpr operator Case() const { return m_case; } // comparison and switch
+
+private:
+    Case m_case;
+};
+
+} // namespace marrowcut
