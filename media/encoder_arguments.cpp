@@ -1,0 +1,141 @@
+#include "media/encoder_arguments.h"
+
+#include "media/burn_in_filter.h"
+#include "media/numbers.h"
+#include "media/timecode_math.h"
+
+#include <QFileInfo>
+
+namespace marrowcut::media
+{
+
+namespace
+{
+
+QString zeroTimecode()
+{
+    return QStringLiteral("00:00:00:00");
+}
+
+QStringList openingOptions(const SystemValues &system)
+{
+    return QStringList{QStringLiteral("-y"), QStringLiteral("-loglevel"), QStringLiteral("warning"),
+                       QStringLiteral("-stats")} +
+           system.hardwareDecoding;
+}
+
+FilterInputs filterInputs(const EncodeJob &job, const QString &srcTC, const QString &elapsedTC)
+{
+    return {
+        .filename = QFileInfo(job.source).fileName(),
+        .srcTC = srcTC,
+        .elapsedTC = elapsedTC,
+        .rate = job.meta.rate,
+        .audioCount = job.meta.audioCount,
+        .fileDate = job.meta.fileDate,
+        .preset = job.preset,
+        .burnInEnabled = job.burnInEnabled,
+    };
+}
+
+QStringList videoRates(QualityPreset preset)
+{
+    switch (preset) {
+    case QualityPreset::standard:
+        return {QStringLiteral("2M"), QStringLiteral("2.8M"), QStringLiteral("4M")};
+    case QualityPreset::smaller:
+        return {QStringLiteral("1.2M"), QStringLiteral("1.7M"), QStringLiteral("2.4M")};
+    case QualityPreset::tiny:
+        return {QStringLiteral("700k"), QStringLiteral("1M"), QStringLiteral("1.4M")};
+    }
+    Q_UNREACHABLE();
+}
+
+QString audioRate(QualityPreset preset)
+{
+    switch (preset) {
+    case QualityPreset::standard:
+        return QStringLiteral("128k");
+    case QualityPreset::smaller:
+        return QStringLiteral("96k");
+    case QualityPreset::tiny:
+        return QStringLiteral("64k");
+    }
+    Q_UNREACHABLE();
+}
+
+QStringList videoOptions(QualityPreset preset, const SystemValues &system)
+{
+    const QStringList rates = videoRates(preset);
+    return system.videoEncoder + QStringList{QStringLiteral("-b:v"),     rates[0],
+                                             QStringLiteral("-maxrate"), rates[1],
+                                             QStringLiteral("-bufsize"), rates[2],
+                                             QStringLiteral("-pix_fmt"), QStringLiteral("yuv420p")};
+}
+
+QStringList audioOptions(QualityPreset preset)
+{
+    return {QStringLiteral("-c:a"), QStringLiteral("aac"),   QStringLiteral("-b:a"), audioRate(preset),
+            QStringLiteral("-ar"),  QStringLiteral("48000"), QStringLiteral("-ac"),  QStringLiteral("2")};
+}
+
+/// The graph, the streams taken from it and how they are encoded.
+QStringList graphAndEncoders(const EncodeJob &job, const SystemValues &system, const FilterInputs &inputs)
+{
+    const bool hasAudio = job.meta.audioCount >= 1;
+    QStringList arguments = {QStringLiteral("-filter_complex"), buildFilter(inputs, system.fontFile),
+                             QStringLiteral("-map"), QStringLiteral("[v]")};
+    if (hasAudio)
+        arguments += {QStringLiteral("-map"), QStringLiteral("[a]")};
+    arguments += videoOptions(job.preset, system);
+    if (hasAudio)
+        arguments += audioOptions(job.preset);
+    return arguments;
+}
+
+/// Puts the index in front of the picture data, where players want it.
+QStringList finishedFile(const QString &output)
+{
+    return {QStringLiteral("-movflags"), QStringLiteral("+faststart"), output};
+}
+
+} // namespace
+
+QStringList singlePassArguments(const EncodeJob &job, const SystemValues &system, const QString &output)
+{
+    return openingOptions(system) + QStringList{QStringLiteral("-i"), job.source} +
+           graphAndEncoders(job, system, filterInputs(job, job.meta.tc, zeroTimecode())) +
+           QStringList{QStringLiteral("-timecode"), job.meta.tc} + finishedFile(output);
+}
+
+QStringList pieceArguments(const EncodeJob &job, const SystemValues &system, const Piece &piece,
+                           const QString &output)
+{
+    const qint64 fps = TimecodeMath::nominalFPS(job.meta.rate);
+    const QString srcTC = TimecodeMath::add(job.meta.tc, piece.start, fps);
+    const QString elapsedTC = TimecodeMath::add(zeroTimecode(), piece.start, fps);
+    return openingOptions(system) +
+           QStringList{QStringLiteral("-ss"), decimalText(piece.start), QStringLiteral("-i"), job.source,
+                       QStringLiteral("-t"),  decimalText(piece.length)} +
+           graphAndEncoders(job, system, filterInputs(job, srcTC, elapsedTC)) + finishedFile(output);
+}
+
+QStringList joinArguments(const QString &joinList, const QString &tc, const QString &output)
+{
+    return {QStringLiteral("-y"),
+            QStringLiteral("-loglevel"),
+            QStringLiteral("warning"),
+            QStringLiteral("-f"),
+            QStringLiteral("concat"),
+            QStringLiteral("-safe"),
+            QStringLiteral("0"),
+            QStringLiteral("-i"),
+            joinList,
+            QStringLiteral("-c"),
+            QStringLiteral("copy"),
+            QStringLiteral("-timecode"),
+            tc,
+            output};
+}
+
+} // namespace marrowcut::media

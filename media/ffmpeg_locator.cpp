@@ -1,0 +1,20 @@
+#include "media/ffmpeg_locator.h"
+
+#include "platform/resource_folder.h"
+
+namespace marrowcut::FFmpegLocator
+{
+
+const QString &ffmpegPath()
+{
+    static const QString path = resourceFolder() + QStringLiteral("/ffmpeg");
+    return path;
+}
+
+const QString &ffprobePath()
+{
+    static const QString path = resourceFolder() + QStringLiteral("/ffprobe");
+    return path;
+}
+
+} // namespace marrowcut::FFmpegLocator

@@ -1,0 +1,44 @@
+#include "media/line_splitter.h"
+
+#include "platform/utf8.h"
+
+#include <algorithm>
+
+namespace marrowcut
+{
+
+QStringList LineSplitter::feed(QByteArrayView bytes)
+{
+    QStringList lines;
+    const auto isSeparator = [](char byte) { return byte == '\r' || byte == '\n'; };
+    auto begin = bytes.begin();
+    for (;;) {
+        const auto separator = std::find_if(begin, bytes.end(), isSeparator);
+        keepFragment(QByteArrayView(begin, separator));
+        if (separator == bytes.end())
+            return lines;
+        finishLine(lines);
+        begin = separator + 1;
+    }
+}
+
+void LineSplitter::keepFragment(QByteArrayView fragment)
+{
+    if (m_fragment.size() + fragment.size() > longestLine)
+        m_tooLong = true;
+    if (m_tooLong)
+        m_fragment.clear();
+    else
+        m_fragment.append(fragment);
+}
+
+void LineSplitter::finishLine(QStringList &lines)
+{
+    const auto text = decodeUtf8(m_fragment);
+    if (text && !text->isEmpty())
+        lines.append(*text);
+    m_fragment.clear();
+    m_tooLong = false;
+}
+
+} // namespace marrowcut

@@ -1,0 +1,79 @@
+#include "media/process_runner.h"
+
+#include "media/line_splitter.h"
+#include "platform/child_guard.h"
+#include "platform/interrupted.h"
+#include "platform/utf8.h"
+
+#include <QEventLoop>
+#include <QProcess>
+
+namespace marrowcut::ProcessRunner
+{
+
+namespace
+{
+
+void prepare(QProcess &process, const QString &executable, const QStringList &arguments,
+             const Options &options)
+{
+    process.setProgram(executable);
+    process.setArguments(arguments);
+    process.setWorkingDirectory(options.workingDirectory);
+    process.setInputChannelMode(QProcess::ForwardedInputChannel);
+    guardChild(process);
+}
+
+/// Starts the child and waits for its end in an event loop, so that its output is read as it comes
+/// and a request to stop is heard at once.
+qint32 runToEnd(QProcess &process, const std::stop_token &stop)
+{
+    if (stop.stop_requested())
+        throw Interrupted();
+
+    QEventLoop loop;
+    QObject::connect(&process, &QProcess::finished, &loop, &QEventLoop::quit);
+    process.start(QIODevice::ReadOnly);
+    if (!process.waitForStarted(-1))
+        throw LaunchError(process.errorString().toStdString());
+    {
+        const std::stop_callback killChild(
+            stop, [&process] { QMetaObject::invokeMethod(&process, &QProcess::kill, Qt::QueuedConnection); });
+        if (process.state() != QProcess::NotRunning)
+            loop.exec();
+    }
+    if (stop.stop_requested())
+        throw Interrupted();
+    return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : 128 + process.exitCode();
+}
+
+} // namespace
+
+CapturedResult run(const QString &executable, const QStringList &arguments, const Options &options)
+{
+    QProcess process;
+    prepare(process, executable, arguments, options);
+    const qint32 status = runToEnd(process, options.stop);
+    return {status, decodeUtf8(process.readAllStandardOutput()).value_or(QString()),
+            decodeUtf8(process.readAllStandardError()).value_or(QString())};
+}
+
+qint32 runStreaming(const QString &executable, const QStringList &arguments,
+                    const std::function<void(const QString &)> &onStderrLine, const Options &options)
+{
+    QProcess process;
+    prepare(process, executable, arguments, options);
+    process.setStandardOutputFile(QProcess::nullDevice());
+
+    LineSplitter splitter;
+    const auto deliverAvailable = [&] {
+        for (const QString &line : splitter.feed(process.readAllStandardError()))
+            onStderrLine(line);
+    };
+    QObject::connect(&process, &QProcess::readyReadStandardError, &process, deliverAvailable);
+    const qint32 status = runToEnd(process, options.stop);
+    deliverAvailable();
+    return status;
+}
+
+} // namespace marrowcut::ProcessRunner
