@@ -1,0 +1,144 @@
+#include "engine/burn_in_engine.h"
+
+#include "engine/completion_notification.h"
+#include "engine/queue_runner.h"
+#include "platform/interrupted.h"
+#include "platform/notification_center.h"
+#include "platform/preference_store.h"
+
+#include <QPointer>
+
+#include <algorithm>
+
+namespace marrowcut
+{
+
+BurnInEngine::BurnInEngine(PreferenceStore &preferences, NotificationCenter &notifications, QObject *parent)
+    : QObject(parent)
+    , m_preferences(preferences)
+    , m_notifications(notifications)
+    , m_jobs([this] { Q_EMIT willChange(); })
+    , m_qualityPreset(QualityPreset::saved(preferences))
+{
+}
+
+BurnInEngine::~BurnInEngine()
+{
+    m_runThread.request_stop();
+    m_mainThread.close();
+}
+
+void BurnInEngine::setQualityPreset(QualityPreset preset)
+{
+    Q_EMIT willChange();
+    m_qualityPreset = preset;
+    QualityPreset::setSaved(m_preferences, preset);
+}
+
+bool BurnInEngine::hasQueuedJobs() const
+{
+    return std::any_of(jobs().begin(), jobs().end(),
+                       [](const ProxyJob &job) { return job.status.isQueued(); });
+}
+
+bool BurnInEngine::hasSelectedQueuedJobs() const
+{
+    return std::any_of(jobs().begin(), jobs().end(),
+                       [](const ProxyJob &job) { return job.status.isQueued() && job.isSelected; });
+}
+
+QList<RefusedItem> BurnInEngine::enqueue(const QList<QUrl> &urls)
+{
+    const ExpandedItems items = expandVideoFiles(urls);
+    for (const QUrl &videoFile : items.videoFiles) {
+        if (!m_jobs.containsSource(videoFile))
+            m_jobs.append(ProxyJob::forSource(videoFile));
+    }
+    return items.refused;
+}
+
+void BurnInEngine::removeFromQueue(const QUuid &id)
+{
+    const ProxyJob *job = m_jobs.find(id);
+    if (job && job->status.isQueued())
+        m_jobs.removeIf([&id](const ProxyJob &other) { return other.id == id; });
+}
+
+void BurnInEngine::setAllSelected(bool selected)
+{
+    const QList<ProxyJob> before = jobs(); // shares its data until the first edit
+    for (const ProxyJob &job : before) {
+        if (job.status.isQueued() && job.isSelected != selected)
+            m_jobs.set(job.id, &ProxyJob::isSelected, selected);
+    }
+}
+
+void BurnInEngine::toggleSelected(const QUuid &id)
+{
+    if (const ProxyJob *job = m_jobs.find(id))
+        m_jobs.set(id, &ProxyJob::isSelected, !job->isSelected);
+}
+
+void BurnInEngine::toggleBurnIn(const QUuid &id)
+{
+    if (const ProxyJob *job = m_jobs.find(id))
+        m_jobs.set(id, &ProxyJob::burnInEnabled, !job->burnInEnabled);
+}
+
+void BurnInEngine::retry(const QUuid &id)
+{
+    m_jobs.set(id, &ProxyJob::status, JobStatus::queued());
+    m_jobs.set(id, &ProxyJob::progress, 0.0);
+    m_jobs.set(id, &ProxyJob::isSelected, true);
+    m_jobs.set(id, &ProxyJob::errorDetail, std::nullopt);
+}
+
+void BurnInEngine::clearCompleted()
+{
+    m_jobs.removeIf([](const ProxyJob &job) { return job.status.isFinished(); });
+}
+
+void BurnInEngine::start()
+{
+    if (m_isRunning || !hasSelectedQueuedJobs())
+        return;
+    Q_EMIT willChange();
+    m_isRunning = true;
+
+    std::promise<void> ended;
+    m_runEnded = ended.get_future();
+    m_runThread = std::jthread(
+        [this, preset = m_qualityPreset, ended = std::move(ended)](std::stop_token stop) mutable {
+            try {
+                QueueRunner(m_jobs, m_mainThread, chunkSeconds, std::move(stop)).runQueue(preset);
+                m_mainThread.post([this] { finishRun(); });
+            } catch (const Interrupted &) { // the program is quitting: nothing more is wanted
+            }
+            ended.set_value();
+        });
+}
+
+void BurnInEngine::finishRun()
+{
+    m_runThread.join(); // it has nothing left to do
+    Q_EMIT willChange();
+    m_isRunning = false;
+    notifyCompletion();
+}
+
+bool BurnInEngine::interrupt(std::chrono::milliseconds limit)
+{
+    m_runThread.request_stop();
+    m_mainThread.close();
+    return !m_runThread.joinable() || m_runEnded.wait_for(limit) == std::future_status::ready;
+}
+
+void BurnInEngine::notifyCompletion()
+{
+    m_notifications.requestAuthorization([engine = QPointer(this)](bool granted) {
+        if (granted && engine)
+            engine->m_notifications.add(completionNotification(engine->jobs()));
+    });
+}
+
+} // namespace marrowcut

@@ -1,0 +1,88 @@
+#pragma once
+
+#include "engine/job_list.h"
+#include "engine/model/proxy_job.h"
+#include "engine/model/quality_preset.h"
+#include "engine/video_files.h"
+#include "platform/main_thread_queue.h"
+
+#include <QObject>
+
+#include <chrono>
+#include <future>
+#include <thread>
+
+namespace marrowcut
+{
+
+class NotificationCenter;
+class PreferenceStore;
+
+/// Holds the queue and runs it. Main thread only; its own background work comes back there.
+///
+/// The published state is jobs(), isRunning() and qualityPreset(). Every assignment and every edit of
+/// one field of one job is announced once by willChange(), before it is applied: a slot that reads the
+/// state sees the old value and has to read it again later, from the event loop. Slots must not edit.
+/// Every operation is accepted at any time, also while a run is going on.
+class BurnInEngine : public QObject
+{
+    Q_OBJECT
+public:
+    /// Length of the pieces of a long clip, and the duration above which a clip is cut into them.
+    static constexpr double chunkSeconds = 90.0;
+
+    /// The store and the center must outlive the engine.
+    BurnInEngine(PreferenceStore &preferences, NotificationCenter &notifications, QObject *parent = nullptr);
+    /// Interrupts a run as interrupt() does, and waits for its end.
+    ~BurnInEngine() override;
+
+    const QList<ProxyJob> &jobs() const { return m_jobs.jobs(); }
+    bool isRunning() const { return m_isRunning; }
+    QualityPreset qualityPreset() const { return m_qualityPreset; }
+    /// Also remembers the preset, for this and later runs of the program.
+    void setQualityPreset(QualityPreset preset);
+
+    bool hasQueuedJobs() const;
+    bool hasSelectedQueuedJobs() const;
+
+    /// Adds one job for each video file that the files and folders stand for and that is not listed
+    /// yet. Returns the items that gave none.
+    QList<RefusedItem> enqueue(const QList<QUrl> &urls);
+    /// Only a queued job is removed.
+    void removeFromQueue(const QUuid &id);
+    /// Queued jobs only; one edit for each.
+    void setAllSelected(bool selected);
+    void toggleSelected(const QUuid &id);
+    void toggleBurnIn(const QUuid &id);
+    /// Puts a job back into the queue, whatever its status.
+    void retry(const QUuid &id);
+    /// Removes every job that is done, skipped or failed.
+    void clearCompleted();
+
+    /// Begins a run over the jobs that are queued and selected, with the preset of this moment, and
+    /// returns at once. Nothing when a run is going on or there is no such job.
+    void start();
+
+    /// For quitting: ends the running tool at once and leaves every file as it is. Waits for the run's
+    /// thread, up to the limit, and returns whether it has ended; it always does unless the system
+    /// itself hangs. No run can be started afterwards, and no more edits come.
+    bool interrupt(std::chrono::milliseconds limit);
+
+Q_SIGNALS:
+    void willChange();
+
+private:
+    void finishRun();
+    void notifyCompletion();
+
+    PreferenceStore &m_preferences;
+    NotificationCenter &m_notifications;
+    JobList m_jobs;
+    bool m_isRunning = false;
+    QualityPreset m_qualityPreset;
+    MainThreadQueue m_mainThread;
+    std::future<void> m_runEnded;
+    std::jthread m_runThread;
+};
+
+} // namespace marrowcut

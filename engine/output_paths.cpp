@@ -1,0 +1,38 @@
+#include "engine/output_paths.h"
+
+#include <QFileInfo>
+
+namespace marrowcut
+{
+
+namespace
+{
+
+QString outputFolderPath(const QString &sourcePath)
+{
+    const QString folder = sourcePath.left(sourcePath.lastIndexOf(QLatin1Char('/')));
+    return folder + QStringLiteral("/marrowcut_proxies");
+}
+
+} // namespace
+
+OutputPaths OutputPaths::forSource(const QUrl &sourceURL)
+{
+    const QString source = sourceURL.toLocalFile();
+    const QFileInfo info(source);
+    OutputPaths paths;
+    paths.outDir = outputFolderPath(source);
+    paths.sourceFilename = info.fileName();
+    paths.proxyFilename = info.completeBaseName() + QStringLiteral("_proxy.mp4");
+    paths.finalOutput = paths.outDir + QLatin1Char('/') + paths.proxyFilename;
+    paths.tmpOutput = paths.outDir + QStringLiteral("/.tmp_") + paths.proxyFilename;
+    paths.manifest = paths.outDir + QStringLiteral("/manifest.csv");
+    return paths;
+}
+
+QUrl outputFolder(const QUrl &sourceURL)
+{
+    return QUrl::fromLocalFile(outputFolderPath(sourceURL.toLocalFile()));
+}
+
+} // namespace marrowcut

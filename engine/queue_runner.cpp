@@ -1,0 +1,137 @@
+#include "engine/queue_runner.h"
+
+#include "engine/manifest.h"
+#include "engine/output_paths.h"
+#include "media/chunked_encode.h"
+#include "media/file_steps.h"
+#include "media/probe.h"
+#include "media/single_pass_encode.h"
+#include "platform/main_thread_queue.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace marrowcut
+{
+
+QueueRunner::QueueRunner(JobList &jobs, MainThreadQueue &mainThread, double chunkSeconds,
+                         std::stop_token stop)
+    : m_jobs(jobs)
+    , m_mainThread(mainThread)
+    , m_chunkSeconds(chunkSeconds)
+    , m_stop(std::move(stop))
+    , m_system(media::currentSystemValues())
+{
+}
+
+void QueueRunner::runQueue(QualityPreset preset)
+{
+    for (const QUuid &id : selectedQueuedIds())
+        processJob(id, preset);
+}
+
+void QueueRunner::processJob(const QUuid &id, QualityPreset preset)
+{
+    const std::optional<ProxyJob> job = copyOf(id);
+    if (!job)
+        return; // removed meanwhile
+    const OutputPaths paths = OutputPaths::forSource(job->sourceURL);
+    QDir().mkpath(paths.outDir);
+    if (QFileInfo::exists(paths.finalOutput)) {
+        finish(id, JobStatus::skipped());
+        return;
+    }
+    media::removeIfThere(paths.tmpOutput);
+    processUnfinished(*job, paths, preset);
+}
+
+void QueueRunner::processUnfinished(const ProxyJob &job, const OutputPaths &paths, QualityPreset preset)
+{
+    const QString source = job.sourceURL.toLocalFile();
+    setStatus(job.id, JobStatus::probing());
+    const std::optional<ProbedMetadata> meta = media::probe(source, m_stop);
+    if (!meta) {
+        fail(job.id, QStringLiteral("could not read metadata"), media::probeFailureDetail(source, m_stop));
+        Manifest::append(paths.manifest, Manifest::line(paths, meta, QStringLiteral("failed: metadata")));
+        return;
+    }
+
+    setStatus(job.id, JobStatus::encoding());
+    const media::EncodeResult result = encode({source, *meta, job.id, preset, job.burnInEnabled}, paths);
+    if (result.success)
+        finish(job.id, JobStatus::done());
+    else
+        fail(job.id, QStringLiteral("encode error"), result.stderrTail);
+    const QString status = result.success ? QStringLiteral("done") : QStringLiteral("failed: encode error");
+    Manifest::append(paths.manifest, Manifest::line(paths, meta, status));
+}
+
+media::EncodeResult QueueRunner::encode(const media::EncodeJob &encodeJob, const OutputPaths &paths)
+{
+    const auto publish = [this](const QUuid &id, double progress, std::optional<double> etaSeconds) {
+        postProgress(id, progress, etaSeconds);
+    };
+    const media::EncodeContext context = {m_system, publish, m_stop};
+    if (encodeJob.meta.duration > m_chunkSeconds)
+        return media::runChunked(encodeJob, paths.outDir, paths.finalOutput, m_chunkSeconds, context);
+    return media::runSinglePass(encodeJob, paths.finalOutput, paths.tmpOutput, context);
+}
+
+QList<QUuid> QueueRunner::selectedQueuedIds()
+{
+    QList<QUuid> ids;
+    m_mainThread.performAndWait([&] {
+        for (const ProxyJob &job : m_jobs.jobs()) {
+            if (job.status.isQueued() && job.isSelected)
+                ids.append(job.id);
+        }
+    });
+    return ids;
+}
+
+std::optional<ProxyJob> QueueRunner::copyOf(const QUuid &id)
+{
+    std::optional<ProxyJob> copy;
+    m_mainThread.performAndWait([&] {
+        if (const ProxyJob *job = m_jobs.find(id))
+            copy = *job;
+    });
+    return copy;
+}
+
+void QueueRunner::setStatus(const QUuid &id, const JobStatus &status)
+{
+    m_mainThread.performAndWait([&] {
+        m_jobs.set(id, &ProxyJob::status, status);
+        m_jobs.set(id, &ProxyJob::etaSeconds, std::nullopt);
+    });
+}
+
+void QueueRunner::finish(const QUuid &id, const JobStatus &status)
+{
+    m_mainThread.performAndWait([&] {
+        m_jobs.set(id, &ProxyJob::status, status);
+        m_jobs.set(id, &ProxyJob::progress, 1.0);
+        m_jobs.set(id, &ProxyJob::etaSeconds, std::nullopt);
+    });
+}
+
+void QueueRunner::fail(const QUuid &id, const QString &message, const QString &detail)
+{
+    m_mainThread.performAndWait([&] {
+        m_jobs.set(id, &ProxyJob::status, JobStatus::failed(message));
+        m_jobs.set(id, &ProxyJob::etaSeconds, std::nullopt);
+        m_jobs.set(id, &ProxyJob::errorDetail, detail);
+    });
+}
+
+void QueueRunner::postProgress(const QUuid &id, double progress, std::optional<double> etaSeconds)
+{
+    m_mainThread.post([this, id, progress, etaSeconds] {
+        m_jobs.set(id, &ProxyJob::status, JobStatus::encoding());
+        m_jobs.set(id, &ProxyJob::progress, progress);
+        m_jobs.set(id, &ProxyJob::etaSeconds, etaSeconds);
+    });
+}
+
+} // namespace marrowcut

@@ -1,0 +1,23 @@
+#include "engine/queue_summary.h"
+
+namespace marrowcut
+{
+
+QueueSummary QueueSummary::of(const QList<ProxyJob> &jobs)
+{
+    QueueSummary summary;
+    double shares = 0;
+    for (const ProxyJob &job : jobs) {
+        summary.doneCount += job.status.isSuccessful();
+        summary.failedCount += job.status.isFailed();
+        summary.queuedCount += job.status.isQueued();
+        summary.selectedQueuedCount += job.status.isQueued() && job.isSelected;
+        shares += job.status.isFinished() ? 1.0 : job.progress;
+    }
+    summary.jobCount = jobs.size();
+    if (summary.jobCount > 0)
+        summary.overallProgress = shares / static_cast<double>(summary.jobCount);
+    return summary;
+}
+
+} // namespace marrowcut

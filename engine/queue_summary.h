@@ -1,0 +1,30 @@
+#pragma once
+
+#include "engine/model/proxy_job.h"
+
+#include <QList>
+
+namespace marrowcut
+{
+
+/// What the job list amounts to as a whole, from one walk over it.
+struct QueueSummary {
+    qsizetype jobCount = 0;
+    qsizetype doneCount = 0; ///< done or skipped
+    qsizetype failedCount = 0;
+    qsizetype queuedCount = 0;
+    qsizetype selectedQueuedCount = 0;
+    double overallProgress = 0; ///< mean over all jobs; a finished job counts as 1.0
+
+    bool hasQueuedJobs() const { return queuedCount > 0; }
+    bool hasSelectedQueuedJobs() const { return selectedQueuedCount > 0; }
+    bool hasCompletedJobs() const { return doneCount + failedCount > 0; }
+    /// False when no job is queued.
+    bool allQueuedSelected() const { return queuedCount > 0 && selectedQueuedCount == queuedCount; }
+
+    bool operator==(const QueueSummary &) const = default;
+
+    static QueueSummary of(const QList<ProxyJob> &jobs);
+};
+
+} // namespace marrowcut

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QByteArrayView>
+#include <QList>
+#include <QString>
+#include <QUrl>
+
+namespace marrowcut
+{
+
+/// An item that gave no clip, and why.
+struct RefusedItem {
+    enum class Reason {
+        noSuchPath,
+        notAVideoFile,
+        folderWithoutVideoFiles,
+        unreadableFolder,
+        nameIsNotText, ///< the name's bytes are not valid UTF-8, so it cannot be carried
+    };
+
+    QString path; ///< for showing only: bytes that are no text are written as \xHH
+    Reason reason;
+};
+
+struct ExpandedItems {
+    QList<QUrl> videoFiles;
+    QList<RefusedItem> refused;
+};
+
+/// Bytes that are no text, in a form that can be shown: all beyond ASCII as \xHH.
+QString shownBytes(QByteArrayView bytes);
+
+/// Whether the name ends in .mxf, .mov or .mp4, in any letter case.
+bool isVideoFileName(const QString &name);
+
+/// Turns files and folders into the video files that they stand for, in the given order. A folder
+/// stands for its own entries with a video file's name, hidden ones too, in the order in which the
+/// file system lists them; folders within it are not entered.
+ExpandedItems expandVideoFiles(const QList<QUrl> &urls);
+
+} // namespace marrowcut
