@@ -1,0 +1,33 @@
+#pragma once
+
+#include "engine/model/quality_preset.h"
+
+#include <QList>
+#include <QString>
+#include <QUrl>
+
+#include <optional>
+#include <span>
+
+namespace marrowcut::cli
+{
+
+struct Request {
+    std::optional<QualityPreset> quality; ///< absent: the remembered one
+    bool burnIn = true;
+    bool notify = false;
+    bool quiet = false;
+    QList<QUrl> items;         ///< what was named, absolute
+    QStringList unusableNames; ///< named in bytes that are no text; for showing only
+};
+
+struct CommandLine {
+    std::optional<Request> request; ///< absent: there is nothing more to do than print
+    QString output;                 ///< the answer to --help and --version
+    QString error;                  ///< what is wrong with the usage
+};
+
+/// Reads the arguments as the system handed them over, the program's name first.
+CommandLine parseCommandLine(std::span<char *> arguments, const QString &version);
+
+} // namespace marrowcut::cli

@@ -1,0 +1,15 @@
+#pragma once
+
+namespace marrowcut::cli
+{
+
+/// What the program's exit status says. Scripts rely on the numbers.
+enum ExitStatus {
+    allDone = 0,          ///< every clip has its proxy
+    someFailed = 1,       ///< at least one clip, or an item that was named, could not be done
+    nothingToDo = 2,      ///< wrong usage, or no clips in what was named
+    toolMissing = 3,      ///< ffmpeg or ffprobe is not where it belongs
+    wasInterrupted = 130, ///< ended by a signal
+};
+
+} // namespace marrowcut::cli

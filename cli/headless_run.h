@@ -1,0 +1,47 @@
+#pragma once
+
+#include "command_line.h"
+#include "engine/burn_in_engine.h"
+#include "reporter.h"
+
+#include <QObject>
+
+#include <memory>
+
+namespace marrowcut::cli
+{
+
+/// One run of the engine without a window: queues what was asked for, runs it, reports, and says with
+/// which status the program should end. Main thread; needs a running event loop.
+class HeadlessRun : public QObject
+{
+    Q_OBJECT
+public:
+    HeadlessRun(PreferenceStore &preferences, NotificationCenter &notifications, const Request &request);
+
+    /// Queues the items and tells of those that give no clip. False when there is nothing to do.
+    bool queueItems();
+    void start();
+    /// Breaks off. Returns whether the run's thread has ended in time.
+    bool interrupt();
+
+Q_SIGNALS:
+    void ended(int exitStatus);
+
+private:
+    void scheduleRefresh();
+    void refresh();
+    void reportJobs();
+    void tellRefused(const QList<RefusedItem> &refused);
+
+    Request m_request;
+    BurnInEngine m_engine;
+    std::unique_ptr<Reporter> m_reporter;
+    QList<JobStatus> m_reportedStatuses; ///< one per job, as last told
+    qsizetype m_firstUnfinished = 0;     ///< all jobs before have been told to the end
+    bool m_refreshScheduled = false;
+    bool m_running = false;
+    bool m_itemFailed = false;
+};
+
+} // namespace marrowcut::cli

@@ -1,0 +1,94 @@
+#include "command_line.h"
+#include "exit_status.h"
+#include "headless_run.h"
+
+#include "media/ffmpeg_locator.h"
+#include "platform/desktop_notifications.h"
+#include "platform/preference_store.h"
+#include "platform/process_setup.h"
+#include "platform/resource_folder.h"
+#include "platform/termination_signals.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QTextStream>
+#include <QTimer>
+
+#include <cstdlib>
+
+using namespace marrowcut;
+using namespace marrowcut::cli;
+
+namespace
+{
+
+void complain(const QString &problem)
+{
+    QTextStream(stderr) << "marrowcut-cli: " << problem << '\n';
+}
+
+bool toolsAreThere()
+{
+    bool complete = true;
+    for (const QString &path : {FFmpegLocator::ffmpegPath(), FFmpegLocator::ffprobePath()}) {
+        const QFileInfo tool(path);
+        if (tool.isFile() && tool.isExecutable())
+            continue;
+        complain(QStringLiteral("%1 is missing: it was expected at %2").arg(tool.fileName(), path));
+        complete = false;
+    }
+    return complete;
+}
+
+/// Runs the request to its end; the desktop's answers, where they are wanted, included.
+int runRequest(const Request &request)
+{
+    const SettingsPreferenceStore remembered;
+    MemoryPreferenceStore preferences; // a choice made here is not remembered
+    QualityPreset::setSaved(preferences, QualityPreset::saved(remembered));
+    DesktopNotifications desktop(QStringLiteral("marrowcut"));
+    MemoryNotificationCenter silence(false);
+    NotificationCenter &notifications = request.notify ? static_cast<NotificationCenter &>(desktop) : silence;
+
+    TerminationSignals signalSource;
+    HeadlessRun run(preferences, notifications, request);
+    if (!run.queueItems())
+        return nothingToDo;
+    if (!toolsAreThere())
+        return toolMissing;
+
+    QObject::connect(&signalSource, &TerminationSignals::received, &run, [&run] {
+        if (!run.interrupt())
+            std::_Exit(wasInterrupted); // the system holds the run's thread; the child dies with us
+        QCoreApplication::exit(wasInterrupted);
+    });
+    QObject::connect(&run, &HeadlessRun::ended, &desktop, [&desktop](int status) {
+        const auto leave = [status] { QCoreApplication::exit(status); };
+        if (desktop.isIdle())
+            leave();
+        else
+            QObject::connect(&desktop, &DesktopNotifications::becameIdle, leave);
+    });
+    QTimer::singleShot(0, &run, &HeadlessRun::start);
+    return QCoreApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    setUpProcess();
+    const CommandLine commandLine = parseCommandLine(std::span(argv, static_cast<std::size_t>(argc)),
+                                                     readVersionKeys(resourceFolder()).text());
+    QTextStream(stdout) << commandLine.output;
+    if (!commandLine.error.isEmpty()) {
+        complain(commandLine.error);
+        QTextStream(stderr) << "Try 'marrowcut-cli --help'.\n";
+        return nothingToDo;
+    }
+    if (!commandLine.request)
+        return allDone;
+
+    const QCoreApplication application(argc, argv);
+    return runRequest(*commandLine.request);
+}
