@@ -1,0 +1,290 @@
+#include "media/chunked_encode.h"
+#include "media/probe.h"
+#include "media/single_pass_encode.h"
+#include "platform/interrupted.h"
+#include "support/stand_in_script.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QTest>
+
+using namespace marrowcut;
+using namespace marrowcut::media;
+
+namespace
+{
+
+struct Published {
+    double progress;
+    std::optional<double> eta;
+    bool operator==(const Published &) const = default;
+};
+
+} // namespace
+
+class TestEncoders : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+
+    void probeReadsItsSixAnswers();
+    void probeFallsBack();
+    void probeFailures();
+
+    void singlePassMovesIntoPlace();
+    void singlePassFailureLeavesNothing_data();
+    void singlePassFailureLeavesNothing();
+    void singlePassProgress();
+
+    void piecesAndJoin();
+    void pieceProgress();
+    void failedPieceStopsTheRun();
+    void failedJoinKeepsTheParts();
+    void pieceWithoutPicturesIsLeftOut_data();
+    void pieceWithoutPicturesIsLeftOut();
+    void joinInFolderWithAddressCharacters();
+    void interruptionTouchesNothing();
+
+private:
+    QString out(const QString &name) const { return m_outDir + QLatin1Char('/') + name; }
+
+    EncodeJob job(double duration) const
+    {
+        return {m_script->path(QStringLiteral("A.1.mxf")),
+                {QStringLiteral("01:00:00:00"), QStringLiteral("25/1"), 1, duration,
+                 QStringLiteral("unavailable")},
+                QUuid::createUuid(),
+                QualityPreset::standard,
+                true};
+    }
+
+    EncodeContext context()
+    {
+        const auto publish = [this](const QUuid &, double progress, std::optional<double> eta) {
+            m_published.append({progress, eta});
+        };
+        return {linuxValues(QStringLiteral("/f.ttf")), publish, m_stop.get_token()};
+    }
+
+    EncodeResult singlePass(const QByteArray &script, double duration = 60)
+    {
+        m_script->set(script);
+        return runSinglePass(job(duration), out(QStringLiteral("A.1_proxy.mp4")),
+                             out(QStringLiteral(".tmp_A.1_proxy.mp4")), context());
+    }
+
+    EncodeResult chunked(const QByteArray &script, double duration)
+    {
+        m_script->set(script);
+        return runChunked(job(duration), m_outDir, out(QStringLiteral("A.1_proxy.mp4")), 90, context());
+    }
+
+    QStringList outputs() const
+    {
+        return QDir(m_outDir).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
+    }
+
+    std::unique_ptr<StandInScript> m_script;
+    QString m_outDir;
+    QList<Published> m_published;
+    std::stop_source m_stop;
+};
+
+void TestEncoders::init()
+{
+    m_script = std::make_unique<StandInScript>();
+    m_outDir = m_script->path(QStringLiteral("out"));
+    QVERIFY(QDir().mkpath(m_outDir));
+    m_published.clear();
+    m_stop = std::stop_source();
+}
+
+void TestEncoders::probeReadsItsSixAnswers()
+{
+    m_script->set("note @/queries\n"
+                  "when format_tags=timecode\nout \\n 01:02:03;04 \\nsecond\\nexit 1\nend\n"
+                  "when v:0 stream=avg_frame_rate\nout 30000/1001\\n\nend\n"
+                  "when csv=p=0\nout 1\\n 2\\t\\n\\n3,x\\n\nend\n"
+                  "when format=duration\nout 12.345000\\n\nend\n"
+                  "when creation_time\nout 2023-11-30T08:00:00.123Z\\n\nend\n");
+    const auto meta = probe(QStringLiteral("/c.mov"));
+    QVERIFY(meta);
+    QCOMPARE(meta->tc, QStringLiteral("01:02:03;04"));
+    QCOMPARE(meta->rate, QStringLiteral("30000/1001"));
+    QCOMPARE(meta->audioCount, 3);
+    QCOMPARE(meta->duration, 12.345);
+    QCOMPARE(meta->fileDate, QStringLiteral("2023-11-30 08:00:00"));
+
+    const QList<QByteArray> queries = m_script->contents(QStringLiteral("queries")).split('\n');
+    QCOMPARE(queries.count("/c.mov"), 6);
+    QCOMPARE(queries.mid(1, 8), (QList<QByteArray>{"-v", "error", "-show_entries", "format_tags=timecode",
+                                                   "-of", "default=nw=1:nk=1", "/c.mov", ""}));
+    QCOMPARE(queries.mid(10, 9),
+             (QList<QByteArray>{"-v", "error", "-select_streams", "v:0", "-show_entries",
+                                "stream=avg_frame_rate", "-of", "default=nw=1:nk=1", "/c.mov"}));
+}
+
+void TestEncoders::probeFallsBack()
+{
+    m_script->set("note @/queries\nwhen stream=avg_frame_rate\nout 25/1\\n\nend\nwhen format=duration\nout "
+                  "N/A\\n\nend\n"
+                  "when modification_date\nout 2024-03-05T14:22:10Z\\n\nend\n");
+    const auto meta = probe(QStringLiteral("/c.mov"));
+    QVERIFY(meta);
+    QCOMPARE(meta->tc, QStringLiteral("00:00:00:00"));
+    QCOMPARE(meta->audioCount, 0);
+    QCOMPARE(meta->duration, 0.0);
+    QCOMPARE(meta->fileDate, QStringLiteral("2024-03-05 14:22:10Z"));
+    QCOMPARE(m_script->contents(QStringLiteral("queries")).count("/c.mov"), 5);
+}
+
+void TestEncoders::probeFailures()
+{
+    m_script->set(
+        "when a stream=index\nout 0\\n\nend\nwhen -show_format\nerr \\n moov atom not found \\n\nend\n");
+    QVERIFY(!probe(QStringLiteral("/c.mov")));
+    QCOMPARE(probeFailureDetail(QStringLiteral("/c.mov")), QStringLiteral("moov atom not found"));
+    m_script->set("");
+    QCOMPARE(probeFailureDetail(QStringLiteral("/c.mov")),
+             QStringLiteral("ffprobe could not find a valid video stream in this file."));
+}
+
+void TestEncoders::singlePassMovesIntoPlace()
+{
+    QFile old(out(QStringLiteral("A.1_proxy.mp4")));
+    QVERIFY(old.open(QIODevice::WriteOnly));
+    old.close();
+    const EncodeResult result = singlePass("err warned\\n\nwrite-output\n");
+    QVERIFY(result.success);
+    QCOMPARE(result.stderrTail, QStringLiteral("warned"));
+    QCOMPARE(outputs(), QStringList{QStringLiteral("A.1_proxy.mp4")});
+    QCOMPARE(m_script->contents(QStringLiteral("out/A.1_proxy.mp4")), "whole");
+}
+
+void TestEncoders::singlePassFailureLeavesNothing_data()
+{
+    QTest::addColumn<QByteArray>("script");
+    QTest::newRow("exit status") << QByteArray("write-output\nerr No space left on device\\n\nexit 1\n");
+    QTest::newRow("death by signal") << QByteArray(
+        "write-output\nerr No space left on device\\n\nsignal 9\n");
+    QTest::newRow("success without a file") << QByteArray("err No space left on device\\n\n");
+}
+
+void TestEncoders::singlePassFailureLeavesNothing()
+{
+    QFETCH(QByteArray, script);
+    const EncodeResult result = singlePass(script);
+    QVERIFY(!result.success);
+    QCOMPARE(result.stderrTail, QStringLiteral("No space left on device"));
+    QCOMPARE(outputs(), QStringList());
+}
+
+void TestEncoders::singlePassProgress()
+{
+    const QByteArray script =
+        "err frame=1 time=00:00:30.00 speed=3x\\rx\\rframe=1 time=00:01:05.00 speed=2x\\r\n"
+        "err frame=1 time=00:00:10.00 speed=N/A\\rframe=1 time=N/A speed=1x\\r\n";
+    singlePass(script);
+    QCOMPARE(m_published, (QList<Published>{{0.5, 10.0}, {1.0, 0.0}, {10.0 / 60, std::nullopt}}));
+    m_published.clear();
+    singlePass(script, 0);
+    QVERIFY(m_published.isEmpty());
+}
+
+void TestEncoders::piecesAndJoin()
+{
+    const EncodeResult result = chunked(
+        "note @/calls\nwhen concat\nnote @/join\nend\nwhen part_\nerr frame= 9 \\r\nend\nwrite-output\n",
+        200);
+    QVERIFY(result.success);
+    QCOMPARE(outputs(), QStringList{QStringLiteral("A.1_proxy.mp4")});
+
+    const QByteArray calls = m_script->contents(QStringLiteral("calls"));
+    QCOMPARE(calls.count("\n-ss\n"), 3);
+    QVERIFY(calls.contains("-ss\n180.0\n-i\n"));
+    QVERIFY(calls.contains("\n-t\n20.0\n"));
+    QVERIFY(calls.contains(m_outDir.toUtf8() + "/.chunks_A.1/part_0002.mp4\n"));
+    const QByteArray join = m_script->contents(QStringLiteral("join"));
+    QVERIFY(join.contains("-i\n" + m_outDir.toUtf8() +
+                          "/.chunks_A.1/concat.txt\n-c\ncopy\n-timecode\n01:00:00:00\n" + m_outDir.toUtf8() +
+                          "/.tmp_A.1_proxy.mp4\n"));
+}
+
+void TestEncoders::pieceProgress()
+{
+    chunked("when part_0001\nerr frame=9 time=00:00:45.00 speed=3x\\r\nend\nwrite-output\n", 200);
+    QCOMPARE(m_published, (QList<Published>{{0.5, 45.0}}));
+    QCOMPARE(pieceCount(90.5, 90), 2.0);
+    QCOMPARE(pieceCount(180, 90), 2.0);
+    QCOMPARE(pieceCount(180.01, 90), 3.0);
+}
+
+void TestEncoders::failedPieceStopsTheRun()
+{
+    const EncodeResult result =
+        chunked("note @/calls\nwrite-output\nwhen part_0002\nerr bad\\n\nexit 1\nend\nerr frame=9\\r\n", 450);
+    QVERIFY(!result.success);
+    QCOMPARE(result.stderrTail, QStringLiteral("frame=9\nframe=9\nbad"));
+    QCOMPARE(m_script->contents(QStringLiteral("calls")).count("-ss\n"), 3);
+    QCOMPARE(outputs(), QStringList{QStringLiteral(".chunks_A.1")});
+    QCOMPARE(QDir(out(QStringLiteral(".chunks_A.1"))).entryList(QDir::Files).size(), 3);
+
+    // The next run begins afresh and clears up.
+    QVERIFY(chunked("when part_\nerr frame=9\\r\nend\nwrite-output\n", 100).success);
+    QCOMPARE(outputs(), QStringList{QStringLiteral("A.1_proxy.mp4")});
+}
+
+void TestEncoders::failedJoinKeepsTheParts()
+{
+    const EncodeResult result =
+        chunked("write-output\nwhen concat\nerr one\\n\\ntwo\nexit 1\nend\nerr frame=9\\r\n", 100);
+    QVERIFY(!result.success);
+    QCOMPARE(result.stderrTail, QStringLiteral("frame=9\nframe=9\none\ntwo"));
+    QCOMPARE(outputs(), (QStringList{QStringLiteral(".chunks_A.1"), QStringLiteral(".tmp_A.1_proxy.mp4")}));
+    QCOMPARE(m_script->contents(QStringLiteral("out/.chunks_A.1/concat.txt")),
+             "file 'part_0000.mp4'\nfile 'part_0001.mp4'\n");
+}
+
+void TestEncoders::pieceWithoutPicturesIsLeftOut_data()
+{
+    QTest::addColumn<QByteArray>("script");
+    QTest::addColumn<QByteArray>("list");
+    QTest::newRow("by its statistics") << QByteArray("when part_0001\nerr frame=    1 x\\rframe=    0 "
+                                                     "fps=0.0\\n\nend\nwhen part_0000\nerr frame=9\\r\nend\n")
+                                       << QByteArray("file 'part_0000.mp4'\n");
+    QTest::newRow("by its streams, without statistics")
+        << QByteArray("when ffprobe part_0000\nout 0\\n\nend\n") << QByteArray("file 'part_0000.mp4'\n");
+    QTest::newRow("no piece has pictures") << QByteArray("when part_\nerr frame=    0\\n\nend\n")
+                                           << QByteArray("file 'part_0000.mp4'\nfile 'part_0001.mp4'\n");
+}
+
+void TestEncoders::pieceWithoutPicturesIsLeftOut()
+{
+    QFETCH(QByteArray, script);
+    QFETCH(QByteArray, list);
+    chunked(script + "when ffprobe\nexit 0\nend\nwrite-output\nwhen concat\nexit 1\nend\n", 90.02);
+    QCOMPARE(m_script->contents(QStringLiteral("out/.chunks_A.1/concat.txt")), list);
+}
+
+void TestEncoders::joinInFolderWithAddressCharacters()
+{
+    m_outDir = m_script->path(QStringLiteral("Shoot #3"));
+    QVERIFY(QDir().mkpath(m_outDir));
+    QVERIFY(chunked("when concat\nnote @/join\nend\nerr frame=9\\r\nwrite-output\n", 100).success);
+    QVERIFY(m_script->contents(QStringLiteral("join")).contains("-i\nconcat.txt\n-c\n"));
+}
+
+void TestEncoders::interruptionTouchesNothing()
+{
+    m_script->set("write-output\nerr frame=1 time=00:00:01.00 speed=1x\\r\nwait-for @/never\n");
+    EncodeContext stopping = context();
+    stopping.publish = [this](const QUuid &, double, std::optional<double>) { m_stop.request_stop(); };
+    QVERIFY_EXCEPTION_THROWN(
+        runSinglePass(job(60), out(QStringLiteral("f.mp4")), out(QStringLiteral(".tmp_f.mp4")), stopping),
+        Interrupted);
+    QCOMPARE(outputs(), QStringList{QStringLiteral(".tmp_f.mp4")});
+}
+
+QTEST_GUILESS_MAIN(TestEncoders)
+#include "tst_encoders.moc"

@@ -1,0 +1,175 @@
+#include "media/ffmpeg_locator.h"
+#include "media/process_runner.h"
+#include "platform/interrupted.h"
+#include "support/stand_in_script.h"
+
+#include <QFileInfo>
+#include <QTest>
+
+#include <csignal>
+#include <stop_token>
+
+using namespace marrowcut;
+
+namespace
+{
+
+bool processLives(qint64 pid)
+{
+    return pid > 0 && kill(static_cast<pid_t>(pid), 0) == 0;
+}
+
+} // namespace
+
+class TestProcessRunner : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void locatesToolsBesideTheProgram();
+    void capturesBothStreams();
+    void passesArgumentsAsTheyAre();
+    void statusOfExitAndSignal();
+    void survivesAFloodOnBothStreams();
+    void streamsLines_data();
+    void streamsLines();
+    void waitsForAChildThatClosedItsErrorOutput();
+    void launchFailures();
+    void stopKillsTheChild_data();
+    void stopKillsTheChild();
+
+private:
+    ProcessRunner::CapturedResult run(const QByteArray &script, const QStringList &arguments = {})
+    {
+        m_script.set(script);
+        return ProcessRunner::run(FFmpegLocator::ffmpegPath(), arguments);
+    }
+
+    StandInScript m_script;
+};
+
+void TestProcessRunner::locatesToolsBesideTheProgram()
+{
+    const QString folder = QCoreApplication::applicationDirPath() + QStringLiteral("/../share/marrowcut");
+    QCOMPARE(FFmpegLocator::ffmpegPath(), QFileInfo(folder).canonicalFilePath() + QStringLiteral("/ffmpeg"));
+    QCOMPARE(FFmpegLocator::ffprobePath(),
+             QFileInfo(folder).canonicalFilePath() + QStringLiteral("/ffprobe"));
+}
+
+void TestProcessRunner::capturesBothStreams()
+{
+    const auto result = run("out one\\n\nerr two\nexit 3\n");
+    QCOMPARE(result.stdout, QStringLiteral("one\n"));
+    QCOMPARE(result.stderr, QStringLiteral("two"));
+    QCOMPARE(result.status, 3);
+
+    const auto invalid = run("out \\xFF\nerr fine\n");
+    QCOMPARE(invalid.stdout, QString());
+    QCOMPARE(invalid.stderr, QStringLiteral("fine"));
+}
+
+void TestProcessRunner::passesArgumentsAsTheyAre()
+{
+    const QStringList arguments = {QStringLiteral("a b"), QString(), QStringLiteral("$HOME *"),
+                                   QStringLiteral("'\"\\"), QStringLiteral("é日")};
+    run("note @/arguments\n", arguments);
+    const QList<QByteArray> noted = m_script.contents(QStringLiteral("arguments")).split('\n');
+    QCOMPARE(noted.mid(1, arguments.size()).join('\n'), arguments.join(QLatin1Char('\n')).toUtf8());
+}
+
+void TestProcessRunner::statusOfExitAndSignal()
+{
+    QCOMPARE(run("exit 255\n").status, 255);
+    QCOMPARE(run("signal 11\n").status, 128 + SIGSEGV);
+    QCOMPARE(run("signal 9\n").status, 128 + SIGKILL);
+}
+
+void TestProcessRunner::survivesAFloodOnBothStreams()
+{
+    const auto result = run("flood 1048576\n");
+    QCOMPARE(result.stdout.size(), 1048576);
+    QCOMPARE(result.stderr.size(), 1048576);
+
+    int lines = 0;
+    m_script.set("flood 1048576\nendless 3000000\nerr \\nlast\\n\n");
+    QString last;
+    ProcessRunner::runStreaming(FFmpegLocator::ffmpegPath(), {}, [&](const QString &line) {
+        ++lines;
+        last = line;
+    });
+    QCOMPARE(lines, 1024 + 1);
+    QCOMPARE(last, QStringLiteral("last"));
+}
+
+void TestProcessRunner::streamsLines_data()
+{
+    QTest::addColumn<QByteArray>("script");
+    QTest::addColumn<QStringList>("lines");
+    const auto row = [](const char *name, const char *script, std::initializer_list<const char *> lines) {
+        QStringList texts;
+        for (const char *line : lines)
+            texts.append(QString::fromUtf8(line));
+        QTest::newRow(name) << QByteArray(script) << texts;
+    };
+    row("statistics line in two writes", "err frame=1 time=00:00\nerr :04.00\\r\n",
+        {"frame=1 time=00:00:04.00"});
+    row("carriage returns only", "err a\\rb\\r\n", {"a", "b"});
+    row("carriage return and line feed", "err a\\r\\nb\\n\n", {"a", "b"});
+    row("unterminated last fragment", "err a\\nrest\n", {"a"});
+    row("invalid UTF-8", "err \\xC3\\x28\\nb\\n\n", {"b"});
+    row("standard output does not count", "out a\\n\nerr b\\n\n", {"b"});
+    row("nothing", "", {});
+}
+
+void TestProcessRunner::streamsLines()
+{
+    QFETCH(QByteArray, script);
+    QFETCH(QStringList, lines);
+    m_script.set(script + "exit 7\n");
+    QStringList delivered;
+    const qint32 status = ProcessRunner::runStreaming(FFmpegLocator::ffmpegPath(), {},
+                                                      [&](const QString &line) { delivered.append(line); });
+    QCOMPARE(delivered, lines);
+    QCOMPARE(status, 7);
+}
+
+void TestProcessRunner::waitsForAChildThatClosedItsErrorOutput()
+{
+    m_script.set("err a\\n\nclose-err\nout x\nwait-for @/go\nexit 5\n");
+    const auto onLine = [this](const QString &) { m_script.touch(QStringLiteral("go")); };
+    QCOMPARE(ProcessRunner::runStreaming(FFmpegLocator::ffmpegPath(), {}, onLine), 5);
+}
+
+void TestProcessRunner::launchFailures()
+{
+    const auto never = [](const QString &) { QFAIL("a line without a child"); };
+    for (const QString &path : {m_script.path(QStringLiteral("missing")), m_script.folder()}) {
+        QVERIFY_EXCEPTION_THROWN(ProcessRunner::run(path, {}), ProcessRunner::LaunchError);
+        QVERIFY_EXCEPTION_THROWN(ProcessRunner::runStreaming(path, {}, never), ProcessRunner::LaunchError);
+    }
+}
+
+void TestProcessRunner::stopKillsTheChild_data()
+{
+    QTest::addColumn<QByteArray>("script");
+    QTest::newRow("at work") << QByteArray("pid @/pid\nerr up\\n\nwait-for @/never\n");
+    QTest::newRow("ignoring SIGTERM") << QByteArray("ignore-term\npid @/pid\nerr up\\n\nwait-for @/never\n");
+}
+
+void TestProcessRunner::stopKillsTheChild()
+{
+    QFETCH(QByteArray, script);
+    m_script.set(script);
+    std::stop_source source;
+    const auto stopAtFirstLine = [&](const QString &) { source.request_stop(); };
+    QVERIFY_EXCEPTION_THROWN(ProcessRunner::runStreaming(FFmpegLocator::ffmpegPath(), {}, stopAtFirstLine,
+                                                         {.stop = source.get_token()}),
+                             Interrupted);
+    QVERIFY(!processLives(m_script.contents(QStringLiteral("pid")).toLongLong()));
+    // A stop that came before is heard before anything is started.
+    QVERIFY_EXCEPTION_THROWN(
+        ProcessRunner::run(m_script.path(QStringLiteral("missing")), {}, {.stop = source.get_token()}),
+        Interrupted);
+}
+
+QTEST_GUILESS_MAIN(TestProcessRunner)
+#include "tst_process_runner.moc"
