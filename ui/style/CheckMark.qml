@@ -1,0 +1,39 @@
+import QtQuick
+import QtQuick.Templates as T
+
+// A checkbox without a label. It shows the checked that is bound to it: a click only emits toggled. Needs an
+// Accessible.name.
+T.CheckBox {
+    id: control
+
+    implicitWidth: 14
+    implicitHeight: 14
+    nextCheckState: () => checkState
+    onClicked: toggled()
+
+    indicator: Rectangle {
+        x: (control.width - width) / 2
+        y: (control.height - height) / 2
+        width: 14
+        height: 14
+        radius: 3.5
+        color: control.checked ? Theme.accentFill : Theme.controlFill
+        border.width: control.checked ? 0 : 1
+        border.color: control.hovered ? Theme.primary : Theme.tertiary
+        opacity: control.down ? 0.7 : 1
+
+        Symbol {
+            anchors.centerIn: parent
+            visible: control.checked
+            name: "checkmark"
+            size: 12
+            color: Theme.accentText
+        }
+
+        FocusRing {
+            visible: control.visualFocus
+            innerRadius: 3.5
+            distance: 2.5
+        }
+    }
+}

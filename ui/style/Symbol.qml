@@ -1,0 +1,21 @@
+import QtQuick
+import QtQuick.Controls.impl
+
+// One of the application's symbols in one colour. Decoration: whoever shows it carries the accessible name.
+Item {
+    id: root
+
+    required property string name
+    property real size: 16
+    property color color: Theme.secondary
+
+    implicitWidth: size
+    implicitHeight: size
+
+    IconImage {
+        anchors.fill: parent
+        source: Qt.resolvedUrl("icons/symbols/" + root.name + ".svg")
+        sourceSize: Qt.size(root.size, root.size)
+        color: root.color
+    }
+}

@@ -1,0 +1,39 @@
+pragma Singleton
+
+import QtQuick
+import Marrowcut.Style
+
+// The roles that views draw with. Every role meant for text keeps 4.5:1 on window, base and controlFill, and
+// accentText keeps it on accentFill.
+QtObject {
+    readonly property bool dark: DesktopColorScheme.dark
+
+    // text and symbols
+    readonly property color primary: dark ? "#f2f2f4" : "#1d1d20"
+    readonly property color secondary: dark ? "#b0b0b9" : "#5a5b63"
+    readonly property color tertiary: dark ? "#9c9ca6" : "#686972"
+    readonly property color success: dark ? "#4cc47a" : "#1b7a37"
+    readonly property color failure: dark ? "#ff8078" : "#c0261c"
+    readonly property color accent: dark ? "#6db0ff" : "#0a5dcc" // also lines and bars
+
+    // grounds
+    readonly property color window: dark ? "#202023" : "#f5f5f7"
+    readonly property color base: dark ? "#18181a" : "#ffffff"
+    readonly property color accentFill: dark ? "#2367cf" : "#0a5dcc"
+    readonly property color accentText: "#ffffff"
+
+    // lines and controls
+    readonly property color separator: dark ? "#3a3a3f" : "#dadade"
+    readonly property color controlFill: dark ? "#333338" : "#ffffff"
+    readonly property color controlBorder: dark ? "#505058" : "#c2c2ca"
+    readonly property color controlHover: dark ? "#3e3e44" : "#f0f0f3"
+    readonly property color controlPressed: dark ? "#2a2a2e" : "#e4e4e9"
+    readonly property color track: dark ? "#3a3a40" : "#dedee3"
+    readonly property color segmentFill: dark ? "#5c5c64" : "#ffffff"
+
+    // sizes of text, in logical pixels
+    readonly property int bodySize: 13
+    readonly property int headlineSize: 13 // bold
+    readonly property int subheadlineSize: 11
+    readonly property string monospaced: "DejaVu Sans Mono"
+}

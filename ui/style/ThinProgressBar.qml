@@ -1,0 +1,27 @@
+import QtQuick
+import QtQuick.Templates as T
+
+// From 0 to 1. The percentage stands in the accessible description, since the accessibility tree has no value of it.
+T.ProgressBar {
+    id: control
+
+    property color tint: Theme.accent
+
+    implicitWidth: 100
+    implicitHeight: 4
+    Accessible.description: Math.round(position * 100) + " percent"
+
+    background: Rectangle {
+        radius: height / 2
+        color: Theme.track
+    }
+
+    contentItem: Item {
+        Rectangle {
+            width: control.position > 0 ? Math.max(parent.height, control.position * parent.width) : 0
+            height: parent.height
+            radius: height / 2
+            color: control.tint
+        }
+    }
+}
