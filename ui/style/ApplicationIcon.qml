@@ -6,6 +6,7 @@ Image {
 
     width: size
     height: size
-    sourceSize: Qt.size(size, size)
+    sourceSize.width: size
+    sourceSize.height: size
     source: Qt.resolvedUrl("icons/marrowcut.svg")
 }

@@ -20,33 +20,15 @@ T.Button {
     font.pixelSize: Theme.bodySize
     opacity: down ? 0.6 : enabled ? 1 : 0.4
 
-    contentItem: Item {
-        implicitWidth: row.implicitWidth
-        implicitHeight: row.implicitHeight
-
-        Row {
-            id: row
-
-            x: control.alignment & Qt.AlignLeft ? 0 : (parent.width - width) / 2
-            anchors.verticalCenter: parent.verticalCenter
-            spacing: control.spacing
-
-            Text {
-                anchors.verticalCenter: parent.verticalCenter
-                visible: text.length > 0
-                text: control.text
-                font: control.font
-                color: control.shownColor
-            }
-
-            Symbol {
-                anchors.verticalCenter: parent.verticalCenter
-                visible: name.length > 0
-                name: control.symbol
-                size: control.symbolSize
-                color: control.symbolColor
-            }
-        }
+    contentItem: TextWithSymbol {
+        text: control.text
+        symbol: control.symbol
+        symbolSize: control.symbolSize
+        textColor: control.shownColor
+        symbolColor: control.symbolColor
+        font: control.font
+        alignment: control.alignment
+        spacing: control.spacing
     }
 
     background: Item {

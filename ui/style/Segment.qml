@@ -5,7 +5,7 @@ import QtQuick.Templates as T
 T.RadioButton {
     id: control
 
-    signal stepped(int step)
+    signal stepped(int offset)
 
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: implicitContentHeight + topPadding + bottomPadding

@@ -1,49 +1,55 @@
 import QtQuick
-import QtQuick.Templates as T
 
 // A choice of one among a few. It shows currentIndex and never sets it: activated tells what the user chose.
-T.Control {
-    id: control
+Item {
+    id: root
 
     required property list<string> model
     required property int currentIndex
+    property int pixelSize: Theme.bodySize - 1
 
     signal activated(int index)
 
-    function choose(index: int) {
+    function step(index: int) {
         if (index < 0 || index >= model.length)
             return;
         activated(index);
         segments.itemAt(index).forceActiveFocus(Qt.TabFocusReason);
     }
 
-    implicitWidth: implicitContentWidth + leftPadding + rightPadding
-    implicitHeight: implicitContentHeight + topPadding + bottomPadding
-    padding: 2
-    font.pixelSize: Theme.bodySize - 1
+    implicitWidth: 240
+    implicitHeight: row.implicitHeight + 4
 
-    contentItem: Row {
+    Rectangle {
+        anchors.fill: parent
+        radius: 7
+        color: Theme.track
+    }
+
+    Row {
+        id: row
+
+        x: 2
+        y: 2
+
         Repeater {
             id: segments
 
-            model: control.model
+            model: root.model
 
+            // qmllint disable unqualified
             Segment {
                 required property int index
                 required property string modelData
 
-                width: control.availableWidth / control.model.length
+                width: (root.width - 4) / root.model.length
                 text: modelData
-                font: control.font
-                checked: index === control.currentIndex
-                onClicked: control.activated(index)
-                onStepped: step => control.choose(index + step)
+                font.pixelSize: root.pixelSize
+                checked: index === root.currentIndex
+                onClicked: root.activated(index)
+                onStepped: offset => root.step(index + offset)
             }
+            // qmllint enable unqualified
         }
-    }
-
-    background: Rectangle {
-        radius: 7
-        color: Theme.track
     }
 }

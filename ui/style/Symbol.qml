@@ -14,8 +14,9 @@ Item {
 
     IconImage {
         anchors.fill: parent
-        source: Qt.resolvedUrl("icons/symbols/" + root.name + ".svg")
-        sourceSize: Qt.size(root.size, root.size)
+        source: root.name ? Qt.resolvedUrl("icons/symbols/" + root.name + ".svg") : ""
+        sourceSize.width: root.size
+        sourceSize.height: root.size
         color: root.color
     }
 }
