@@ -1,0 +1,265 @@
+// Runs of the queue over stand-in tools: every outcome, and what is left on disk.
+
+#include "engine/burn_in_engine.h"
+#include "platform/notification_center.h"
+#include "platform/preference_store.h"
+#include "support/stand_in_script.h"
+
+#include <QDir>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <csignal>
+
+using namespace marrowcut;
+
+namespace
+{
+
+/// A probe's answers for a clip of the given duration; the encoder's part of the script follows.
+QByteArray clipOf(const QByteArray &duration)
+{
+    return "when ffprobe stream=avg_frame_rate\nout 25/1\\n\nend\nwhen ffprobe format=duration\nout " +
+           duration + "\\n\nend\nwhen ffprobe\nexit 0\nend\n";
+}
+
+} // namespace
+
+class TestRun : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+
+    void clipsBecomeProxies();
+    void existingProxyIsSkipped();
+    void unreadableClipFails();
+    void failedEncodeKeepsItsProgress();
+    void encoderIsChosenByDuration_data();
+    void encoderIsChosenByDuration();
+    void missingToolFailsEveryJob();
+    void queueEditsDuringARun();
+    void outputFolderThatCannotBeMade();
+    void notificationCountsTheWholeList();
+    void interruptionLeavesFilesAndNoChild();
+
+private:
+    QUuid addClip(const QString &name)
+    {
+        m_script->touch(name);
+        m_engine->enqueue({QUrl::fromLocalFile(m_script->path(name))});
+        return m_engine->jobs().last().id;
+    }
+
+    const ProxyJob &job(const QUuid &id) const
+    {
+        return *std::find_if(m_engine->jobs().begin(), m_engine->jobs().end(),
+                             [&id](const ProxyJob &candidate) { return candidate.id == id; });
+    }
+
+    void run(const QByteArray &script)
+    {
+        m_script->set(script);
+        m_engine->start();
+        QVERIFY(m_engine->isRunning());
+        QTRY_VERIFY_WITH_TIMEOUT(!m_engine->isRunning(), 60000);
+    }
+
+    QList<QByteArray> manifest() const
+    {
+        return m_script->contents(QStringLiteral("marrowcut_proxies/manifest.csv")).split('\n');
+    }
+
+    QStringList proxies() const
+    {
+        return QDir(m_script->path(QStringLiteral("marrowcut_proxies")))
+            .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
+    }
+
+    std::unique_ptr<StandInScript> m_script;
+    MemoryPreferenceStore m_preferences;
+    std::unique_ptr<MemoryNotificationCenter> m_notifications;
+    std::unique_ptr<BurnInEngine> m_engine;
+};
+
+void TestRun::init()
+{
+    m_engine.reset();
+    m_script = std::make_unique<StandInScript>();
+    m_notifications = std::make_unique<MemoryNotificationCenter>(true);
+    m_engine = std::make_unique<BurnInEngine>(m_preferences, *m_notifications);
+}
+
+void TestRun::clipsBecomeProxies()
+{
+    const QUuid first = addClip(QStringLiteral("a.mov"));
+    const QUuid unticked = addClip(QStringLiteral("b.mov"));
+    const QUuid third = addClip(QStringLiteral("c.mxf"));
+    m_engine->toggleSelected(unticked);
+
+    QStringList labels; // of the first job, as an observer of each edit would see them
+    connect(m_engine.get(), &BurnInEngine::willChange, this, [&] {
+        if (const QString label = job(first).status.label(); !(!labels.isEmpty() && labels.last() == label))
+            labels.append(label);
+    });
+    run(clipOf("93.44") + "when part_\nerr frame=9\\r\nend\nwrite-output\n");
+
+    QCOMPARE(labels, (QStringList{QStringLiteral("Queued"), QStringLiteral("Reading metadata…"),
+                                  QStringLiteral("Encoding…"), QStringLiteral("Done")}));
+    QCOMPARE(job(first).progress, 1.0);
+    QVERIFY(job(unticked).status.isQueued());
+    QVERIFY(job(third).status.isSuccessful());
+    QCOMPARE(proxies(), (QStringList{QStringLiteral("a_proxy.mp4"), QStringLiteral("c_proxy.mp4"),
+                                     QStringLiteral("manifest.csv")}));
+    QCOMPARE(manifest().size(), 4); // header, two lines, and nothing after the last line feed
+    QVERIFY(manifest()[1].startsWith("a.mov,a_proxy.mp4,00:00:00:00,25/1,93.44,0,unavailable,done,2"));
+    QVERIFY(manifest()[2].startsWith("c.mxf,c_proxy.mp4,"));
+
+    m_engine->toggleSelected(unticked);
+    run(clipOf("5") + "write-output\n");
+    QCOMPARE(manifest().size(), 5); // appended, no second header
+}
+
+void TestRun::existingProxyIsSkipped()
+{
+    const QUuid id = addClip(QStringLiteral("a.mov"));
+    QVERIFY(QDir().mkpath(m_script->path(QStringLiteral("marrowcut_proxies"))));
+    m_script->touch(QStringLiteral("marrowcut_proxies/a_proxy.mp4"));
+    run("exit 1\n");
+    QCOMPARE(job(id).status, JobStatus::skipped());
+    QCOMPARE(job(id).progress, 1.0);
+    QCOMPARE(proxies(), QStringList{QStringLiteral("a_proxy.mp4")});
+}
+
+void TestRun::unreadableClipFails()
+{
+    const QUuid id = addClip(QStringLiteral("a.mov"));
+    run("when -show_format\nerr moov atom not found\\n\nend\n");
+    QCOMPARE(job(id).status, JobStatus::failed(QStringLiteral("could not read metadata")));
+    QCOMPARE(job(id).errorDetail, QStringLiteral("moov atom not found"));
+    QVERIFY(manifest()[1].startsWith("a.mov,a_proxy.mp4,,,,,,failed: metadata,2"));
+}
+
+void TestRun::failedEncodeKeepsItsProgress()
+{
+    const QUuid id = addClip(QStringLiteral("a.mov"));
+    const QUuid next = addClip(QStringLiteral("b.mov"));
+    run(clipOf("60") +
+        "when a.mov\nerr frame=1 time=00:00:30.00 speed=3x\\rno space\\n\nexit 1\nend\nwrite-output\n");
+    QCOMPARE(job(id).status, JobStatus::failed(QStringLiteral("encode error")));
+    QCOMPARE(job(id).progress, 0.5);
+    QVERIFY(!job(id).etaSeconds);
+    QVERIFY(job(id).errorDetail->endsWith(QStringLiteral("no space")));
+    QVERIFY(manifest()[1].contains(",failed: encode error,"));
+    QCOMPARE(job(next).status, JobStatus::done()); // a failure never stops the run
+
+    m_engine->retry(id);
+    QVERIFY(job(id).status.isQueued() && job(id).progress == 0.0 && !job(id).errorDetail);
+    run(clipOf("60") + "write-output\n");
+    QCOMPARE(job(id).status, JobStatus::done());
+    m_engine->clearCompleted();
+    QVERIFY(m_engine->jobs().isEmpty());
+}
+
+void TestRun::encoderIsChosenByDuration_data()
+{
+    QTest::addColumn<QByteArray>("duration");
+    QTest::addColumn<int>("pieces");
+    QTest::newRow("exactly the length of a piece") << QByteArray("90.0") << 0;
+    QTest::newRow("a little more") << QByteArray("90.01") << 2;
+    QTest::newRow("unknown") << QByteArray("N/A") << 0;
+}
+
+void TestRun::encoderIsChosenByDuration()
+{
+    QFETCH(QByteArray, duration);
+    QFETCH(int, pieces);
+    const QUuid id = addClip(QStringLiteral("a.mov"));
+    run(clipOf(duration) + "note @/calls\nwhen part_\nerr frame=9\\r\nend\nwrite-output\n");
+    QCOMPARE(job(id).status, JobStatus::done());
+    QCOMPARE(m_script->contents(QStringLiteral("calls")).count("-ss\n"), pieces);
+}
+
+void TestRun::missingToolFailsEveryJob()
+{
+    // The links are the tools; without them nothing can be started.
+    const QDir tools(QCoreApplication::applicationDirPath() + QStringLiteral("/../share/marrowcut"));
+    const auto rename = [&tools](const char *from, const char *to) {
+        return QFile::rename(tools.filePath(QLatin1String(from)), tools.filePath(QLatin1String(to)));
+    };
+    const QUuid id = addClip(QStringLiteral("a.mov"));
+    QVERIFY(rename("ffmpeg", "away"));
+    run(clipOf("60"));
+    QVERIFY(rename("away", "ffmpeg"));
+    QCOMPARE(job(id).status, JobStatus::failed(QStringLiteral("encode error")));
+    QCOMPARE(job(id).errorDetail, QString());
+
+    m_engine->retry(id);
+    QVERIFY(rename("ffprobe", "away"));
+    run(clipOf("60"));
+    QVERIFY(rename("away", "ffprobe"));
+    QCOMPARE(job(id).errorDetail,
+             QStringLiteral("ffprobe could not find a valid video stream in this file."));
+}
+
+void TestRun::queueEditsDuringARun()
+{
+    const QUuid first = addClip(QStringLiteral("a.mov"));
+    const QUuid removed = addClip(QStringLiteral("b.mov"));
+    const QUuid unticked = addClip(QStringLiteral("c.mov"));
+    m_script->set(clipOf("60") + "when a.mov\nwait-for @/go\nend\nwrite-output\n");
+    m_engine->start();
+    m_engine->start(); // a run is going on: nothing
+    QTRY_VERIFY(job(first).status.isEncoding());
+    m_engine->removeFromQueue(first); // not queued any more: stays
+    m_engine->removeFromQueue(removed);
+    m_engine->toggleSelected(unticked);
+    const QUuid added = addClip(QStringLiteral("d.mov"));
+    m_script->touch(QStringLiteral("go"));
+    QTRY_VERIFY_WITH_TIMEOUT(!m_engine->isRunning(), 60000);
+
+    QVERIFY(job(first).status.isSuccessful());
+    QVERIFY(job(unticked).status.isSuccessful()); // chosen when the run began
+    QVERIFY(job(added).status.isQueued());
+    QVERIFY(!proxies().contains(QStringLiteral("b_proxy.mp4")));
+}
+
+void TestRun::outputFolderThatCannotBeMade()
+{
+    const QUuid id = addClip(QStringLiteral("a.mov"));
+    m_script->touch(QStringLiteral("marrowcut_proxies")); // a file in its place
+    run(clipOf("60") + "err cannot open\\n\nexit 1\n");
+    QCOMPARE(job(id).status, JobStatus::failed(QStringLiteral("encode error")));
+    QCOMPARE(job(id).errorDetail, QStringLiteral("cannot open"));
+}
+
+void TestRun::notificationCountsTheWholeList()
+{
+    addClip(QStringLiteral("a.mov"));
+    run(clipOf("60") + "exit 1\n");
+    addClip(QStringLiteral("b.mov"));
+    run(clipOf("60") + "write-output\n");
+    QCOMPARE(m_notifications->requests().size(), 2);
+    QCOMPARE(m_notifications->requests().last().title, QStringLiteral("Marrowcut"));
+    QCOMPARE(m_notifications->requests().last().body, QStringLiteral("1 done, 1 failed."));
+    QCOMPARE(m_notifications->requests().last().identifier.size(), 36);
+}
+
+void TestRun::interruptionLeavesFilesAndNoChild()
+{
+    const QUuid id = addClip(QStringLiteral("a.mov"));
+    m_script->set(clipOf("60") + "ignore-term\nwrite-output\npid @/pid\nwait-for @/never\n");
+    m_engine->start();
+    QTRY_VERIFY(!m_script->contents(QStringLiteral("pid")).isEmpty());
+    QVERIFY(m_engine->interrupt(std::chrono::seconds(60)));
+
+    const int pid = m_script->contents(QStringLiteral("pid")).toInt();
+    QVERIFY(pid > 0 && kill(pid, 0) != 0);
+    QCoreApplication::processEvents();
+    QCOMPARE(job(id).status, JobStatus::encoding()); // no edit comes any more
+    QCOMPARE(proxies(), QStringList{QStringLiteral(".tmp_a_proxy.mp4")});
+    QVERIFY(m_notifications->requests().isEmpty());
+}
+
+QTEST_GUILESS_MAIN(TestRun)
+#include "tst_run.moc"

@@ -1,0 +1,147 @@
+#include "platform/desktop_notifications.h"
+#include "platform/interrupted.h"
+#include "platform/main_thread_queue.h"
+#include "platform/monospaced_font.h"
+#include "platform/preference_store.h"
+#include "platform/resource_folder.h"
+#include "platform/termination_signals.h"
+#include "platform/utf8.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSettings>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QThread>
+
+#include <csignal>
+#include <latch>
+#include <thread>
+
+using namespace marrowcut;
+
+class TestPlatform : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void mainThreadWorkKeepsItsOrder();
+    void closingReleasesAWaitingThread();
+    void preferencesOutliveTheStore();
+    void versionKeys();
+    void fontIsThere();
+    void utf8IsStrict();
+    void terminationSignals();
+    void notificationsWithoutABus();
+};
+
+void TestPlatform::mainThreadWorkKeepsItsOrder()
+{
+    MainThreadQueue queue;
+    QList<int> order;
+    bool onMain = true;
+    std::jthread worker([&] {
+        const auto note = [&](int number) {
+            onMain = onMain && QThread::currentThread() == thread();
+            order.append(number);
+        };
+        queue.post([&] { note(1); });
+        queue.performAndWait([&] { note(2); });
+        queue.post([&] { note(3); });
+        queue.performAndWait([&] { note(4); });
+    });
+    QTRY_COMPARE(order.size(), 4);
+    QCOMPARE(order, (QList<int>{1, 2, 3, 4}));
+    QVERIFY(onMain);
+}
+
+void TestPlatform::closingReleasesAWaitingThread()
+{
+    MainThreadQueue queue;
+    std::latch begun(1);
+    bool workDone = false;
+    bool interrupted = false;
+    std::thread worker([&] {
+        begun.count_down();
+        try {
+            queue.performAndWait([&] { workDone = true; });
+        } catch (const Interrupted &) {
+            interrupted = true;
+        }
+    });
+    begun.wait();
+    queue.close(); // no event loop ran: the worker waits, or is about to
+    worker.join();
+    QCoreApplication::processEvents();
+    QVERIFY(interrupted);
+    QVERIFY(!workDone);
+}
+
+void TestPlatform::preferencesOutliveTheStore()
+{
+    const QTemporaryDir folder;
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder.path());
+    const QString key = QStringLiteral("qualityPreset");
+    QVERIFY(!SettingsPreferenceStore().value(key));
+    SettingsPreferenceStore().setValue(key, QStringLiteral("tiny"));
+    QCOMPARE(SettingsPreferenceStore().value(key), QStringLiteral("tiny"));
+
+    QFile file(folder.filePath(QStringLiteral("marrowcut/marrowcut.ini")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("\xFF\x00garbage[[[=\nqualityPreset=@Invalid()\n", 40);
+    file.close();
+    QVERIFY(!SettingsPreferenceStore().value(key));
+}
+
+void TestPlatform::versionKeys()
+{
+    const QTemporaryDir folder;
+    QCOMPARE(readVersionKeys(folder.path()).text(), QStringLiteral("1.0 (1)"));
+    QFile file(folder.filePath(QStringLiteral("version.ini")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("[General]\nCFBundleShortVersionString=2.3\nCFBundleVersion=\"41\"\n");
+    file.close();
+    QCOMPARE(readVersionKeys(folder.path()).text(), QStringLiteral("2.3 (41)"));
+    QVERIFY(QFileInfo::exists(resourceFolder() + QStringLiteral("/version.ini")));
+}
+
+void TestPlatform::fontIsThere()
+{
+    QCOMPARE(QFileInfo(monospacedFontFile()).fileName(), QStringLiteral("DejaVuSansMono.ttf"));
+    QVERIFY(QFileInfo(monospacedFontFile()).isReadable());
+}
+
+void TestPlatform::utf8IsStrict()
+{
+    QCOMPARE(decodeUtf8("é"), QStringLiteral("é"));
+    QCOMPARE(decodeUtf8("\xEF\xBB\xBFx").value().toUtf8(), QByteArray("\xEF\xBB\xBFx"));
+    for (const char *invalid : {"\xFF", "a\xC3", "\xED\xA0\x80", "\xC0\xAF"})
+        QVERIFY(!decodeUtf8(invalid));
+}
+
+void TestPlatform::terminationSignals()
+{
+    TerminationSignals signalSource;
+    QSignalSpy received(&signalSource, &TerminationSignals::received);
+    for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
+        std::raise(number);
+        QVERIFY(received.wait());
+        QCOMPARE(received.takeFirst().first().toInt(), number);
+    }
+}
+
+void TestPlatform::notificationsWithoutABus()
+{
+    qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent");
+    DesktopNotifications notifications(QStringLiteral("marrowcut"));
+    QSignalSpy idle(&notifications, &DesktopNotifications::becameIdle);
+    std::optional<bool> answer;
+    notifications.requestAuthorization([&](bool granted) { answer = granted; });
+    QVERIFY(!answer); // later, from the event loop
+    QVERIFY(!notifications.isIdle());
+    QVERIFY(idle.wait());
+    QCOMPARE(answer, false);
+}
+
+QTEST_GUILESS_MAIN(TestPlatform)
+#include "tst_platform.moc"
