@@ -12,7 +12,7 @@
 //   wait-for FILE    until that file exists
 //   note FILE        appends the command line to that file, one argument per line, then an empty line
 //   pid FILE         writes its process number to that file
-//   stdin            copies standard input to standard output
+//   stdin            copies standard input to standard error
 //   ignore-term
 //   signal N         dies by that signal
 //   exit N
@@ -113,7 +113,7 @@ const std::map<std::string, std::function<void(const std::string &)>> operations
     {"wait-for", waitFor},
     {"note", note},
     {"pid", [](const std::string &file) { std::ofstream(file) << getpid(); }},
-    {"stdin", [](const std::string &) { std::cout << std::cin.rdbuf() << std::flush; }},
+    {"stdin", [](const std::string &) { std::cerr << std::cin.rdbuf() << std::flush; }},
     {"ignore-term", [](const std::string &) { std::signal(SIGTERM, SIG_IGN); }},
     {"signal", [](const std::string &number) { std::raise(std::stoi(number)); }},
     {"exit", [](const std::string &status) { std::_Exit(std::stoi(status)); }},

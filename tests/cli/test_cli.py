@@ -1,0 +1,230 @@
+"""marrowcut-cli as a user meets it: real clips, a real terminal, signals, exit statuses."""
+
+import os
+import pty
+import re
+import shutil
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+from pathlib import Path
+
+PROGRAM, STAND_IN = sys.argv[1:3]
+del sys.argv[1:]
+
+
+def make_clip(path, seconds=1, extra=()):
+    subprocess.run(["ffmpeg", "-nostdin", "-y", "-v", "error", "-f", "lavfi", "-i",
+                    f"color=gray:s=320x180:r=25:d={seconds}", "-c:v", "mpeg4", *extra, os.fspath(path)], check=True)
+
+
+def exists(pid):
+    try:
+        os.kill(pid, 0)
+    except ProcessLookupError:
+        return False
+    return True
+
+
+def wait_until(condition, seconds=60):
+    end = time.monotonic() + seconds
+    while not condition():
+        if time.monotonic() > end:
+            raise AssertionError("waited in vain")
+        time.sleep(0.005)
+
+
+class CliTest(unittest.TestCase):
+    def setUp(self):
+        self.folder = Path(tempfile.mkdtemp())
+        self.addCleanup(shutil.rmtree, self.folder)
+        self.environment = dict(os.environ, XDG_CONFIG_HOME=os.fspath(self.folder / "config"), LC_ALL="C.UTF-8")
+        self.proxies = self.folder / "marrowcut_proxies"
+
+    def run_cli(self, *arguments, **keywords):
+        keywords.setdefault("env", self.environment)
+        return subprocess.run([PROGRAM, *map(os.fspath, arguments)], capture_output=True, cwd=self.folder, **keywords)
+
+    def with_stand_ins(self, script, tools=("ffmpeg", "ffprobe")):
+        """A copy of the program whose tools follow a script."""
+        installed = self.folder / "installed"
+        (installed / "bin").mkdir(parents=True)
+        (installed / "share/marrowcut").mkdir(parents=True)
+        shutil.copy(PROGRAM, installed / "bin")
+        for tool in tools:
+            (installed / "share/marrowcut" / tool).symlink_to(STAND_IN)
+        (self.folder / "script").write_text(script)
+        self.environment["MARROWCUT_STAND_IN_SCRIPT"] = os.fspath(self.folder / "script")
+        return installed / "bin/marrowcut-cli"
+
+    def hanging_encoder(self):
+        (self.folder / "a.mov").touch()
+        return self.with_stand_ins("when avg_frame_rate\nout 25/1\\n\nend\nwhen ffprobe\nexit 0\nend\n"
+                                   "ignore-term\nwrite-output\nerr frame=1 time=00:00:01.00 speed=1x\\r\n"
+                                   f"pid {self.folder}/pid.part\nwhen ffmpeg\nend\nwait-for {self.folder}/never\n")
+
+    def encoder_pid(self):
+        file = self.folder / "pid.part"
+        wait_until(lambda: file.exists() and file.read_text())
+        return int(file.read_text())
+
+    # What it does
+
+    def test_makes_proxies_and_says_where(self):
+        make_clip(self.folder / "a.mov")
+        make_clip(self.folder / "it's 100%.mp4")
+        (self.folder / "broken.mxf").write_text("nothing")
+        result = self.run_cli(".", "--quality", "tiny")
+        lines = result.stdout.decode().splitlines()
+        self.assertEqual(result.returncode, 1, result.stderr)
+        a = [line for line in lines if line.startswith("a.mov")]
+        self.assertEqual(a, ["a.mov: Reading metadata…", "a.mov: Encoding…", "a.mov: Done",
+                             f"a.mov → {self.proxies}/a_proxy.mp4"])
+        failed = lines.index("broken.mxf: Failed: could not read metadata")
+        self.assertRegex(lines[failed + 1], r"^    .*broken\.mxf|^    \[mxf")
+        self.assertEqual(lines[-1], "2 of 3 done, 1 failed")
+        self.assertTrue((self.proxies / "it's 100%_proxy.mp4").stat().st_size > 0)
+        self.assertEqual(len((self.proxies / "manifest.csv").read_text().splitlines()), 4)
+
+        again = self.run_cli("a.mov")
+        self.assertEqual(again.returncode, 0)
+        self.assertIn("a.mov: Already done", again.stdout.decode())
+
+    def test_remembered_quality_is_read_and_never_changed(self):
+        make_clip(self.folder / "a.mov")
+        make_clip(self.folder / "b.mov")
+        settings = self.folder / "config/marrowcut/marrowcut.ini"
+        settings.parent.mkdir(parents=True)
+        settings.write_text("[General]\nqualityPreset=tiny\n")
+        self.run_cli("a.mov")
+        self.run_cli("b.mov", "--quality", "smaller", "--no-burn-in")
+        widths = [subprocess.check_output(["ffprobe", "-v", "error", "-select_streams", "v:0", "-show_entries",
+                                           "stream=width", "-of", "csv=p=0", self.proxies / name]).decode().strip()
+                  for name in ("a_proxy.mp4", "b_proxy.mp4")]
+        self.assertEqual(widths, ["480", "720"])
+        self.assertEqual(settings.read_text(), "[General]\nqualityPreset=tiny\n")
+
+    def test_quiet_prints_failures_only(self):
+        make_clip(self.folder / "a.mov")
+        (self.folder / "b.mov").write_text("nothing")
+        result = self.run_cli("--quiet", ".")
+        self.assertEqual((result.returncode, result.stdout), (1, b""))
+        self.assertRegex(result.stderr.decode(), r"^b\.mov: Failed: could not read metadata\n    ")
+
+    def test_comma_locale_and_missing_home(self):
+        make_clip(self.folder / "a.mov")
+        environment = {"LC_ALL": "de_DE.UTF-8", "PATH": os.environ["PATH"]}
+        result = self.run_cli("a.mov", env=environment)
+        self.assertEqual((result.returncode, result.stderr), (0, b""))
+        self.assertIn(",25/1,1.0,0,", (self.proxies / "manifest.csv").read_text())
+
+    # What it says no to
+
+    def test_wrong_usage_and_nothing_to_do(self):
+        (self.folder / "notes.txt").touch()
+        (self.folder / "empty").mkdir()
+        for arguments, complaint in [
+            ([], "No clip or folder was named."),
+            (["--nonsense", "x"], "nonsense"),
+            (["--quality", "Tiny", "x"], "Unknown quality 'Tiny'"),
+            (["gone.mov"], f"{self.folder}/gone.mov: no such file or folder"),
+            (["notes.txt"], "not an MXF, MOV or MP4 file"),
+            (["empty"], "no MXF, MOV or MP4 files in this folder"),
+            ([b"bad\xff.mov"], "bad\\xFF.mov: the name is not valid UTF-8"),
+        ]:
+            with self.subTest(arguments=arguments):
+                result = subprocess.run([os.fsencode(PROGRAM), *map(os.fsencode, arguments)], capture_output=True,
+                                        cwd=self.folder, env=self.environment)
+                self.assertEqual(result.returncode, 2)
+                self.assertIn(complaint, result.stderr.decode())
+
+    def test_a_missing_path_among_others_counts_as_failed(self):
+        make_clip(self.folder / "a.mov")
+        result = self.run_cli("a.mov", "gone.mov")
+        self.assertEqual(result.returncode, 1)
+        self.assertTrue((self.proxies / "a_proxy.mp4").exists())
+
+    def test_help_and_version(self):
+        self.assertIn("--no-burn-in", self.run_cli("--help").stdout.decode())
+        self.assertRegex(self.run_cli("--version").stdout.decode(), r"^marrowcut-cli \d+\.\d+ \(\d+\)\n$")
+
+    def test_missing_tool(self):
+        (self.folder / "a.mov").touch()
+        program = self.with_stand_ins("", tools=["ffprobe"])
+        result = subprocess.run([program, "a.mov"], capture_output=True, cwd=self.folder, env=self.environment)
+        self.assertEqual(result.returncode, 3)
+        expected = f"marrowcut-cli: ffmpeg is missing: it was expected at {program.parents[1]}/share/marrowcut/ffmpeg\n"
+        self.assertEqual(result.stderr.decode(), expected)
+        self.assertFalse(self.proxies.exists())
+
+    # How it ends early
+
+    def test_signals_end_the_encoder_and_leave_the_files(self):
+        program = self.hanging_encoder()
+        for number in (signal.SIGINT, signal.SIGTERM, signal.SIGHUP):
+            with self.subTest(signal=number):
+                process = subprocess.Popen([program, "a.mov"], cwd=self.folder, env=self.environment,
+                                           stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+                encoder = self.encoder_pid()
+                process.send_signal(number)
+                self.assertIn(b"Interrupted.", process.communicate(timeout=60)[1])
+                self.assertEqual(process.returncode, 130)
+                self.assertFalse(exists(encoder))
+                self.assertEqual(os.listdir(self.proxies), [".tmp_a_proxy.mp4"])
+                (self.folder / "pid.part").unlink()
+
+    def test_killed_program_takes_its_encoder_along(self):
+        process = subprocess.Popen([self.hanging_encoder(), "a.mov"], cwd=self.folder, env=self.environment,
+                                   stdout=subprocess.DEVNULL)
+        encoder = self.encoder_pid()
+        process.kill()
+        process.wait()
+        wait_until(lambda: not exists(encoder))
+
+    # On a terminal
+
+    def on_terminal(self, program, *arguments):
+        terminal, other_end = pty.openpty()
+        process = subprocess.Popen([program, *arguments], stdin=other_end, stdout=other_end, stderr=other_end,
+                                   cwd=self.folder, env=dict(self.environment, TERM="xterm"), start_new_session=True)
+        os.close(other_end)
+        return process, terminal
+
+    @staticmethod
+    def read_all(terminal):
+        output = b""
+        while True:
+            try:
+                output += os.read(terminal, 65536)
+            except OSError:  # the other end is closed
+                return output.decode()
+
+    def test_live_lines(self):
+        make_clip(self.folder / "a.mov", seconds=8)
+        (self.folder / "b\x1b[2J.mov").write_text("nothing")
+        process, terminal = self.on_terminal(PROGRAM, ".")
+        output = self.read_all(terminal)
+        self.assertEqual(process.wait(), 1)
+        self.assertRegex(output, r"a\.mov +█*░*  +\d+%")
+        self.assertRegex(output, r"\d of 2 done +█*░*  +\d+%")
+        self.assertRegex(output, r"a\.mov +Done")
+        self.assertIn("b\\x1B[2J.mov", output)
+        # Nothing but moving up, and clearing what was drawn there, ever reaches the terminal.
+        self.assertEqual(set(re.findall(r"\x1b[^A-Za-z]*[A-Za-z]", output)) - {"\x1b[2A", "\x1b[J"}, set())
+        self.assertTrue(output.endswith("1 of 2 done, 1 failed\r\n"))
+
+    def test_typed_keys_do_not_reach_the_encoder(self):
+        (self.folder / "a.mov").touch()
+        program = self.with_stand_ins("when avg_frame_rate\nout 25/1\\n\nend\nwhen ffprobe\nexit 0\nend\n"
+                                      "err keys:\nstdin\nerr \\n\nexit 1\n")
+        process, terminal = self.on_terminal(program, "a.mov")
+        os.write(terminal, b"q\n")
+        output = self.read_all(terminal)
+        self.assertEqual(process.wait(), 1)
+        self.assertRegex(output, r"    keys:\r\n")
+
+
+unittest.main(verbosity=1)
