@@ -1,12 +1,16 @@
 import QtQuick
 
-// A modal sheet: a dialog window of fixed size over its transient parent. The content is made anew each time that
-// the sheet is shown. Return, Escape and the window manager emit dismissed; the owner then sets shown to false.
+// A modal sheet: a dialog window of fixed size over its transient parent, with a "Close" button in a row at the
+// bottom that takes further buttons as children. The content above the row is made anew each time that the sheet is
+// shown. The button, Return, Escape and the window manager emit dismissed; the owner then sets shown to false.
 ThemedWindow {
     id: root
 
     required property bool shown
     property Component content
+    readonly property real contentHeight: loader.implicitHeight
+    readonly property real footerHeight: footer.height
+    default property alias buttons: footer.leading
 
     signal dismissed()
 
@@ -16,7 +20,8 @@ ThemedWindow {
     maximumWidth: width
     minimumHeight: height
     maximumHeight: height
-    visible: shown
+    visible: shown && loader.status === Loader.Ready
+    onVisibleChanged: if (visible) footer.focusClose()
     onClosing: dismissed()
 
     Shortcut {
@@ -30,12 +35,26 @@ ThemedWindow {
         Keys.onReturnPressed: root.dismissed()
         Keys.onEnterPressed: root.dismissed()
         Keys.onEscapePressed: root.dismissed()
+        Keys.forwardTo: [loader.item]
 
         Loader {
-            anchors.fill: parent
-            focus: true
+            id: loader
+
+            anchors.left: parent.left
+            anchors.right: parent.right
+            anchors.top: parent.top
+            anchors.bottom: footer.top
             active: root.shown
             sourceComponent: root.content
+        }
+
+        SheetFooter {
+            id: footer
+
+            anchors.left: parent.left
+            anchors.right: parent.right
+            anchors.bottom: parent.bottom
+            onClosed: root.dismissed()
         }
     }
 }

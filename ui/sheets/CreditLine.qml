@@ -1,0 +1,20 @@
+import QtQuick
+import Marrowcut.Style
+
+// The author's credit and web site.
+Row {
+    spacing: 4
+
+    Text {
+        anchors.verticalCenter: parent.verticalCenter
+        text: Links.authorCredit
+        color: Theme.secondary
+        font.pixelSize: 11
+    }
+
+    PlainLinkText {
+        anchors.verticalCenter: parent.verticalCenter
+        title: Links.authorName
+        url: Links.author
+    }
+}

@@ -1,0 +1,44 @@
+import QtQuick
+import Marrowcut.Sheets
+import Marrowcut.Style
+
+// What the sheet with the report shows.
+Item {
+    id: root
+
+    required property DiagnosticsReport report
+
+    Column {
+        id: heading
+
+        x: 20
+        y: 20
+        width: parent.width - 40
+        spacing: 6
+
+        Text {
+            text: "Report a Problem"
+            color: Theme.primary
+            font.pixelSize: Theme.headlineSize
+            font.bold: true
+        }
+
+        Text {
+            width: parent.width
+            text: "Copy this and send it to @quorvane (or paste it into an email) if something's not working right."
+            color: Theme.secondary
+            font.pixelSize: 11
+            wrapMode: Text.Wrap
+        }
+    }
+
+    ReportArea {
+        anchors.left: heading.left
+        anchors.right: heading.right
+        anchors.top: heading.bottom
+        anchors.topMargin: 12
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: 16
+        text: root.report.reportText
+    }
+}

@@ -1,0 +1,44 @@
+import QtQuick
+import Marrowcut.Style
+
+// A text that opens an address. It looks like the dimmed text beside it; give it another font or colour to match
+// other surroundings.
+Text {
+    id: root
+
+    required property string title
+    required property url url
+
+    function open() {
+        Qt.openUrlExternally(url);
+    }
+
+    text: title
+    textFormat: Text.PlainText
+    color: Theme.secondary
+    font.pixelSize: 11
+    activeFocusOnTab: true
+    Accessible.role: Accessible.Link
+    Accessible.name: title
+    Accessible.focusable: true
+    Accessible.onPressAction: open()
+    // Return belongs to the window's default button unless the link itself has the focus.
+    Keys.onShortcutOverride: event => event.accepted = event.key === Qt.Key_Return || event.key === Qt.Key_Enter
+    Keys.onReturnPressed: open()
+    Keys.onEnterPressed: open()
+    Keys.onSpacePressed: open()
+
+    HoverHandler {
+        cursorShape: Qt.PointingHandCursor
+    }
+
+    TapHandler {
+        onTapped: root.open()
+    }
+
+    FocusRing {
+        visible: root.activeFocus
+        distance: 3
+        innerRadius: 1
+    }
+}
