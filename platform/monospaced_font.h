@@ -7,7 +7,7 @@ namespace marrowcut
 
 /// The file of the font that burned-in text is drawn with: DejaVu Sans Mono as fontconfig finds it,
 /// or else what fontconfig holds nearest to it. Absolute path; empty when there is no font at all.
-/// Any thread; takes some milliseconds the first time.
+/// Any thread; takes some milliseconds.
 QString monospacedFontFile();
 
 } // namespace marrowcut
