@@ -18,6 +18,8 @@ Rectangle {
         boundsBehavior: Flickable.StopAtBounds
 
         ScrollBar.vertical: ScrollBar {
+            id: bar
+
             policy: ScrollBar.AlwaysOn
         }
 
@@ -26,6 +28,7 @@ Rectangle {
 
             objectName: "reportText"
             padding: 12
+            rightPadding: 12 + bar.width
             readOnly: true
             selectByMouse: true
             text: root.text

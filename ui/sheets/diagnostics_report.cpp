@@ -30,17 +30,18 @@ QString askFFmpeg(const QString &path, const std::stop_token &stop)
 } // namespace
 
 DiagnosticsReport::DiagnosticsReport(JobsProvider jobs, QObject *parent)
-    : DiagnosticsReport(std::move(jobs), FFmpegLocator::ffmpegPath(), parent)
+    : DiagnosticsReport(std::move(jobs), FFmpegLocator::ffmpegPath(), 5s, parent)
 {
 }
 
-DiagnosticsReport::DiagnosticsReport(JobsProvider jobs, const QString &ffmpegPath, QObject *parent)
+DiagnosticsReport::DiagnosticsReport(JobsProvider jobs, const QString &ffmpegPath,
+                                     std::chrono::milliseconds limit, QObject *parent)
     : QObject(parent)
     , m_jobs(std::move(jobs))
     , m_ffmpegPath(ffmpegPath)
 {
     m_limit.setSingleShot(true);
-    m_limit.setInterval(5s);
+    m_limit.setInterval(limit);
     connect(&m_limit, &QTimer::timeout, this, [this] { m_fetch.request_stop(); });
 }
 

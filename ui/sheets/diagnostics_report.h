@@ -7,6 +7,7 @@
 #include <QTimer>
 #include <QtQml/qqmlregistration.h>
 
+#include <chrono>
 #include <functional>
 #include <thread>
 
@@ -14,7 +15,8 @@ namespace marrowcut
 {
 
 /// The report behind the diagnostics sheet. Main thread only; ffmpeg is asked for its version on a
-/// thread of its own, for at most five seconds, and is ended when the report is destroyed.
+/// thread of its own, for at most the limit (five seconds unless given), and is ended when the report is
+/// destroyed.
 class DiagnosticsReport : public QObject
 {
     Q_OBJECT
@@ -29,7 +31,8 @@ public:
 
     /// The jobs are asked for each time that the report is built.
     explicit DiagnosticsReport(JobsProvider jobs, QObject *parent = nullptr);
-    DiagnosticsReport(JobsProvider jobs, const QString &ffmpegPath, QObject *parent = nullptr);
+    DiagnosticsReport(JobsProvider jobs, const QString &ffmpegPath, std::chrono::milliseconds limit,
+                      QObject *parent = nullptr);
 
     QString reportText() const { return m_reportText; }
     bool copied() const { return m_copied; }

@@ -28,6 +28,7 @@ FocusScope {
     PushButton {
         id: closeButton
 
+        objectName: "closeButton"
         anchors.right: parent.right
         anchors.rightMargin: 16
         y: 17

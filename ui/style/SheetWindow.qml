@@ -21,7 +21,6 @@ ThemedWindow {
     minimumHeight: height
     maximumHeight: height
     visible: shown && loader.status === Loader.Ready
-    onVisibleChanged: if (visible) footer.focusClose()
     onClosing: dismissed()
 
     Shortcut {
@@ -46,6 +45,7 @@ ThemedWindow {
             anchors.bottom: footer.top
             active: root.shown
             sourceComponent: root.content
+            onLoaded: footer.focusClose()
         }
 
         SheetFooter {

@@ -1,0 +1,152 @@
+#include "ui/sheets/diagnostics_report.h"
+#include "ui/sheets/diagnostics_text.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace marrowcut;
+using namespace std::chrono_literals;
+
+namespace
+{
+
+ProxyJob job(const QString &name, const JobStatus &status, std::optional<QString> detail = {})
+{
+    ProxyJob made = ProxyJob::forSource(QUrl::fromLocalFile(QStringLiteral("/clips/") + name));
+    made.status = status;
+    made.errorDetail = detail;
+    return made;
+}
+
+ProxyJob failedJob(const QString &name, std::optional<QString> detail = {})
+{
+    return job(name, JobStatus::failed(QStringLiteral("encode error")), detail);
+}
+
+QString text(const QList<ProxyJob> &jobs)
+{
+    return diagnosticsText({.generated = QDateTime(QDate(2026, 3, 11), QTime(9, 41, 2)),
+                            .versionString = QStringLiteral("2.3 (41)"),
+                            .systemVersion = QStringLiteral("System 12"),
+                            .architectureLine = QStringLiteral("Architecture: Intel (x86_64)"),
+                            .ffmpegVersionLine = QStringLiteral("ffmpeg version 5")},
+                           jobs);
+}
+
+QString factsText(const QString &section)
+{
+    return QStringLiteral("Marrowcut diagnostic report\nGenerated: 2026-03-11 09:41:02\n\n"
+                          "App version: 2.3 (41)\nmacOS: System 12\n"
+                          "Architecture: Intel (x86_64)\nffmpeg: ffmpeg version 5\n\n") +
+           section;
+}
+
+} // namespace
+
+class DiagnosticsTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { QVERIFY(m_folder.isValid()); }
+
+    void withoutFailuresTheReportSaysSo()
+    {
+        const QString none = factsText(QStringLiteral("No failed files this session."));
+        QCOMPARE(text({}), none);
+        QCOMPARE(text({job(QStringLiteral("a.mxf"), JobStatus::done()),
+                       job(QStringLiteral("b.mxf"), JobStatus::queued()),
+                       job(QStringLiteral("c.mxf"), JobStatus::skipped())}),
+                 none);
+    }
+
+    void failedFilesAreListedWithTheirDetail()
+    {
+        const QList<ProxyJob> jobs{
+            failedJob(QStringLiteral("a 100%#1.mxf"), QString()),
+            job(QStringLiteral("b.mxf"), JobStatus::done(), QStringLiteral("old")),
+            failedJob(QStringLiteral("c.mov"), QStringLiteral("one\n\ntwo\n\n three\n"))};
+        QCOMPARE(text(jobs), factsText(QStringLiteral("Failed files (2):\n"
+                                                      "\n- a 100%#1.mxf\n  Failed: encode error\n"
+                                                      "\n- c.mov\n  Failed: encode error\n"
+                                                      "  ---\n  one\n  two\n   three")));
+        QVERIFY(text(QList<ProxyJob>(12, failedJob(QStringLiteral("x.mp4"))))
+                    .contains(QStringLiteral("\nFailed files (12):\n")));
+    }
+
+    void versionLineIsTheFirstThatIsNotEmpty()
+    {
+        QCOMPARE(ffmpegVersionLine(QStringLiteral("\n\n  ffmpeg 5 \nbuilt\n")),
+                 QStringLiteral("  ffmpeg 5 "));
+        QCOMPARE(ffmpegVersionLine(QStringLiteral("\n\n")), QStringLiteral("unavailable"));
+        QCOMPARE(ffmpegVersionLine(QString()), QStringLiteral("unavailable"));
+    }
+
+    void copyBuildsAFreshReport()
+    {
+        QList<ProxyJob> jobs;
+        DiagnosticsReport report([&jobs] { return jobs; },
+                                 tool(QStringLiteral("[ \"$*\" = -version ] && echo run $$; exit 3")), 60s);
+        report.open();
+        QTRY_VERIFY(report.reportText().contains(QStringLiteral("ffmpeg: run ")));
+        const QString opened = report.reportText();
+        QVERIFY(opened.endsWith(QStringLiteral("No failed files this session.")));
+
+        jobs << failedJob(QStringLiteral("late.mxf"));
+        report.copyToClipboard();
+        QTRY_VERIFY(report.copied());
+        const QString copied = QGuiApplication::clipboard()->text();
+        QCOMPARE(copied, report.reportText());
+        QVERIFY(copied.contains(QStringLiteral("- late.mxf")));
+        QVERIFY(copied.section(u'\n', 6, 6) != opened.section(u'\n', 6, 6));
+
+        report.open();
+        QVERIFY(!report.copied());
+    }
+
+    void toolThatCannotAnswerIsUnavailable_data()
+    {
+        QTest::addColumn<QString>("path");
+        QTest::newRow("missing") << m_folder.filePath(QStringLiteral("none"));
+        QTest::newRow("silent") << tool(QStringLiteral("exit 0"));
+        QTest::newRow("hangs") << tool(QStringLiteral("exec sleep 600"));
+    }
+
+    void toolThatCannotAnswerIsUnavailable()
+    {
+        QFETCH(QString, path);
+        DiagnosticsReport report([] { return QList<ProxyJob>(); }, path, 200ms);
+        report.open();
+        QTRY_VERIFY(report.reportText().contains(QStringLiteral("\nffmpeg: unavailable\n")));
+    }
+
+    void goesWhileTheToolHangs()
+    {
+        DiagnosticsReport report([] { return QList<ProxyJob>(); }, tool(QStringLiteral("exec sleep 600")),
+                                 600s);
+        report.open();
+        report.copyToClipboard(); // replaces the first question
+        QCoreApplication::processEvents();
+        QVERIFY(!report.copied());
+    }
+
+private:
+    QString tool(const QString &script)
+    {
+        QFile file(m_folder.filePath(QStringLiteral("tool%1").arg(++m_toolCount)));
+        if (file.open(QIODevice::WriteOnly))
+            file.write("#!/bin/sh\n" + script.toUtf8() + '\n');
+        file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        return file.fileName();
+    }
+
+    QTemporaryDir m_folder;
+    int m_toolCount = 0;
+};
+
+QTEST_MAIN(DiagnosticsTest)
+
+#include "tst_diagnostics.moc"
