@@ -19,4 +19,11 @@ T.Popup {
         color: Theme.controlFill
         border.color: Theme.controlBorder
     }
+
+    // A press on the parent takes the focus away, and Escape with it.
+    Shortcut {
+        sequence: "Escape"
+        enabled: control.visible
+        onActivated: control.close()
+    }
 }

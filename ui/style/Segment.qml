@@ -12,7 +12,7 @@ T.RadioButton {
     horizontalPadding: 12
     verticalPadding: 2
     checkable: false
-    focusPolicy: checked ? Qt.StrongFocus : Qt.ClickFocus
+    focusPolicy: checked || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
     Accessible.checkable: true
     Accessible.checked: checked
     Keys.onLeftPressed: stepped(-1)

@@ -13,8 +13,8 @@ Item {
     function step(index: int) {
         if (index < 0 || index >= model.length)
             return;
-        activated(index);
         segments.itemAt(index).forceActiveFocus(Qt.TabFocusReason);
+        activated(index);
     }
 
     implicitWidth: 240
