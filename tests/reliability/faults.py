@@ -1,0 +1,130 @@
+"""Every step of a run fails once, in a run of three clips: the run ends, the other clips are done, nothing stands under
+a final name unless it is whole, the manifest holds whole lines, the status says what happened, no child is left."""
+
+import os
+import shutil
+import subprocess
+import sys
+
+from harness import Failure, Workplace, check, enter_mount_namespace, report
+
+SINGLE, LONG = "short.mov", "long.mov"
+ENCODE_ERROR, METADATA = "encode error", "could not read metadata"
+
+# name, kind of the faulty clip, what its tools do, status (None: done)
+STEPS = [
+    ("probe exits with 1", SINGLE, '[ $tool = ffprobe ] && exit 1', METADATA),
+    ("probe crashes", SINGLE, '[ $tool = ffprobe ] && kill -SEGV $$', METADATA),
+    ("probe is not to be started", SINGLE, None, METADATA),
+    ("encoder is not to be started", SINGLE, None, ENCODE_ERROR),
+    ("encoder is a folder", SINGLE, None, ENCODE_ERROR),
+    ("encode exits with 1", SINGLE, '[ $tool = ffmpeg ] && exit 1', ENCODE_ERROR),
+    ("encode exits with 255, truncated", SINGLE, '[ $tool = ffmpeg ] && { echo x >"$output"; exit 255; }', ENCODE_ERROR),
+    ("encode crashes", SINGLE, '[ $tool = ffmpeg ] && { echo x >"$output"; kill -SEGV $$; }', ENCODE_ERROR),
+    ("encode is killed", SINGLE, '[ $tool = ffmpeg ] && { echo x >"$output"; kill -KILL $$; }', ENCODE_ERROR),
+    ("encode writes no file", SINGLE, '[ $tool = ffmpeg ] && exit 0', ENCODE_ERROR),
+    ("move fails", SINGLE, '[ $tool = ffmpeg ] && { "$real" "$@"; mkdir -p "{final}/x"; exit 0; }', ENCODE_ERROR),
+    ("source gone before the encode", SINGLE, '[[ $* == *creation_time* ]] && rm "{source}"', ENCODE_ERROR),
+    ("source gone before the probe", SINGLE, 'rm -f "{source}"', METADATA),
+    ("first piece exits with 1", LONG, '[[ $output == *part_0000* ]] && exit 1', ENCODE_ERROR),
+    ("second piece exits with 1", LONG, '[[ $output == *part_0001* ]] && exit 1', ENCODE_ERROR),
+    ("second piece crashes", LONG, '[[ $output == *part_0001* ]] && kill -SEGV $$', ENCODE_ERROR),
+    ("part file missing", LONG, '[[ $output == *part_0001* ]] && { "$real" "$@"; rm "$output"; exit 0; }', ENCODE_ERROR),
+    ("first part gone before the join", LONG, '[[ $* == *concat* ]] && rm "$(dirname "$output")"/.chunks_*/part_0000.mp4',
+     ENCODE_ERROR),
+    ("join list gone", LONG, '[[ $* == *concat* ]] && rm "$(dirname "$output")"/.chunks_*/concat.txt', ENCODE_ERROR),
+    ("join exits with 1", LONG, '[[ $* == *concat* ]] && exit 1', ENCODE_ERROR),
+    ("join crashes", LONG, '[[ $* == *concat* ]] && kill -SEGV $$', ENCODE_ERROR),
+    ("move after the join fails", LONG, '[[ $* == *concat* ]] && { "$real" "$@"; mkdir -p "{final}/x"; exit 0; }', ENCODE_ERROR),
+]
+
+# The same on a small disk of its own, which needs a mount namespace.
+FILL = 'dd if=/dev/zero of="$(dirname "$output")/fill" bs=1k status=none 2>/dev/null'
+DISKS = [
+    ("disk full during the encode", SINGLE, False, f'[ $tool = ffmpeg ] && {FILL}', ENCODE_ERROR),
+    ("disk full during a piece", LONG, False, f'[[ $output == *part_0001* ]] && {FILL}', ENCODE_ERROR),
+    ("disk full during the join", LONG, False, f'[[ $* == *concat* ]] && {FILL}', ENCODE_ERROR),
+    ("disk full during the manifest's line", SINGLE, False,
+     f'[ $tool = ffmpeg ] && {{ "$real" "$@"; status=$?; {FILL}; exit $status; }}', None),
+    ("read-only folder", SINGLE, True, "", ENCODE_ERROR),
+]
+
+
+def break_tool(place, name):
+    """Makes the tools unusable for the last clip, at the end of the one before."""
+    tool = "ffprobe" if "probe" in name else "ffmpeg"
+    replace = f'mkdir "{place.tools}/{tool}"' if "folder" in name else "true"
+    return f'[[ $tool == ffmpeg && $* == */b.mov* ]] && {{ mv "{place.tools}/{tool}" "{place.tools}/away"; {replace}; }}'
+
+
+def run_three(place, folder, kind, fault, status, order):
+    """a and b are sound, c meets the fault in a folder of its own."""
+    sound = place.folder / "sound"
+    sound.mkdir()
+    shutil.copy(place.clips[SINGLE], sound / "a.mov")
+    b_is_long = kind == SINGLE and order == "acb"
+    shutil.copy(place.clips[LONG if b_is_long else SINGLE], sound / "b.mov")
+    source = folder / "c.mov"
+    fault = fault.replace("{source}", os.fspath(source)).replace("{final}", f"{folder}/marrowcut_proxies/c_proxy.mp4")
+    if order == "acb":  # what is broken for the last clip is broken earlier on, everything else at its own calls
+        fault = f'if [[ "$*" == *"{folder}"* ]]; then {fault or "true"}; fi'
+    clips = {"a": sound / "a.mov", "b": sound / "b.mov", "c": source}
+    code, output = place.run(*(clips[name] for name in order), fault=fault)
+
+    expected = "Done" if status is None else f"Failed: {status}"
+    check(f"c.mov: {expected}\n" in output, f"status is not {expected!r}: {output}")
+    check(code == (0 if status is None else 1), f"exit status {code}")
+    place.judge(sound, {"a.mov": 10, "b.mov": 91 if b_is_long else 10})
+    place.judge(folder, {} if status else {"c.mov": 10 if kind == SINGLE else 91})
+
+
+def check_step(name, kind, fault, status):
+    with Workplace() as place:
+        folder = place.folder / "faulty"
+        folder.mkdir()
+        shutil.copy(place.clips[kind], folder / "c.mov")
+        order = "acb" if fault is not None else "abc"
+        run_three(place, folder, kind, fault if fault is not None else break_tool(place, name), status, order)
+
+
+def check_no_folder():
+    with Workplace() as place:
+        folder = place.folder / "faulty"
+        folder.mkdir()
+        shutil.copy(place.clips[SINGLE], folder / "c.mov")
+        (folder / "marrowcut_proxies").write_text("a file in its place")
+        run_three(place, folder, SINGLE, "", ENCODE_ERROR, "acb")
+        check((folder / "marrowcut_proxies").read_text() == "a file in its place", "the user's file")
+
+
+def check_disk(kind, read_only, fault, status):
+    with Workplace() as place:
+        folder = place.folder / "faulty"
+        folder.mkdir()
+        subprocess.run(["mount", "-t", "tmpfs", "-o", "size=600k", "tmpfs", folder], check=True)
+        try:
+            shutil.copy(place.clips[kind], folder / "c.mov")
+            if read_only:
+                subprocess.run(["mount", "-o", "remount,ro", folder], check=True)
+            run_three(place, folder, kind, fault, status, "acb")
+        finally:
+            subprocess.run(["umount", "-l", folder], check=True)
+
+
+def main():
+    checks = [(step[0], lambda step=step: check_step(*step)) for step in STEPS]
+    checks.append(("output folder not creatable", check_no_folder))
+    if enter_mount_namespace():
+        checks += [(disk[0], lambda disk=disk: check_disk(*disk[1:])) for disk in DISKS]
+    else:
+        print("  full and read-only disks: not tried, this system allows no mount namespace", file=sys.stderr)
+    failures = []
+    for name, run in checks:
+        try:
+            run()
+        except (Failure, OSError, subprocess.CalledProcessError) as problem:
+            failures.append(f"{name}: {problem}")
+    report("faults", len(checks), failures)
+
+
+main()

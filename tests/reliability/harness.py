@@ -1,0 +1,155 @@
+"""What the reliability checks share: a copy of the program whose tools pass through a script, tiny clips, and
+a judgement of everything that a run leaves behind."""
+
+import atexit
+import functools
+import os
+import shutil
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+from pathlib import Path
+
+PROGRAM = Path(os.path.abspath(sys.argv[1]))
+HEADER = ("source_filename,proxy_filename,source_timecode,frame_rate,duration_seconds,audio_channels,file_date,"
+          "status,processed_at")
+
+# Runs before the real tool; FAULT is a piece of shell that may look at $tool, $* and $output.
+WRAPPER = """#!/bin/bash
+tool={tool}; real={real}; output="${{@: -1}}"
+[ -n "$CALLS" ] && printf '%s\\0' "$tool" "$@" END >>"$CALLS"
+eval "$FAULT"
+exec "$real" "$@"
+"""
+
+
+class Failure(Exception):
+    pass
+
+
+def check(held, what):
+    if not held:
+        raise Failure(what)
+
+
+@functools.cache
+def clips():
+    """short.mov: 10 frames, a single pass; long.mov: 91 frames, one a second, two pieces. Made once."""
+    folder = tempfile.TemporaryDirectory(prefix="marrowcut-clips-")
+    atexit.register(folder.cleanup)
+    paths = {}
+    for name, source in [("short.mov", "color=gray:s=64x36:r=25:d=0.4"), ("long.mov", "color=gray:s=64x36:r=1:d=91")]:
+        paths[name] = Path(folder.name, name)
+        subprocess.run(["ffmpeg", "-nostdin", "-v", "error", "-f", "lavfi", "-i", source, "-c:v", "mpeg4", paths[name]],
+                       check=True)
+    return paths
+
+
+class Workplace:
+    """A folder for one check, the program installed in it, and the clips."""
+
+    def __init__(self):
+        self.folder = Path(tempfile.mkdtemp(prefix="marrowcut-"))
+        self.tools = self.folder / "installed/share/marrowcut"
+        self.tools.mkdir(parents=True)
+        (self.folder / "installed/bin").mkdir()
+        self.program = Path(shutil.copy(PROGRAM, self.folder / "installed/bin"))
+        for tool in ("ffmpeg", "ffprobe"):
+            wrapper = self.tools / tool
+            wrapper.write_text(WRAPPER.format(tool=tool, real=shutil.which(tool)))
+            wrapper.chmod(0o755)
+        self.environment = dict(os.environ, MARROWCUT_MARK=self.folder.name, CALLS="", FAULT="",
+                                XDG_CONFIG_HOME=os.fspath(self.folder / "config"))
+        self.clips = clips()
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        shutil.rmtree(self.folder, ignore_errors=True)
+
+    def start(self, *arguments, fault="", calls="", **keywords):
+        environment = dict(self.environment, FAULT=fault, CALLS=os.fspath(calls), **keywords.pop("extra", {}))
+        return subprocess.Popen([os.fsencode(self.program), *map(os.fsencode, arguments)], env=environment,
+                                stdout=subprocess.PIPE, stderr=subprocess.PIPE, stdin=subprocess.DEVNULL, **keywords)
+
+    def run(self, *arguments, limit=120, **keywords):
+        """Exit status and output; a run that does not end is a failure."""
+        process = self.start(*arguments, **keywords)
+        try:
+            output, errors = process.communicate(timeout=limit)
+        except subprocess.TimeoutExpired:
+            process.kill()
+            raise Failure("the run did not end") from None
+        self.check_no_children()
+        return process.returncode, (output + errors).decode(errors="replace")
+
+    def children(self):
+        """Processes that the program started and that still live."""
+        mark = b"MARROWCUT_MARK=" + os.fsencode(self.folder.name)
+        found = []
+        for process in Path("/proc").glob("[0-9]*"):
+            try:
+                if mark in (process / "environ").read_bytes() and int(process.name) != os.getpid():
+                    found.append((process / "cmdline").read_bytes())
+            except OSError:  # it has just ended
+                pass
+        return found
+
+    def check_no_children(self):
+        end = time.monotonic() + 10
+        while self.children():
+            check(time.monotonic() < end, f"left running: {self.children()}")
+            time.sleep(0.01)
+
+    def judge(self, folder, whole):
+        """Every proxy in the folder is whole, every manifest line too; whole: clip -> number of frames, of those
+        that must have a proxy."""
+        proxies = os.fsencode(folder / "marrowcut_proxies")
+        names = os.listdir(proxies) if os.path.isdir(proxies) else []
+        for name in names:
+            if name.endswith(b"_proxy.mp4") and not name.startswith(b".") and os.path.isfile(proxies + b"/" + name):
+                check(frame_count(proxies + b"/" + name) in set(whole.values()) | {10, 91}, f"{name} is not whole")
+        for clip, frames in whole.items():
+            path = proxies + b"/" + os.fsencode(clip).rpartition(b".")[0] + b"_proxy.mp4"
+            check(os.path.isfile(path), f"no proxy of {clip}")
+            check(frame_count(path) == frames, f"frames of {clip}")
+        manifest = proxies + b"/manifest.csv"
+        if os.path.exists(manifest):
+            with open(manifest, "rb") as file:
+                content = file.read()
+            check(content.startswith(HEADER.encode() + b"\n"), "the manifest's header")
+            check(content.endswith(b"\n"), "the manifest's last line is torn")
+
+
+def frame_count(path):
+    result = subprocess.run(["ffprobe", "-v", "error", "-count_frames", "-select_streams", "v:0", "-show_entries",
+                             "stream=nb_read_frames", "-of", "csv=p=0", path], stdout=subprocess.PIPE)
+    return int(result.stdout) if result.returncode == 0 and result.stdout.strip().isdigit() else -1
+
+
+def argument(name, default):
+    return int(sys.argv[sys.argv.index(name) + 1]) if name in sys.argv else default
+
+
+def report(kind, tried, failures):
+    """One line that the record is made of; the program's exit status tells the same."""
+    for failure in failures:
+        print(f"  {failure}")
+    print(f"{kind}: {tried} tried, {tried - len(failures)} held")
+    sys.exit(1 if failures else 0)
+
+
+def enter_mount_namespace():
+    """Goes where small disks can be mounted without being root. False where the system does not allow it."""
+    if os.environ.get("MARROWCUT_IN_NAMESPACE"):
+        return True
+    if subprocess.run(["unshare", "-rm", "true"], stderr=subprocess.DEVNULL).returncode != 0:
+        return False
+    os.environ["MARROWCUT_IN_NAMESPACE"] = "1"
+    os.execvp("unshare", ["unshare", "-rm", sys.executable, *sys.argv])
+
+
+SIGNALS = {"SIGKILL": signal.SIGKILL, "SIGTERM": signal.SIGTERM, "SIGINT": signal.SIGINT, "SIGHUP": signal.SIGHUP}

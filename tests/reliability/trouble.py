@@ -1,0 +1,148 @@
+"""A machine in trouble: what surrounds the program is missing, broken or hostile. Each run still ends as it should."""
+
+import os
+import resource
+import shutil
+import subprocess
+
+from harness import Failure, Workplace, check, enter_mount_namespace, report
+
+
+def proxy_of_one_clip(place, arguments=(), **keywords):
+    folder = place.folder / "clips"
+    folder.mkdir()
+    shutil.copy(place.clips["short.mov"], folder / "a.mov")
+    status, output = place.run(*arguments, folder, **keywords)
+    check(status == 0, f"status {status}: {output}")
+    place.judge(folder, {"a.mov": 10})
+    return folder, output
+
+
+def no_bus(place):
+    proxy_of_one_clip(place, ["--notify"], extra={"DBUS_SESSION_BUS_ADDRESS": "unix:path=/nonexistent"})
+
+
+def no_notification_server(place):
+    bus = subprocess.Popen(["dbus-daemon", "--session", "--nofork", "--print-address", f"--address=unix:dir={place.folder}"],
+                           stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
+                           env={"PATH": os.environ["PATH"], "XDG_DATA_DIRS": "/nonexistent", "HOME": "/nonexistent"})
+    try:
+        address = bus.stdout.readline().decode().strip()
+        proxy_of_one_clip(place, ["--notify"], extra={"DBUS_SESSION_BUS_ADDRESS": address})
+    finally:
+        bus.terminate()
+        bus.communicate()
+
+
+def no_home(place):
+    for name in ("HOME", "XDG_CONFIG_HOME", "XDG_RUNTIME_DIR"):
+        place.environment.pop(name, None)
+    proxy_of_one_clip(place)
+
+
+def read_only_configuration(place):
+    if enter_mount_namespace():
+        config = place.folder / "config"
+        config.mkdir()
+        subprocess.run(["mount", "-t", "tmpfs", "-o", "ro", "tmpfs", config], check=True)
+    proxy_of_one_clip(place, ["--quality", "tiny"])
+
+
+def garbage_preferences(place):
+    settings = place.folder / "config/marrowcut/marrowcut.ini"
+    settings.parent.mkdir(parents=True)
+    garbage = b"\xff\x00[[[General]\nqualityPreset=\x00tiny\n=\n" + os.urandom(4096)
+    settings.write_bytes(garbage)
+    proxy_of_one_clip(place)
+    check(settings.read_bytes() == garbage, "the preference file was changed")
+
+
+def decimal_comma(place):
+    locales = place.folder / "locales"
+    locales.mkdir()
+    subprocess.run(["localedef", "-i", "de_DE", "-f", "UTF-8", locales / "de_DE.UTF-8"], check=True,
+                   stderr=subprocess.DEVNULL)
+    german = {"LC_ALL": "de_DE.UTF-8", "LANG": "de_DE.UTF-8", "LOCPATH": os.fspath(locales)}
+    said = subprocess.run(["locale", "decimal_point"], env=dict(os.environ, **german), stdout=subprocess.PIPE)
+    check(said.stdout == b",\n", "the locale does not work")
+    folder, _ = proxy_of_one_clip(place, extra=german)
+    check(",0.4,0," in (folder / "marrowcut_proxies/manifest.csv").read_text(), "the manifest's number")
+
+
+def clock_jumps_back(place):
+    offset = place.folder / "offset"
+    offset.write_text("+0")
+    library = "/usr/lib/x86_64-linux-gnu/faketime/libfaketimeMT.so.1"
+    extra = {"LD_PRELOAD": library, "FAKETIME_TIMESTAMP_FILE": os.fspath(offset), "FAKETIME_NO_CACHE": "1"}
+    folder, _ = proxy_of_one_clip(place, fault=f'[ $tool = ffmpeg ] && echo -30d >"{offset}"; unset LD_PRELOAD', extra=extra)
+    check("done,20" in (folder / "marrowcut_proxies/manifest.csv").read_text(), "the manifest")
+
+
+def taken_descriptors(count):
+    """Open and inherited, from the lowest number on."""
+    resource.setrlimit(resource.RLIMIT_NOFILE, (8000, resource.getrlimit(resource.RLIMIT_NOFILE)[1]))
+    taken = [os.open("/dev/null", os.O_RDONLY) for _ in range(count)]
+    for descriptor in taken:
+        os.set_inheritable(descriptor, True)
+    return taken
+
+
+def open_file_limit(place):
+    """With few descriptors left the run works or fails plainly, and ends."""
+    folder = place.folder / "clips"
+    folder.mkdir()
+    outcomes = set()
+    for limit in range(4000 - 40, 4000 - 4, 3):
+        taken = taken_descriptors(limit - 3)
+        try:
+            shutil.copy(place.clips["short.mov"], folder / "a.mov")
+            process = place.start("--quiet", folder, close_fds=False,
+                                  preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_NOFILE, (4000, 4000)))
+        finally:
+            for descriptor in taken:
+                os.close(descriptor)
+        process.communicate(timeout=60)
+        place.check_no_children()
+        outcomes.add(process.returncode)
+        place.judge(folder, {"a.mov": 10} if process.returncode == 0 else {})
+        shutil.rmtree(folder / "marrowcut_proxies", ignore_errors=True)
+    check(outcomes <= {0, 1, 3}, f"exit statuses {outcomes}")
+
+
+def flood_of_messages(place):
+    noise = 'head -c 100000000 /dev/zero | tr "\\0" "x" | fold -w 200 >&2; head -c 10000000 /dev/zero | tr "\\0" "y" >&2'
+    proxy_of_one_clip(place, fault=f"[ $tool = ffmpeg ] && {{ {noise}; }}")
+    mebibytes = resource.getrusage(resource.RUSAGE_CHILDREN).ru_maxrss / 1024
+    check(mebibytes < 200, f"{mebibytes:.0f} MiB")
+
+
+def ignored_termination(place):
+    folder = place.folder / "clips"
+    folder.mkdir()
+    shutil.copy(place.clips["short.mov"], folder / "a.mov")
+    started = place.folder / "started"
+    os.mkfifo(started)
+    process = place.start(folder, fault=f'[ $tool = ffmpeg ] && {{ trap "" TERM; echo >"{started}"; sleep 1000; }}')
+    started.read_text()
+    process.terminate()
+    process.communicate(timeout=60)
+    check(process.returncode == 130, f"status {process.returncode}")
+
+
+CHECKS = [no_bus, no_notification_server, no_home, read_only_configuration, garbage_preferences, decimal_comma,
+          clock_jumps_back, open_file_limit, flood_of_messages, ignored_termination]
+
+
+def main():
+    enter_mount_namespace()
+    failures = []
+    for run in CHECKS:
+        with Workplace() as place:
+            try:
+                run(place)
+            except (Failure, OSError, subprocess.SubprocessError) as problem:
+                failures.append(f"{run.__name__}: {problem}")
+    report("trouble", len(CHECKS), failures)
+
+
+main()
