@@ -3,6 +3,8 @@ import Marrowcut.Style
 
 // The author's credit and web site.
 Row {
+    readonly property bool linkFocused: link.activeFocus
+
     spacing: 4
 
     Text {
@@ -13,6 +15,8 @@ Row {
     }
 
     PlainLinkText {
+        id: link
+
         anchors.verticalCenter: parent.verticalCenter
         title: Links.authorName
         url: Links.author

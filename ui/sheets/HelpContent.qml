@@ -4,6 +4,8 @@ import Marrowcut.Style
 
 // What the help sheet shows.
 Flickable {
+    id: root
+
     clip: true
     contentWidth: width
     contentHeight: paragraphs.height + 48
@@ -65,6 +67,7 @@ Flickable {
 
         CreditLine {
             topPadding: 6
+            onLinkFocusedChanged: if (linkFocused) root.contentY = root.contentHeight - root.height
         }
     }
 }

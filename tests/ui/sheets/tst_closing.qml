@@ -107,6 +107,15 @@ TestCase {
         helpState.showDiagnostics = false;
     }
 
+    function test_linkScrollsIntoView() {
+        show(help, "showHelp");
+        keyClick(Qt.Key_Tab);
+        tryVerify(() => help.activeFocusItem.url !== undefined);
+        const bottom = help.activeFocusItem.mapToItem(help.contentItem, 0, help.activeFocusItem.height).y;
+        verify(bottom > 0 && bottom < findChild(help, "closeButton").mapToItem(help.contentItem, 0, 0).y);
+        helpState.showHelp = false;
+    }
+
     function test_copy() {
         show(diagnostics, "showDiagnostics");
         const copyButton = findChild(diagnostics, "copyButton");
