@@ -1,0 +1,157 @@
+"""The real application on a desktop of its own: a real drag from another process, a run, the proxies on disk, the
+notification, the clipboard."""
+
+import os
+import shutil
+import subprocess
+import sys
+import tempfile
+import unittest
+from pathlib import Path
+
+sys.path.insert(0, os.fspath(Path(__file__).parent.parent / "support"))
+from desktop import Desktop, wait_until  # noqa: E402
+
+PROGRAM = sys.argv.pop(1)
+SUPPORT = Path(__file__).parent.parent / "support"
+
+
+def make_clip(path, seconds=1):
+    subprocess.run(["ffmpeg", "-nostdin", "-v", "error", "-f", "lavfi", "-i", f"color=gray:s=320x180:r=25:d={seconds}",
+                    "-c:v", "mpeg4", path], check=True)
+
+
+class WindowTest(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.desktop = Desktop(notifications=True, window_manager=True, accessibility=True)
+        cls.desktop.__enter__()
+        cls.addClassCleanup(cls.desktop.__exit__)
+        os.environ.update(cls.desktop.environment)
+        import accessible
+        cls.accessible = accessible
+
+    def setUp(self):
+        self.folder = Path(tempfile.mkdtemp())
+        self.addCleanup(shutil.rmtree, self.folder)
+        self.proxies = self.folder / "marrowcut_proxies"
+
+    def open_window(self, *arguments):
+        self.program = self.desktop.start([PROGRAM, *arguments])
+        self.addCleanup(self.end_program)
+        self.app = self.accessible.Application("marrowcut")
+        self.window = wait_until(lambda: self.windows("Marrowcut"), what="the window")[0]
+
+    def end_program(self):
+        if self.program.poll() is None:
+            self.program.terminate()
+        self.program.wait(10)
+        wait_until(lambda: not self.windows("Marrowcut"), what="the window's end")
+
+    def windows(self, title):
+        found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", f"^{title}$"], stdout=subprocess.PIPE,
+                               env=self.desktop.environment)
+        return found.stdout.decode().split()
+
+    def xdotool(self, *arguments):
+        return self.desktop.run("xdotool", *map(str, arguments))
+
+    def drag_onto_window(self, *paths):
+        """With the mouse, from a window of another process to the middle of ours."""
+        source = self.desktop.start(["/usr/bin/python3", SUPPORT / "drag_source.py", *paths])
+        other = wait_until(lambda: self.windows("drag source"), what="the drag source")[0]
+        self.xdotool("windowmove", "--sync", other, 20, 20)
+        self.xdotool("windowmove", "--sync", self.window, 500, 200)
+        self.xdotool("windowraise", other)
+        self.xdotool("mousemove", "--sync", "--window", other, 75, 50, "mousedown", 1)
+        for x, y in [(90, 60), (120, 80), (140, 90)]:
+            self.xdotool("mousemove", "--sync", "--window", other, x, y)
+        for y in (200, 220, 240):  # a source tells its target of a drag only as the pointer moves
+            self.xdotool("mousemove", "--sync", "--window", self.window, 240, y)
+        self.xdotool("mouseup", 1)
+        return source
+
+    def row(self, name):
+        return self.app.wait_for("list item", name)
+
+    def choose(self, menu, item):
+        self.click(self.app.wait_for("menu item", menu))
+        self.click(self.app.wait_for("menu item", item))
+
+    def click(self, node):
+        x, y, width, height = self.accessible.extents(node)
+        self.xdotool("mousemove", "--sync", x + width // 2, y + height // 2, "click", 1)
+
+    def test_drag_run_and_clear(self):
+        make_clip(self.folder / "a #1.mov")
+        shutil.copytree(Path(__file__).parents[2] / "samples", self.folder / "samples",
+                        ignore=shutil.ignore_patterns("Interview*", "make", "marrowcut_proxies"))
+        self.open_window()
+        drop_text = "Drop a large video file"
+        self.app.wait_for(None, drop_text)
+
+        self.drag_onto_window(self.folder / "a #1.mov")
+        self.row("a #1.mov, Queued")
+        self.drag_onto_window(self.folder / "samples")
+        self.row("A001C001.mxf, Queued")
+        self.row("A002C001.mov, Queued")
+        self.app.wait_for(None, drop_text, gone=True)
+
+        self.app.press("Go")
+        for name in ("a #1.mov", "A001C001.mxf", "A002C001.mov"):
+            self.row(f"{name}, Done")
+        self.app.wait_for(None, "3 of 3 done")
+
+        self.assertTrue((self.proxies / "a #1_proxy.mp4").stat().st_size > 0)
+        lines = (self.folder / "samples/marrowcut_proxies/manifest.csv").read_text().splitlines()
+        self.assertEqual(len(lines), 3)
+        tag = subprocess.check_output(["ffprobe", "-v", "error", "-select_streams", "v:0", "-show_entries",
+                                       "stream_tags=timecode", "-of", "csv=p=0",
+                                       self.folder / "samples/marrowcut_proxies/A001C001_proxy.mp4"])
+        self.assertEqual(tag.decode().strip(), "01:02:03:04")
+
+        shown = wait_until(self.desktop.notifications, what="the notification")
+        self.assertEqual((shown[0]["summary"]["data"], shown[0]["body"]["data"]), ("Marrowcut", "3 files done."))
+
+        self.app.press("Clear Completed")
+        self.app.wait_for(None, drop_text)
+
+    def test_report_reaches_the_clipboard(self):
+        (self.folder / "broken.mov").write_text("nothing")
+        self.open_window(self.folder / "broken.mov")
+        self.app.press("Go")
+        self.row("broken.mov, Failed: could not read metadata")
+        self.choose("Help", "Report a Problem")
+        self.app.press("Copy to Clipboard")
+        self.app.wait_for("button", "Copied")
+        report = self.desktop.run("xclip", "-selection", "clipboard", "-o")
+        self.assertTrue(report.startswith("Marrowcut diagnostic report\nGenerated: "))
+        self.assertRegex(report, r"\nffmpeg: ffmpeg version ")
+        self.assertIn("\nFailed files (1):\n\n- broken.mov\n  Failed: could not read metadata\n  ---\n", report)
+        self.app.press("Close")
+        self.app.wait_for("button", "Copied", gone=True)
+
+    def test_closing_during_a_run_asks_once(self):
+        make_clip(self.folder / "long.mov", seconds=89)
+        self.open_window(self.folder / "long.mov")
+        self.app.press("Go")
+        self.row("long.mov, Encoding")
+        self.desktop.run("wmctrl", "-c", "Marrowcut")
+        self.app.wait_for(None, "A run is going on. Quit anyway?")
+        self.assertIsNone(self.program.poll())
+        self.app.press("Quit")
+        self.assertEqual(self.program.wait(10), 0)
+        self.assertEqual(os.listdir(self.proxies), [".tmp_long_proxy.mp4"])
+        self.assertEqual(subprocess.run(["pgrep", "-f", f"ffmpeg.*{self.folder}"], stdout=subprocess.PIPE).stdout, b"")
+
+    def test_a_signal_does_not_ask(self):
+        make_clip(self.folder / "long.mov", seconds=89)
+        self.open_window(self.folder / "long.mov")
+        self.app.press("Go")
+        self.row("long.mov, Encoding")
+        self.program.terminate()
+        self.assertEqual(self.program.wait(10), 130)
+        self.assertFalse((self.proxies / "long_proxy.mp4").exists())
+
+
+unittest.main(verbosity=1)

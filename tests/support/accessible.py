@@ -1,0 +1,74 @@
+"""The window as a screen reader meets it: names, roles, states and presses through the accessibility bus. Import it
+when the environment is that of the desktop under test."""
+
+import gi
+
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi, GLib  # noqa: E402
+
+from desktop import wait_until  # noqa: E402
+
+Atspi.init()
+
+
+def _all_below(node):
+    """Every element below the node; one that goes away meanwhile is left out."""
+    try:
+        children = [node.get_child_at_index(index) for index in range(node.get_child_count())]
+    except GLib.Error:
+        return
+    for child in filter(None, children):
+        yield child
+        yield from _all_below(child)
+
+
+def _matches(node, role, name):
+    try:
+        found = node.get_name() or ""
+        return (role is None or node.get_role_name() == role) and (found.startswith(name) if name else True)
+    except GLib.Error:
+        return False
+
+
+class Application:
+    def __init__(self, name):
+        self._name = name
+
+    def _root(self):
+        desktop = Atspi.get_desktop(0)
+        desktop.clear_cache()
+        for index in range(desktop.get_child_count()):
+            child = desktop.get_child_at_index(index)
+            if child and child.get_name() == self._name:
+                return child
+        return None
+
+    def elements(self, role=None, name=""):
+        """Those that show now, of the role, with names that begin so."""
+        root = self._root()
+        if root is None:
+            return []
+        root.clear_cache()
+        return [node for node in _all_below(root) if _matches(node, role, name) and is_showing(node)]
+
+    def wait_for(self, role, name, gone=False):
+        found = wait_until(lambda: gone != bool(self.elements(role, name)) and (self.elements(role, name) or True),
+                           what=f"{'no ' if gone else ''}{role} {name!r}")
+        return None if gone else found[0]
+
+    def press(self, name, role="button"):
+        """Presses through the accessibility interface, as assistive technology does."""
+        node = self.wait_for(role, name)
+        node.get_action_iface().do_action(0)
+
+
+def is_showing(node):
+    try:
+        return node.get_state_set().contains(Atspi.StateType.SHOWING)
+    except GLib.Error:
+        return False
+
+
+def extents(node):
+    area = node.get_component_iface().get_extents(Atspi.CoordType.SCREEN)
+    return area.x, area.y, area.width, area.height
