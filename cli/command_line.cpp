@@ -13,6 +13,7 @@ namespace
 {
 
 const char *const usage = R"(Usage: marrowcut-cli [options] PATH...
+       marrowcut-cli [options] --files-from FILE [PATH...]
 
 Makes a small H.264 proxy of each clip (MXF, MOV, MP4) in a folder marrowcut_proxies
 beside it, with file name, source timecode, elapsed time and file date burned into the
@@ -25,6 +26,9 @@ Options:
   --no-burn-in      leave the picture without text
   --notify          show a desktop notification at the end
   --quiet           print failures only
+  --json            print one JSON object per line and event, for programs
+  --files-from FILE read more names from FILE, - for standard input, each ended by a NUL
+                    character as find -print0 writes them
   --help            show this help
   --version         show the version
 
@@ -46,12 +50,32 @@ QString absolutePath(const QString &path)
     return QLatin1Char('/') + kept.join(QLatin1Char('/'));
 }
 
+void addPath(const QString &path, Request &request)
+{
+    request.items.append(QUrl::fromLocalFile(path.isEmpty() ? path : absolutePath(path)));
+}
+
 CommandLine usageError(const QString &problem)
 {
     return {.request = {}, .output = {}, .error = problem};
 }
 
 } // namespace
+
+void addNames(QByteArrayView list, Request &request)
+{
+    while (!list.isEmpty()) {
+        const qsizetype separator = list.indexOf('\0');
+        const QByteArrayView bytes = separator < 0 ? list : list.first(separator);
+        list = list.sliced(separator < 0 ? list.size() : separator + 1);
+        if (bytes.isEmpty())
+            continue;
+        if (const auto name = decodeUtf8(bytes))
+            addPath(*name, request);
+        else
+            request.unusableNames.append(shownBytes(bytes));
+    }
+}
 
 CommandLine parseCommandLine(std::span<char *> arguments, const QString &version)
 {
@@ -68,10 +92,12 @@ CommandLine parseCommandLine(std::span<char *> arguments, const QString &version
     const QCommandLineOption noBurnIn(QStringLiteral("no-burn-in"));
     const QCommandLineOption notify(QStringLiteral("notify"));
     const QCommandLineOption quiet(QStringLiteral("quiet"));
+    const QCommandLineOption json(QStringLiteral("json"));
+    const QCommandLineOption filesFrom(QStringLiteral("files-from"), {}, QStringLiteral("file"));
     const QCommandLineOption help(QStringList{QStringLiteral("help"), QStringLiteral("h")});
     const QCommandLineOption showVersion(QStringLiteral("version"));
     QCommandLineParser parser;
-    parser.addOptions({quality, noBurnIn, notify, quiet, help, showVersion});
+    parser.addOptions({quality, noBurnIn, notify, quiet, json, filesFrom, help, showVersion});
     if (!parser.parse(texts))
         return usageError(parser.errorText());
     if (parser.isSet(help))
@@ -88,9 +114,14 @@ CommandLine parseCommandLine(std::span<char *> arguments, const QString &version
     request.burnIn = !parser.isSet(noBurnIn);
     request.notify = parser.isSet(notify);
     request.quiet = parser.isSet(quiet);
+    request.json = parser.isSet(json);
+    if (request.json && request.quiet)
+        return usageError(QStringLiteral("--json and --quiet exclude each other."));
+    if (parser.isSet(filesFrom))
+        request.namesFrom = parser.value(filesFrom);
     for (const QString &path : parser.positionalArguments())
-        request.items.append(QUrl::fromLocalFile(path.isEmpty() ? path : absolutePath(path)));
-    if (request.items.isEmpty() && request.unusableNames.isEmpty())
+        addPath(path, request);
+    if (request.items.isEmpty() && request.unusableNames.isEmpty() && !request.namesFrom)
         return usageError(QStringLiteral("No clip or folder was named."));
     return {.request = request, .output = {}, .error = {}};
 }

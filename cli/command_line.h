@@ -2,6 +2,7 @@
 
 #include "engine/model/quality_preset.h"
 
+#include <QByteArrayView>
 #include <QList>
 #include <QString>
 #include <QUrl>
@@ -17,8 +18,10 @@ struct Request {
     bool burnIn = true;
     bool notify = false;
     bool quiet = false;
-    QList<QUrl> items;         ///< what was named, absolute
-    QStringList unusableNames; ///< named in bytes that are no text; for showing only
+    bool json = false;
+    std::optional<QString> namesFrom; ///< file with more names, "-" for standard input; not read yet
+    QList<QUrl> items;                ///< what was named, absolute
+    QStringList unusableNames;        ///< named in bytes that are no text; for showing only
 };
 
 struct CommandLine {
@@ -26,6 +29,9 @@ struct CommandLine {
     QString output;                 ///< the answer to --help and --version
     QString error;                  ///< what is wrong with the usage
 };
+
+/// Takes names, separated by NUL, into what the request names. Empty ones don't count.
+void addNames(QByteArrayView list, Request &request);
 
 /// Reads the arguments as the system handed them over, the program's name first.
 CommandLine parseCommandLine(std::span<char *> arguments, const QString &version);

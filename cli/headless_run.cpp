@@ -1,13 +1,15 @@
 #include "headless_run.h"
 
-#include "console_text.h"
 #include "exit_status.h"
+#include "json_reporter.h"
 #include "live_reporter.h"
 #include "plain_reporter.h"
+#include "refusal.h"
 
 #include "engine/queue_summary.h"
 
-#include <QTextStream>
+#include <algorithm>
+#include <utility>
 
 namespace marrowcut::cli
 {
@@ -15,39 +17,15 @@ namespace marrowcut::cli
 namespace
 {
 
-using Reason = RefusedItem::Reason;
-
-std::unique_ptr<Reporter> makeReporter(bool quiet)
+std::unique_ptr<Reporter> makeReporter(const Request &request)
 {
-    if (quiet)
+    if (request.json)
+        return std::make_unique<JsonReporter>();
+    if (request.quiet)
         return std::make_unique<QuietReporter>();
     if (standardOutputIsTerminal())
         return std::make_unique<LiveReporter>();
     return std::make_unique<PlainReporter>();
-}
-
-QString reasonText(Reason reason)
-{
-    switch (reason) {
-    case Reason::noSuchPath:
-        return QStringLiteral("no such file or folder");
-    case Reason::notAVideoFile:
-        return QStringLiteral("not an MXF, MOV or MP4 file");
-    case Reason::folderWithoutVideoFiles:
-        return QStringLiteral("no MXF, MOV or MP4 files in this folder");
-    case Reason::unreadableFolder:
-        return QStringLiteral("this folder cannot be read");
-    case Reason::nameIsNotText:
-        return QStringLiteral("the name is not valid UTF-8 text; rename the file first");
-    }
-    Q_UNREACHABLE();
-}
-
-/// Something that was meant and cannot be done, unlike what a folder or a wildcard merely brought along.
-bool isFailure(Reason reason)
-{
-    return reason == Reason::noSuchPath || reason == Reason::unreadableFolder ||
-           reason == Reason::nameIsNotText;
 }
 
 } // namespace
@@ -56,37 +34,39 @@ HeadlessRun::HeadlessRun(PreferenceStore &preferences, NotificationCenter &notif
                          const Request &request)
     : m_request(request)
     , m_engine(preferences, notifications)
-    , m_reporter(makeReporter(request.quiet))
+    , m_reporter(makeReporter(request))
 {
     connect(&m_engine, &BurnInEngine::willChange, this, &HeadlessRun::scheduleRefresh);
+    connect(&m_engine, &BurnInEngine::recorded, this, &HeadlessRun::reportRecorded);
 }
 
 bool HeadlessRun::queueItems()
 {
     QList<RefusedItem> refused;
     for (const QString &name : m_request.unusableNames)
-        refused.append({name, Reason::nameIsNotText});
+        refused.append({name, RefusedItem::Reason::nameIsNotText});
     refused += m_engine.enqueue(m_request.items);
     tellRefused(refused);
 
     if (m_request.quality)
         m_engine.setQualityPreset(*m_request.quality);
-    const QList<ProxyJob> jobs = m_engine.jobs();
-    for (const ProxyJob &job : jobs) {
+    const QList<ProxyJob> added = m_engine.jobs();
+    for (const ProxyJob &job : added) {
         if (!m_request.burnIn)
             m_engine.toggleBurnIn(job.id);
         m_reportedStatuses.append(job.status);
     }
-    return !jobs.isEmpty();
+    for (const ProxyJob &job : m_engine.jobs())
+        m_reporter->queued(job);
+    return !added.isEmpty();
 }
 
 void HeadlessRun::tellRefused(const QList<RefusedItem> &refused)
 {
-    QTextStream err(stderr);
     for (const RefusedItem &item : refused) {
         m_itemFailed = m_itemFailed || isFailure(item.reason);
         if (!m_request.quiet || isFailure(item.reason) || m_engine.jobs().isEmpty())
-            err << "marrowcut-cli: " << printable(item.path) << ": " << reasonText(item.reason) << '\n';
+            m_reporter->refused(item);
     }
 }
 
@@ -139,6 +119,16 @@ void HeadlessRun::reportJobs()
         }
         ++m_firstUnfinished;
     }
+}
+
+void HeadlessRun::reportRecorded(const QUuid &id, const QString &manifestLine)
+{
+    reportJobs(); // what led here comes first
+    const QList<ProxyJob> &jobs = m_engine.jobs();
+    const auto job = std::find_if(jobs.begin(), jobs.end(),
+                                  [&id](const ProxyJob &candidate) { return candidate.id == id; });
+    if (job != jobs.end())
+        m_reporter->recorded(*job, manifestLine);
 }
 
 } // namespace marrowcut::cli

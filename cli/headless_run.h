@@ -32,6 +32,7 @@ private:
     void scheduleRefresh();
     void refresh();
     void reportJobs();
+    void reportRecorded(const QUuid &id, const QString &manifestLine);
     void tellRefused(const QList<RefusedItem> &refused);
 
     Request m_request;

@@ -1,6 +1,7 @@
 #include "command_line.h"
 #include "exit_status.h"
 #include "headless_run.h"
+#include "name_list.h"
 
 #include "media/ffmpeg_locator.h"
 #include "platform/desktop_notifications.h"
@@ -25,6 +26,27 @@ namespace
 void complain(const QString &problem)
 {
     QTextStream(stderr) << "marrowcut-cli: " << problem << '\n';
+}
+
+int wrongUsage(const QString &problem)
+{
+    complain(problem);
+    QTextStream(stderr) << "Try 'marrowcut-cli --help'.\n";
+    return nothingToDo;
+}
+
+/// Adds the names that the request only points to. Returns what is wrong, or nothing.
+QString completeNames(Request &request, const GivenInput &input)
+{
+    if (!request.namesFrom)
+        return QString();
+    QString problem;
+    const std::optional<QByteArray> list = readNameList(*request.namesFrom, input, problem);
+    if (!list)
+        return problem;
+    addNames(*list, request);
+    const bool namesNothing = request.items.isEmpty() && request.unusableNames.isEmpty();
+    return namesNothing ? QStringLiteral("No clip or folder was named.") : QString();
 }
 
 bool toolsAreThere()
@@ -77,18 +99,18 @@ int runRequest(const Request &request)
 
 int main(int argc, char *argv[])
 {
+    const GivenInput input;
     setUpProcess();
-    const CommandLine commandLine = parseCommandLine(std::span(argv, static_cast<std::size_t>(argc)),
-                                                     readVersionKeys(resourceFolder()).text());
+    CommandLine commandLine = parseCommandLine(std::span(argv, static_cast<std::size_t>(argc)),
+                                               readVersionKeys(resourceFolder()).text());
     QTextStream(stdout) << commandLine.output;
-    if (!commandLine.error.isEmpty()) {
-        complain(commandLine.error);
-        QTextStream(stderr) << "Try 'marrowcut-cli --help'.\n";
-        return nothingToDo;
-    }
+    if (!commandLine.error.isEmpty())
+        return wrongUsage(commandLine.error);
     if (!commandLine.request)
         return allDone;
 
+    if (const QString problem = completeNames(*commandLine.request, input); !problem.isEmpty())
+        return wrongUsage(problem);
     const QCoreApplication application(argc, argv);
     return runRequest(*commandLine.request);
 }

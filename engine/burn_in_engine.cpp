@@ -107,15 +107,18 @@ void BurnInEngine::start()
 
     std::promise<void> ended;
     m_runEnded = ended.get_future();
-    m_runThread = std::jthread(
-        [this, preset = m_qualityPreset, ended = std::move(ended)](std::stop_token stop) mutable {
-            try {
-                QueueRunner(m_jobs, m_mainThread, chunkSeconds, std::move(stop)).runQueue(preset);
-                m_mainThread.post([this] { finishRun(); });
-            } catch (const Interrupted &) { // the program is quitting: nothing more is wanted
-            }
-            ended.set_value();
-        });
+    m_runThread = std::jthread([this, preset = m_qualityPreset,
+                                ended = std::move(ended)](std::stop_token stop) mutable {
+        try {
+            const auto tellRecorded = [this](const QUuid &id, const QString &manifestLine) {
+                Q_EMIT recorded(id, manifestLine);
+            };
+            QueueRunner(m_jobs, m_mainThread, chunkSeconds, tellRecorded, std::move(stop)).runQueue(preset);
+            m_mainThread.post([this] { finishRun(); });
+        } catch (const Interrupted &) { // the program is quitting: nothing more is wanted
+        }
+        ended.set_value();
+    });
 }
 
 void BurnInEngine::finishRun()

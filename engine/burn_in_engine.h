@@ -70,6 +70,9 @@ public:
 
 Q_SIGNALS:
     void willChange();
+    /// A job that was probed or encoded is finished, and this line, its line feed included, was given
+    /// to the manifest. Comes after the edits that finished the job, before any of the next one.
+    void recorded(const QUuid &id, const QString &manifestLine);
 
 private:
     void finishRun();

@@ -14,11 +14,12 @@
 namespace marrowcut
 {
 
-QueueRunner::QueueRunner(JobList &jobs, MainThreadQueue &mainThread, double chunkSeconds,
+QueueRunner::QueueRunner(JobList &jobs, MainThreadQueue &mainThread, double chunkSeconds, Recorded recorded,
                          std::stop_token stop)
     : m_jobs(jobs)
     , m_mainThread(mainThread)
     , m_chunkSeconds(chunkSeconds)
+    , m_recorded(std::move(recorded))
     , m_stop(std::move(stop))
     , m_system(media::currentSystemValues())
 {
@@ -52,7 +53,7 @@ void QueueRunner::processUnfinished(const ProxyJob &job, const OutputPaths &path
     const std::optional<ProbedMetadata> meta = media::probe(source, m_stop);
     if (!meta) {
         fail(job.id, QStringLiteral("could not read metadata"), media::probeFailureDetail(source, m_stop));
-        Manifest::append(paths.manifest, Manifest::line(paths, meta, QStringLiteral("failed: metadata")));
+        record(job.id, paths, meta, QStringLiteral("failed: metadata"));
         return;
     }
 
@@ -62,8 +63,16 @@ void QueueRunner::processUnfinished(const ProxyJob &job, const OutputPaths &path
         finish(job.id, JobStatus::done());
     else
         fail(job.id, QStringLiteral("encode error"), result.stderrTail);
-    const QString status = result.success ? QStringLiteral("done") : QStringLiteral("failed: encode error");
-    Manifest::append(paths.manifest, Manifest::line(paths, meta, status));
+    record(job.id, paths, meta,
+           result.success ? QStringLiteral("done") : QStringLiteral("failed: encode error"));
+}
+
+void QueueRunner::record(const QUuid &id, const OutputPaths &paths, const std::optional<ProbedMetadata> &meta,
+                         const QString &status)
+{
+    const QString line = Manifest::line(paths, meta, status);
+    Manifest::append(paths.manifest, line);
+    m_mainThread.post([recorded = m_recorded, id, line] { recorded(id, line); });
 }
 
 media::EncodeResult QueueRunner::encode(const media::EncodeJob &encodeJob, const OutputPaths &paths)

@@ -4,6 +4,7 @@
 #include "engine/model/quality_preset.h"
 #include "media/encode_job.h"
 
+#include <functional>
 #include <stop_token>
 
 namespace marrowcut
@@ -18,8 +19,12 @@ struct OutputPaths;
 class QueueRunner
 {
 public:
+    /// Called on the main thread once a finished job's line was given to the manifest.
+    using Recorded = std::function<void(const QUuid &id, const QString &manifestLine)>;
+
     /// chunkSeconds: length of the pieces of a long clip, and the duration above which it is cut.
-    QueueRunner(JobList &jobs, MainThreadQueue &mainThread, double chunkSeconds, std::stop_token stop);
+    QueueRunner(JobList &jobs, MainThreadQueue &mainThread, double chunkSeconds, Recorded recorded,
+                std::stop_token stop);
 
     /// Processes every job that is queued and selected now, in list order.
     void runQueue(QualityPreset preset);
@@ -28,6 +33,9 @@ private:
     void processJob(const QUuid &id, QualityPreset preset);
     void processUnfinished(const ProxyJob &job, const OutputPaths &paths, QualityPreset preset);
     media::EncodeResult encode(const media::EncodeJob &encodeJob, const OutputPaths &paths);
+
+    void record(const QUuid &id, const OutputPaths &paths, const std::optional<ProbedMetadata> &meta,
+                const QString &status);
 
     QList<QUuid> selectedQueuedIds();
     std::optional<ProxyJob> copyOf(const QUuid &id);
@@ -39,6 +47,7 @@ private:
     JobList &m_jobs;
     MainThreadQueue &m_mainThread;
     const double m_chunkSeconds;
+    const Recorded m_recorded;
     const std::stop_token m_stop;
     const media::SystemValues m_system;
 };

@@ -1,5 +1,6 @@
 """marrowcut-cli as a user meets it: real clips, a real terminal, signals, exit statuses."""
 
+import json
 import os
 import pty
 import re
@@ -121,6 +122,82 @@ class CliTest(unittest.TestCase):
         self.assertEqual((result.returncode, result.stderr), (0, b""))
         self.assertIn(",25/1,1.0,0,", (self.proxies / "manifest.csv").read_text())
 
+    # For programs
+
+    @staticmethod
+    def events(output):
+        events = [json.loads(line) for line in output.decode().splitlines()]
+        return events, [(event["event"], os.path.basename(event.get("clip", event.get("item", ""))))
+                        for event in events if event["event"] != "progress"]
+
+    def test_json_tells_every_event(self):
+        make_clip(self.folder / "a,\n\".mov")
+        make_clip(self.folder / "b.mov")
+        self.proxies.mkdir()
+        (self.proxies / "b_proxy.mp4").touch()
+        (self.folder / "broken.mxf").write_text("nothing")
+        result = self.run_cli("--json", "--no-burn-in", "gone.mov", "notes.txt", "a,\n\".mov", "b.mov", "broken.mxf")
+        events, order = self.events(result.stdout)
+        self.assertEqual((result.returncode, result.stderr), (1, b""))
+        self.assertEqual(order, [
+            ("refused", "gone.mov"), ("refused", "notes.txt"),
+            ("queued", "a,\n\".mov"), ("queued", "b.mov"), ("queued", "broken.mxf"),
+            ("status", "a,\n\".mov"), ("status", "a,\n\".mov"), ("done", "a,\n\".mov"), ("done", "b.mov"),
+            ("status", "broken.mxf"), ("failed", "broken.mxf"), ("summary", "")])
+        self.assertEqual({event["v"] for event in events}, {1})
+        self.assertEqual((events[0]["reason"], events[0]["failure"]), ("noSuchPath", True))
+        self.assertEqual((events[2]["burnIn"], events[2]["proxy"]), (False, f"{self.proxies}/a,\n\"_proxy.mp4"))
+        done, skipped = [event for event in events if event["event"] == "done"]
+        self.assertEqual((done["encoded"], skipped["encoded"], skipped["manifest"]), (True, False, None))
+        self.assertTrue(os.path.exists(done["proxy"]))
+        failed, summary = events[-2:]
+        self.assertEqual(failed["message"], "could not read metadata")
+        self.assertIn("broken.mxf", failed["detail"])
+        self.assertEqual((self.proxies / "manifest.csv").read_text().split("\n", 1)[1],
+                         done["manifest"] + "\n" + failed["manifest"] + "\n")
+        self.assertEqual({key: summary[key] for key in ("clips", "done", "failed", "refused")},
+                         {"clips": 3, "done": 2, "failed": 1, "refused": 2})
+
+    def test_json_lines_come_at_once_up_to_the_interruption(self):
+        process = subprocess.Popen([self.hanging_encoder(), "--json", "a.mov"], cwd=self.folder, env=self.environment,
+                                   stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+        while json.loads(process.stdout.readline())["event"] != "progress":
+            pass
+        process.send_signal(signal.SIGINT)
+        output, errors = process.communicate(timeout=60)
+        self.assertEqual((process.returncode, errors), (130, b""))
+        self.assertEqual(self.events(output)[1], [("interrupted", "")])
+
+    def test_names_from_a_list(self):
+        names = ["a\n.mov", "--quiet.mov", "b.mov"]
+        for name in names:
+            (self.folder / name).write_text("nothing")
+        listed = b"a\n.mov\0\0--quiet.mov\0bad\xff.mov"
+        (self.folder / "list").write_bytes(listed)
+        for source, given in [("-", listed), ("list", b"")]:
+            with self.subTest(source=source):
+                result = self.run_cli("--json", "--files-from", source, "b.mov", input=given)
+                order = self.events(result.stdout)[1]
+                self.assertEqual(result.returncode, 1)
+                self.assertEqual(order[0], ("refused", "bad\\xFF.mov"))
+                self.assertEqual(sorted(name for event, name in order if event == "queued"), sorted(names))
+
+    def test_names_that_cannot_be_had(self):
+        for source, complaint in [("-", "No clip or folder was named."), (".", "Cannot read names from ."),
+                                  ("gone", "Cannot read names from gone: No such file")]:
+            with self.subTest(source=source):
+                result = self.run_cli("--files-from", source, input=b"\0")
+                self.assertEqual((result.returncode, result.stdout), (2, b""))
+                self.assertIn(complaint, result.stderr.decode())
+
+    def test_listed_names_leave_nothing_for_the_encoder_to_read(self):
+        (self.folder / "a.mov").touch()
+        program = self.with_stand_ins("when avg_frame_rate\nout 25/1\\n\nend\nwhen ffprobe\nexit 0\nend\n"
+                                      "err keys:\nstdin\nerr \\n\nexit 1\n")
+        result = subprocess.run([program, "--files-from", "-"], input=b"a.mov\0", capture_output=True, cwd=self.folder,
+                                env=self.environment)
+        self.assertRegex(result.stdout.decode(), r"    keys:\n")
+
     # What it says no to
 
     def test_wrong_usage_and_nothing_to_do(self):
@@ -130,6 +207,7 @@ class CliTest(unittest.TestCase):
             ([], "No clip or folder was named."),
             (["--nonsense", "x"], "nonsense"),
             (["--quality", "Tiny", "x"], "Unknown quality 'Tiny'"),
+            (["--json", "--quiet", "x"], "--json and --quiet exclude each other."),
             (["gone.mov"], f"{self.folder}/gone.mov: no such file or folder"),
             (["notes.txt"], "not an MXF, MOV or MP4 file"),
             (["empty"], "no MXF, MOV or MP4 files in this folder"),

@@ -1,0 +1,134 @@
+#include "json_reporter.h"
+
+#include "engine/output_paths.h"
+#include "engine/queue_summary.h"
+#include "refusal.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <cmath>
+#include <cstdio>
+
+namespace marrowcut::cli
+{
+
+namespace
+{
+
+constexpr int formatVersion = 1;
+
+void write(const QString &event, QJsonObject fields)
+{
+    fields.insert(QStringLiteral("v"), formatVersion);
+    fields.insert(QStringLiteral("event"), event);
+    const QByteArray line = QJsonDocument(fields).toJson(QJsonDocument::Compact) + '\n';
+    std::fwrite(line.constData(), 1, static_cast<std::size_t>(line.size()), stdout);
+    std::fflush(stdout); // whoever reads a pipe waits for this line
+}
+
+QJsonObject clipFields(const ProxyJob &job)
+{
+    return {{QStringLiteral("clip"), job.sourceURL.toLocalFile()}};
+}
+
+QJsonObject proxyFields(const ProxyJob &job)
+{
+    QJsonObject fields = clipFields(job);
+    fields.insert(QStringLiteral("proxy"), OutputPaths::forSource(job.sourceURL).finalOutput);
+    return fields;
+}
+
+void writeDone(const ProxyJob &job, const QJsonValue &manifestLine)
+{
+    QJsonObject fields = proxyFields(job);
+    fields.insert(QStringLiteral("encoded"), !manifestLine.isNull());
+    fields.insert(QStringLiteral("manifest"), manifestLine);
+    write(QStringLiteral("done"), fields);
+}
+
+void writeFailed(const ProxyJob &job, const QJsonValue &manifestLine)
+{
+    QJsonObject fields = clipFields(job);
+    fields.insert(QStringLiteral("message"), job.status.message());
+    fields.insert(QStringLiteral("detail"), job.errorDetail.value_or(QString()));
+    fields.insert(QStringLiteral("manifest"), manifestLine);
+    write(QStringLiteral("failed"), fields);
+}
+
+void writeStatus(const ProxyJob &job)
+{
+    QJsonObject fields = clipFields(job);
+    fields.insert(QStringLiteral("status"),
+                  job.status.isProbing() ? QStringLiteral("probing") : QStringLiteral("encoding"));
+    write(QStringLiteral("status"), fields);
+}
+
+double rounded(double number)
+{
+    return std::round(number * 10000) / 10000;
+}
+
+} // namespace
+
+void JsonReporter::refused(const RefusedItem &item)
+{
+    ++m_refusedCount;
+    write(QStringLiteral("refused"), {{QStringLiteral("item"), item.path},
+                                      {QStringLiteral("reason"), refusalName(item.reason)},
+                                      {QStringLiteral("text"), refusalText(item.reason)},
+                                      {QStringLiteral("failure"), isFailure(item.reason)}});
+}
+
+void JsonReporter::queued(const ProxyJob &job)
+{
+    QJsonObject fields = proxyFields(job);
+    fields.insert(QStringLiteral("burnIn"), job.burnInEnabled);
+    write(QStringLiteral("queued"), fields);
+}
+
+void JsonReporter::statusChanged(const ProxyJob &job)
+{
+    if (job.status.isProbing() || job.status.isEncoding())
+        writeStatus(job);
+    else if (job.status == JobStatus::skipped())
+        writeDone(job, QJsonValue::Null); // done and failed are told once the manifest has their line
+}
+
+void JsonReporter::progressed(const ProxyJob &runningJob, const QList<ProxyJob> &jobs)
+{
+    if (!runningJob.status.isEncoding())
+        return;
+    QJsonObject fields = clipFields(runningJob);
+    fields.insert(QStringLiteral("progress"), rounded(runningJob.progress));
+    fields.insert(QStringLiteral("overall"), rounded(QueueSummary::of(jobs).overallProgress));
+    fields.insert(QStringLiteral("remainingSeconds"), runningJob.etaSeconds
+                                                          ? QJsonValue(rounded(*runningJob.etaSeconds))
+                                                          : QJsonValue(QJsonValue::Null));
+    write(QStringLiteral("progress"), fields);
+}
+
+void JsonReporter::recorded(const ProxyJob &job, const QString &manifestLine)
+{
+    const QString line = manifestLine.chopped(1); // the line feed
+    if (job.status.isFailed())
+        writeFailed(job, line);
+    else
+        writeDone(job, line);
+}
+
+void JsonReporter::finished(const QList<ProxyJob> &jobs)
+{
+    const QueueSummary summary = QueueSummary::of(jobs);
+    write(QStringLiteral("summary"), {{QStringLiteral("clips"), qint64(summary.jobCount)},
+                                      {QStringLiteral("done"), qint64(summary.doneCount)},
+                                      {QStringLiteral("failed"), qint64(summary.failedCount)},
+                                      {QStringLiteral("refused"), m_refusedCount}});
+}
+
+void JsonReporter::interrupted()
+{
+    write(QStringLiteral("interrupted"), {});
+}
+
+} // namespace marrowcut::cli
