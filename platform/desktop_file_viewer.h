@@ -1,0 +1,29 @@
+#pragma once
+
+#include "platform/file_viewer.h"
+
+#include <QObject>
+
+#include <functional>
+
+namespace marrowcut
+{
+
+/// The file viewer behind org.freedesktop.FileManager1 on the session bus. Where there is no bus or
+/// nobody answers, the nearest existing folder is opened instead.
+class DesktopFileViewer : public QObject, public FileViewer
+{
+    Q_OBJECT
+public:
+    /// openFolder opens a folder with the program that the desktop has for folders.
+    explicit DesktopFileViewer(std::function<void(const QUrl &folder)> openFolder, QObject *parent = nullptr);
+
+    void reveal(const QUrl &folder) override;
+
+private:
+    void openNearestFolder(const QUrl &folder);
+
+    std::function<void(const QUrl &folder)> m_openFolder;
+};
+
+} // namespace marrowcut
