@@ -1,0 +1,229 @@
+#include "ui/main/job_list_model.h"
+
+#include <QAbstractItemModelTester>
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace marrowcut;
+
+namespace
+{
+
+QList<ProxyJob> jobsNamed(const QStringList &names)
+{
+    QList<ProxyJob> jobs;
+    for (const QString &name : names)
+        jobs.append(ProxyJob::forSource(QUrl::fromLocalFile(QStringLiteral("/clips/") + name)));
+    return jobs;
+}
+
+QList<ProxyJob> manyJobs(int count)
+{
+    QStringList names;
+    for (int number = 0; number < count; ++number)
+        names.append(QStringLiteral("%1.mxf").arg(number));
+    return jobsNamed(names);
+}
+
+QString shownNames(const JobListModel &model)
+{
+    QStringList names;
+    for (int row = 0; row < model.rowCount(); ++row)
+        names.append(model.index(row).data(JobListModel::NameRole).toString());
+    return names.join(QLatin1Char(' '));
+}
+
+/// What a model said since it was made; a reset is a failure.
+struct Watched {
+    JobListModel model;
+    QAbstractItemModelTester tester{&model, QAbstractItemModelTester::FailureReportingMode::QtTest};
+    QSignalSpy inserted{&model, &QAbstractItemModel::rowsInserted};
+    QSignalSpy removed{&model, &QAbstractItemModel::rowsRemoved};
+    QSignalSpy changed{&model, &QAbstractItemModel::dataChanged};
+    QSignalSpy reset{&model, &QAbstractItemModel::modelReset};
+
+    void forget()
+    {
+        inserted.clear();
+        removed.clear();
+        changed.clear();
+    }
+    /// "2-3" for rows 2 to 3.
+    static QString rows(const QList<QVariant> &signal, int first)
+    {
+        return QStringLiteral("%1-%2").arg(signal[first].toInt()).arg(signal[first + 1].toInt());
+    }
+    QString changedRows(int signal) const
+    {
+        const auto row = [&](int argument) { return changed[signal][argument].value<QModelIndex>().row(); };
+        return QStringLiteral("%1-%2").arg(row(0)).arg(row(1));
+    }
+};
+
+} // namespace
+
+class JobListModelTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void newJobsComeAsOneInsertAtTheEnd()
+    {
+        Watched watched;
+        QList<ProxyJob> jobs = jobsNamed({QStringLiteral("a.mxf"), QStringLiteral("b.mxf")});
+        watched.model.mirror(jobs);
+        jobs += jobsNamed({QStringLiteral("c.mxf"), QStringLiteral("d.mxf")});
+        watched.model.mirror(jobs);
+        QCOMPARE(watched.inserted.size(), 2);
+        QCOMPARE(Watched::rows(watched.inserted[1], 1), QStringLiteral("2-3"));
+        QCOMPARE(shownNames(watched.model), QStringLiteral("a.mxf b.mxf c.mxf d.mxf"));
+        QVERIFY(watched.removed.isEmpty() && watched.changed.isEmpty() && watched.reset.isEmpty());
+    }
+
+    void removedRunsGoBackToFront()
+    {
+        Watched watched;
+        QList<ProxyJob> jobs = manyJobs(8);
+        watched.model.mirror(jobs);
+        jobs.remove(5, 2);
+        jobs.remove(3);
+        jobs.remove(0, 2);
+        watched.model.mirror(jobs);
+        QStringList runs;
+        for (const QList<QVariant> &signal : std::as_const(watched.removed))
+            runs.append(Watched::rows(signal, 1));
+        QCOMPARE(runs.join(QLatin1Char(' ')), QStringLiteral("5-6 3-3 0-1"));
+        QCOMPARE(shownNames(watched.model), QStringLiteral("2.mxf 4.mxf 7.mxf"));
+        QVERIFY(watched.changed.isEmpty() && watched.reset.isEmpty());
+    }
+
+    void removalChangeAndInsertInOneStep()
+    {
+        Watched watched;
+        QList<ProxyJob> jobs = manyJobs(4);
+        watched.model.mirror(jobs);
+        watched.forget();
+        jobs.removeFirst();
+        jobs[1].status = JobStatus::encoding();
+        jobs += jobsNamed({QStringLiteral("new.mov")});
+        watched.model.mirror(jobs);
+        QCOMPARE(watched.removed.size(), 1);
+        QCOMPARE(watched.inserted.size(), 1);
+        QCOMPARE(watched.changed.size(), 1);
+        QCOMPARE(watched.changedRows(0), QStringLiteral("1-1"));
+        QCOMPARE(shownNames(watched.model), QStringLiteral("1.mxf 2.mxf 3.mxf new.mov"));
+        QCOMPARE(watched.model.index(1).data(JobListModel::StatusTextRole).toString(),
+                 QStringLiteral("Encoding…"));
+    }
+
+    void removingEverythingLeavesNothing()
+    {
+        Watched watched;
+        watched.model.mirror(manyJobs(3));
+        watched.model.mirror({});
+        QCOMPARE(watched.model.rowCount(), 0);
+        QCOMPARE(watched.removed.size(), 1);
+        QVERIFY(watched.reset.isEmpty());
+    }
+
+    void changesNameTheirRoles()
+    {
+        Watched watched;
+        QList<ProxyJob> jobs = manyJobs(5);
+        watched.model.mirror(jobs);
+        jobs[0].isSelected = false;
+        jobs[1].isSelected = false;
+        jobs[3].burnInEnabled = false;
+        jobs[4].progress = 0.5;
+        watched.model.mirror(jobs);
+        QCOMPARE(watched.changed.size(), 3);
+        QCOMPARE(watched.changedRows(0), QStringLiteral("0-1"));
+        QCOMPARE(watched.changed[0][2].value<QList<int>>(), QList<int>{JobListModel::IsSelectedRole});
+        QCOMPARE(watched.changedRows(1), QStringLiteral("3-3"));
+        QCOMPARE(watched.changed[1][2].value<QList<int>>(), QList<int>{JobListModel::BurnInEnabledRole});
+        QVERIFY(watched.changed[2][2].value<QList<int>>().contains(JobListModel::AccessibleTextRole));
+        watched.forget();
+        watched.model.mirror(jobs);
+        QVERIFY(watched.changed.isEmpty());
+    }
+
+    void aMassChangeIsOneSignal()
+    {
+        QList<ProxyJob> jobs = manyJobs(10000);
+        JobListModel model; // the tester walks all rows at each signal: too much of a good thing here
+        model.mirror(jobs);
+        QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
+        for (ProxyJob &job : jobs)
+            job.isSelected = false;
+        model.mirror(jobs);
+        QCOMPARE(changed.size(), 1);
+        QCOMPARE(changed[0][1].value<QModelIndex>().row(), 9999);
+        QVERIFY(!model.index(9999).data(JobListModel::IsSelectedRole).toBool());
+    }
+
+    void whatARowShows_data()
+    {
+        QTest::addColumn<JobStatus>("status");
+        QTest::addColumn<double>("eta");
+        QTest::addColumn<int>("kind");
+        QTest::addColumn<QString>("etaText");
+        QTest::addColumn<double>("bar");
+        QTest::addColumn<QString>("spoken");
+        const double none = -1;
+        const double infinite = std::numeric_limits<double>::infinity();
+        const double nan = std::numeric_limits<double>::quiet_NaN();
+        const JobStatus encoding = JobStatus::encoding();
+        const QString nothing;
+        const auto spoken = QStringLiteral("A 1.mxf, Encoding…, 40 percent");
+        QTest::newRow("queued") << JobStatus::queued() << none << int(JobListModel::Queued) << nothing
+                                << 0.409 << QStringLiteral("A 1.mxf, Queued");
+        QTest::newRow("probing with a stale estimate")
+            << JobStatus::probing() << 90.0 << int(JobListModel::Active) << nothing << 0.409
+            << QStringLiteral("A 1.mxf, Reading metadata…");
+        QTest::newRow("encoding") << encoding << 90.0 << int(JobListModel::Active)
+                                  << QStringLiteral("· 1m left") << 0.409 << spoken;
+        for (const double eta : {none, 0.5, 1.0, infinite, nan, 1e300})
+            QTest::addRow("encoding, estimate %g", eta)
+                << encoding << eta << int(JobListModel::Active) << nothing << 0.409 << spoken;
+        QTest::newRow("done") << JobStatus::done() << none << int(JobListModel::Successful) << nothing << 1.0
+                              << QStringLiteral("A 1.mxf, Done");
+        QTest::newRow("skipped") << JobStatus::skipped() << none << int(JobListModel::Successful) << nothing
+                                 << 1.0 << QStringLiteral("A 1.mxf, Already done");
+        QTest::newRow("failed") << JobStatus::failed(QStringLiteral("encode error")) << none
+                                << int(JobListModel::Failed) << nothing << 0.409
+                                << QStringLiteral("A 1.mxf, Failed: encode error");
+    }
+
+    void whatARowShows()
+    {
+        QFETCH(JobStatus, status);
+        QFETCH(double, eta);
+        QList<ProxyJob> jobs = jobsNamed({QStringLiteral("A 1.mxf")});
+        jobs[0].status = status;
+        jobs[0].progress = 0.409;
+        if (eta != -1)
+            jobs[0].etaSeconds = eta;
+        JobListModel model;
+        model.mirror(jobs);
+        const QModelIndex row = model.index(0);
+        QTEST(row.data(JobListModel::StatusKindRole).toInt(), "kind");
+        QTEST(row.data(JobListModel::EtaTextRole).toString(), "etaText");
+        QTEST(row.data(JobListModel::ProgressRole).toDouble(), "bar");
+        QTEST(row.data(JobListModel::AccessibleTextRole).toString(), "spoken");
+    }
+
+    void theLastLineOfAnErrorIsShown()
+    {
+        QList<ProxyJob> jobs = manyJobs(2);
+        jobs[0].errorDetail = QStringLiteral("frame= 10\nDisk full\n\n");
+        JobListModel model;
+        model.mirror(jobs);
+        QCOMPARE(model.index(0).data(JobListModel::ErrorTextRole).toString(), QStringLiteral("Disk full"));
+        QCOMPARE(model.index(1).data(JobListModel::ErrorTextRole).toString(), QString());
+    }
+};
+
+Q_DECLARE_METATYPE(marrowcut::JobStatus)
+
+QTEST_GUILESS_MAIN(JobListModelTest)
+#include "tst_job_list_model.moc"

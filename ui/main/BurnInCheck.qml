@@ -1,0 +1,41 @@
+import QtQuick
+import QtQuick.Controls
+import Marrowcut.Style
+
+// One row's switch for the text in the picture.
+Item {
+    id: root
+
+    required property bool checked
+    required property string name
+    property alias focusPolicy: mark.focusPolicy
+    property alias visualFocus: mark.visualFocus
+
+    signal toggled()
+
+    implicitHeight: mark.height + 2 * 3
+
+    Rectangle {
+        anchors.fill: parent
+        radius: 4
+        color: Theme.accent
+        opacity: 0.1
+    }
+
+    CheckMark {
+        id: mark
+
+        anchors.verticalCenter: parent.verticalCenter
+        checked: root.checked
+        Accessible.name: "Burn in filename and timecode, " + root.name
+        onToggled: root.toggled()
+    }
+
+    HoverHandler {
+        id: pointer
+    }
+
+    ToolTip.visible: pointer.hovered
+    ToolTip.delay: 700
+    ToolTip.text: "Burn in filename and timecode"
+}

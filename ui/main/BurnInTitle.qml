@@ -1,0 +1,35 @@
+import QtQuick
+import Marrowcut.Style
+
+// The title of the burn-in column. It explains the column in a popover.
+BorderlessButton {
+    id: root
+
+    property bool showBurnInHelp: false
+
+    objectName: "burnInTitle"
+    text: "Burn-in"
+    symbol: "questionmark.circle"
+    spacing: 3
+    alignment: Qt.AlignLeft
+    font.pixelSize: 9
+    font.weight: Font.Medium
+    color: Theme.accent
+    hoverColor: Theme.accent
+    Accessible.name: "What is burn-in?"
+    onClicked: showBurnInHelp = true
+
+    Popover {
+        objectName: "burnInHelp"
+        visible: root.showBurnInHelp
+        onClosed: root.showBurnInHelp = false
+
+        contentItem: Text {
+            width: 220
+            text: "Turn this off per file if you just need a smaller proxy and don't need the filename/timecode burned into the picture."
+            font.pixelSize: 11
+            color: Theme.primary
+            wrapMode: Text.WordWrap
+        }
+    }
+}

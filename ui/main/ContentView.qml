@@ -1,0 +1,79 @@
+import QtQuick
+import QtQuick.Layouts
+import Marrowcut.Sheets
+import Marrowcut.Style
+
+// The content of the one window, from its menu bar to its lower edge.
+Item {
+    id: root
+
+    required property QueueViewModel queue
+    required property HelpState helpState
+    required property DiagnosticsReport report
+    property alias menuBar: menuBarPlace.data
+    readonly property alias isTargeted: dropTarget.isTargeted
+
+    ColumnLayout {
+        anchors.fill: parent
+        spacing: 0
+
+        Item {
+            id: menuBarPlace
+
+            Layout.fillWidth: true
+            Layout.preferredHeight: childrenRect.height
+        }
+
+        MainHeader {
+            Layout.fillWidth: true
+            presetNames: root.queue.presetNames
+            presetIndex: root.queue.presetIndex
+            presetDescription: root.queue.presetDescription
+            onPresetChosen: index => root.queue.choosePreset(index)
+            onHelpRequested: root.helpState.showHelp = true
+        }
+
+        DropZone {
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+            visible: root.queue.isEmpty
+        }
+
+        JobListView {
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+            visible: !root.queue.isEmpty
+            queue: root.queue
+        }
+
+        SummaryBar {
+            Layout.fillWidth: true
+            Layout.margins: 12
+            visible: !root.queue.isEmpty
+            queue: root.queue
+        }
+    }
+
+    DropTarget {
+        id: dropTarget
+
+        anchors.fill: parent
+        queue: root.queue
+    }
+
+    HelpView {
+        shown: root.helpState.showHelp
+        onDismissed: root.helpState.showHelp = false
+    }
+
+    AboutView {
+        shown: root.helpState.showAbout
+        onDismissed: root.helpState.showAbout = false
+    }
+
+    DiagnosticsView {
+        shown: root.helpState.showDiagnostics
+        report: root.report
+        onDismissed: root.helpState.showDiagnostics = false
+    }
+}

@@ -1,0 +1,29 @@
+import QtQuick
+import Marrowcut.Style
+
+// Takes files and folders that are dragged from other programs, and shows an outline while it would.
+DropArea {
+    id: root
+
+    required property QueueViewModel queue
+    readonly property bool isTargeted: containsDrag
+
+    // Always a copy: a source that offers to move must not take its files for moved.
+    onEntered: drag => root.queue.acceptsDrop(drag.urls) ? drag.accept(Qt.CopyAction) : (drag.accepted = false)
+    onPositionChanged: drag => drag.accept(Qt.CopyAction)
+    onDropped: drop => {
+        drop.accept(Qt.CopyAction);
+        root.queue.handleDrop(drop.urls);
+    }
+
+    // Before the content, since bars and list are opaque; it covers no more than the window's edge.
+    Rectangle {
+        objectName: "dropHighlight"
+        anchors.fill: parent
+        visible: root.isTargeted
+        radius: 12
+        color: "transparent"
+        border.color: Theme.accent
+        border.width: 3
+    }
+}

@@ -1,0 +1,96 @@
+import QtQuick
+import QtQuick.Controls
+import QtQuick.Layouts
+import Marrowcut.Style
+
+// The column header, the rows and the control bar.
+ColumnLayout {
+    id: root
+
+    required property QueueViewModel queue
+    property bool showAdvancedOptions: false
+    readonly property int includeColumnWidth: 20
+    readonly property int burnInColumnWidth: 58
+    // How much of the burn-in column is there: one value moves its title and every row together.
+    property real burnInShare: showAdvancedOptions ? 1 : 0
+
+    spacing: 0
+
+    Behavior on burnInShare {
+        NumberAnimation {
+            duration: 150
+            easing.type: Easing.InOutQuad
+        }
+    }
+
+    JobListHeader {
+        Layout.fillWidth: true
+        Layout.leftMargin: 12
+        Layout.rightMargin: 12
+        Layout.topMargin: 6
+        Layout.bottomMargin: 2
+        visible: root.queue.hasQueuedJobs
+        includeColumnWidth: root.includeColumnWidth
+        burnInColumnWidth: root.burnInColumnWidth
+        burnInShare: root.burnInShare
+        showAdvancedOptions: root.showAdvancedOptions
+        onAdvancedToggled: root.showAdvancedOptions = !root.showAdvancedOptions
+    }
+
+    Rectangle {
+        Layout.fillWidth: true
+        Layout.fillHeight: true
+        color: Theme.base
+
+        ListView {
+            id: list
+
+            objectName: "jobList"
+            anchors.fill: parent
+            topMargin: 4
+            bottomMargin: 4
+            model: root.queue.jobs
+            reuseItems: true
+            clip: true
+            boundsBehavior: Flickable.StopAtBounds
+            Accessible.role: Accessible.List
+            Accessible.name: "Jobs"
+
+            ScrollBar.vertical: ScrollBar {
+                id: scrollBar
+            }
+
+            delegate: JobRow {
+                width: list.width
+                trailingPadding: scrollBar.size < 1 ? scrollBar.width + 4 : 12
+                includeColumnWidth: root.includeColumnWidth
+                burnInColumnWidth: root.burnInColumnWidth
+                burnInShare: root.burnInShare
+                onIncludeToggled: root.queue.toggleSelected(jobId)
+                onBurnInToggled: root.queue.toggleBurnIn(jobId)
+                onRemoveRequested: root.queue.removeFromQueue(jobId)
+                onRetryRequested: root.queue.retry(jobId)
+                onFocusEntered: list.currentIndex = index
+            }
+        }
+
+        Divider {
+            width: parent.width
+        }
+
+        Divider {
+            width: parent.width
+            anchors.bottom: parent.bottom
+        }
+    }
+
+    ControlBar {
+        Layout.fillWidth: true
+        Layout.leftMargin: 12
+        Layout.rightMargin: 12
+        Layout.topMargin: 10
+        Layout.bottomMargin: 10
+        visible: !root.queue.isRunning
+        queue: root.queue
+    }
+}

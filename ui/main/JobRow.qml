@@ -1,0 +1,169 @@
+import QtQuick
+import QtQuick.Controls
+import QtQuick.Layouts
+import Marrowcut.Style
+
+// One job. Of the list's rows, only the current one takes the Tab key, so that Tab leaves a long list; the arrow keys
+// go from row to row.
+FocusScope {
+    id: root
+
+    required property int index
+    required property string jobId
+    required property string name
+    required property string statusText
+    required property int statusKind
+    required property string etaText
+    required property real progress
+    required property bool isSelected
+    required property bool burnInEnabled
+    required property string errorText
+    required property string accessibleText
+    required property int includeColumnWidth
+    required property int burnInColumnWidth
+    required property real burnInShare
+    required property real trailingPadding
+    readonly property bool isQueued: statusKind === JobListModel.Queued
+    readonly property bool isFailed: statusKind === JobListModel.Failed
+    readonly property int focusPolicy: ListView.isCurrentItem ? Qt.StrongFocus : Qt.ClickFocus
+
+    signal includeToggled()
+    signal burnInToggled()
+    signal removeRequested()
+    signal retryRequested()
+    signal focusEntered()
+
+    implicitHeight: 36
+    activeFocusOnTab: ListView.isCurrentItem && !isQueued && !isFailed
+    Accessible.role: Accessible.ListItem
+    Accessible.name: accessibleText
+    onActiveFocusChanged: if (activeFocus) focusEntered()
+
+    Rectangle {
+        anchors.fill: parent
+        anchors.leftMargin: 5
+        anchors.rightMargin: root.trailingPadding - 7
+        visible: root.activeFocus && !include.pressed
+        radius: 6
+        color: Theme.accent
+        opacity: 0.1
+    }
+
+    RowLayout {
+        anchors.fill: parent
+        anchors.leftMargin: 12
+        anchors.rightMargin: root.trailingPadding
+        anchors.topMargin: 4
+        anchors.bottomMargin: 4
+        spacing: 8
+
+        CheckMark {
+            id: include
+
+            objectName: "includeCheck"
+            Layout.preferredWidth: root.includeColumnWidth
+            visible: root.isQueued
+            focus: root.isQueued
+            focusPolicy: root.focusPolicy
+            checked: root.isSelected
+            Accessible.name: "Include " + root.name
+            onToggled: root.includeToggled()
+        }
+
+        BurnInCheck {
+            objectName: "burnInCheck"
+            // Without its share of the width, its share of the spacing goes too.
+            Layout.leftMargin: -8 * (1 - root.burnInShare)
+            Layout.preferredWidth: root.burnInColumnWidth * root.burnInShare
+            visible: root.isQueued && root.burnInShare > 0
+            enabled: root.isSelected
+            opacity: root.burnInShare * (root.isSelected ? 1 : 0.4)
+            focusPolicy: root.focusPolicy
+            checked: root.burnInEnabled
+            name: root.name
+            onToggled: root.burnInToggled()
+        }
+
+        ColumnLayout {
+            spacing: 4
+
+            RowLayout {
+                spacing: 8
+
+                Text {
+                    id: nameLabel
+
+                    objectName: "name"
+                    Layout.fillWidth: true
+                    text: root.name
+                    textFormat: Text.PlainText
+                    font.pixelSize: 12
+                    font.weight: Font.Medium
+                    color: Theme.primary
+                    elide: Text.ElideMiddle
+                    ToolTip.visible: truncated && nameHover.hovered
+                    ToolTip.delay: 700
+                    ToolTip.text: root.name
+
+                    HoverHandler {
+                        id: nameHover
+                    }
+                }
+
+                Text {
+                    objectName: "status"
+                    text: root.statusText
+                    textFormat: Text.PlainText
+                    font.pixelSize: 11
+                    color: root.isFailed ? Theme.failure : Theme.secondary
+                    ToolTip.visible: root.errorText.length > 0 && statusHover.hovered
+                    ToolTip.delay: 700
+                    ToolTip.text: root.errorText
+
+                    HoverHandler {
+                        id: statusHover
+                    }
+                }
+
+                Text {
+                    objectName: "eta"
+                    visible: text.length > 0
+                    text: root.etaText
+                    font.pixelSize: 11
+                    color: Theme.secondary
+                }
+            }
+
+            ThinProgressBar {
+                objectName: "bar"
+                Layout.fillWidth: true
+                visible: !root.isQueued
+                value: root.progress
+                tint: root.statusKind === JobListModel.Successful ? Theme.success : root.isFailed ? Theme.failure : Theme.accent
+                Accessible.ignored: true
+            }
+        }
+
+        BorderlessButton {
+            objectName: "removeButton"
+            padding: 3
+            visible: root.isQueued
+            focusPolicy: root.focusPolicy
+            symbol: "xmark.circle.fill"
+            symbolSize: 14
+            Accessible.name: "Remove " + root.name
+            onClicked: root.removeRequested()
+        }
+
+        PushButton {
+            objectName: "retryButton"
+            visible: root.isFailed
+            focus: root.isFailed
+            focusPolicy: root.focusPolicy
+            text: "Retry"
+            font.pixelSize: 11
+            Accessible.name: "Retry " + root.name
+            onClicked: root.retryRequested()
+        }
+    }
+}

@@ -1,0 +1,85 @@
+import QtQuick
+import QtQuick.Layouts
+import Marrowcut.Sheets
+import Marrowcut.Style
+
+// Title, credit line and the choice of the preset, with the help button in the corner.
+Item {
+    id: root
+
+    required property list<string> presetNames
+    required property int presetIndex
+    required property string presetDescription
+
+    signal presetChosen(int index)
+    signal helpRequested()
+
+    implicitHeight: column.implicitHeight + 24 + 16
+
+    ColumnLayout {
+        id: column
+
+        y: 24
+        width: parent.width
+        spacing: 6
+
+        ColumnLayout {
+            Layout.alignment: Qt.AlignHCenter
+            spacing: 4
+
+            Text {
+                Layout.alignment: Qt.AlignHCenter
+                text: "Marrowcut"
+                font.pixelSize: 24
+                font.bold: true
+                color: Theme.primary
+                Accessible.role: Accessible.Heading
+                Accessible.name: text
+            }
+
+            CreditLine {
+                Layout.alignment: Qt.AlignHCenter
+            }
+
+            Text {
+                Layout.alignment: Qt.AlignHCenter
+                Layout.topMargin: 2
+                text: "small proxies for long footage headed to transcription"
+                font.pixelSize: 11
+                color: Theme.secondary
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
+            }
+        }
+
+        SegmentedPicker {
+            objectName: "presetPicker"
+            Layout.alignment: Qt.AlignHCenter
+            Layout.fillWidth: true
+            Layout.maximumWidth: 240
+            model: root.presetNames
+            currentIndex: root.presetIndex
+            Accessible.role: Accessible.Grouping
+            Accessible.name: "Quality preset"
+            onActivated: index => root.presetChosen(index)
+        }
+
+        PresetDescription {
+            Layout.alignment: Qt.AlignHCenter
+            Layout.fillWidth: true
+            Layout.maximumWidth: 320
+            description: root.presetDescription
+        }
+    }
+
+    BorderlessButton {
+        objectName: "helpButton"
+        anchors.right: parent.right
+        anchors.rightMargin: 16
+        y: 16
+        symbol: "questionmark.circle"
+        symbolSize: 22
+        Accessible.name: "Help"
+        onClicked: root.helpRequested()
+    }
+}

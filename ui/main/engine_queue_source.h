@@ -1,0 +1,35 @@
+#pragma once
+
+#include "ui/main/queue_source.h"
+
+namespace marrowcut
+{
+
+class BurnInEngine;
+
+/// The queue of an engine, which must outlive it.
+class EngineQueueSource : public QueueSource
+{
+    Q_OBJECT
+public:
+    explicit EngineQueueSource(BurnInEngine &engine, QObject *parent = nullptr);
+
+    const QList<ProxyJob> &jobs() const override;
+    bool isRunning() const override;
+    QualityPreset qualityPreset() const override;
+
+    void setQualityPreset(QualityPreset preset) override;
+    void enqueue(const QList<QUrl> &urls) override;
+    void removeFromQueue(const QUuid &id) override;
+    void setAllSelected(bool selected) override;
+    void toggleSelected(const QUuid &id) override;
+    void toggleBurnIn(const QUuid &id) override;
+    void retry(const QUuid &id) override;
+    void clearCompleted() override;
+    void start() override;
+
+private:
+    BurnInEngine &m_engine;
+};
+
+} // namespace marrowcut

@@ -1,0 +1,159 @@
+#include "ui/main/job_list_model.h"
+
+#include "ui/main/job_row.h"
+
+namespace marrowcut
+{
+
+namespace
+{
+
+/// Rows from first to last, both included.
+struct Range {
+    qsizetype first;
+    qsizetype last;
+};
+
+/// The rows whose jobs are gone.
+QList<Range> missingRanges(const QList<ProxyJob> &shown, const QList<ProxyJob> &jobs)
+{
+    QList<Range> missing;
+    qsizetype position = 0;
+    for (qsizetype row = 0; row < shown.size(); ++row) {
+        if (position < jobs.size() && jobs[position].id == shown[row].id)
+            ++position;
+        else if (!missing.isEmpty() && missing.last().last == row - 1)
+            missing.last().last = row;
+        else
+            missing.append({row, row});
+    }
+    return missing;
+}
+
+QList<int> changedRoles(const ProxyJob &before, const ProxyJob &after)
+{
+    QList<int> roles;
+    const bool statusChanged = before.status != after.status;
+    const bool progressChanged = before.progress != after.progress;
+    if (statusChanged)
+        roles += {JobListModel::StatusTextRole, JobListModel::StatusKindRole};
+    if (statusChanged || progressChanged)
+        roles += {JobListModel::ProgressRole, JobListModel::AccessibleTextRole};
+    if (statusChanged || before.etaSeconds != after.etaSeconds)
+        roles += JobListModel::EtaTextRole;
+    if (before.isSelected != after.isSelected)
+        roles += JobListModel::IsSelectedRole;
+    if (before.burnInEnabled != after.burnInEnabled)
+        roles += JobListModel::BurnInEnabledRole;
+    if (before.errorDetail != after.errorDetail)
+        roles += JobListModel::ErrorTextRole;
+    return roles;
+}
+
+JobListModel::StatusKind statusKind(const JobStatus &status)
+{
+    if (status.isQueued())
+        return JobListModel::Queued;
+    if (status.isFailed())
+        return JobListModel::Failed;
+    return status.isSuccessful() ? JobListModel::Successful : JobListModel::Active;
+}
+
+} // namespace
+
+int JobListModel::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(m_jobs.size());
+}
+
+QVariant JobListModel::data(const QModelIndex &index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+        return QVariant();
+    const ProxyJob &job = m_jobs[index.row()];
+    switch (role) {
+    case JobIdRole:
+        return job.id.toString();
+    case NameRole:
+        return job.fileName();
+    case StatusTextRole:
+        return job.status.label();
+    case StatusKindRole:
+        return statusKind(job.status);
+    case EtaTextRole:
+        return JobRow::etaText(job);
+    case ProgressRole:
+        return JobRow::barValue(job);
+    case IsSelectedRole:
+        return job.isSelected;
+    case BurnInEnabledRole:
+        return job.burnInEnabled;
+    case ErrorTextRole:
+        return JobRow::errorText(job);
+    case AccessibleTextRole:
+        return JobRow::accessibleText(job);
+    default:
+        return QVariant();
+    }
+}
+
+QHash<int, QByteArray> JobListModel::roleNames() const
+{
+    return {
+        {JobIdRole, "jobId"},           {NameRole, "name"},
+        {StatusTextRole, "statusText"}, {StatusKindRole, "statusKind"},
+        {EtaTextRole, "etaText"},       {ProgressRole, "progress"},
+        {IsSelectedRole, "isSelected"}, {BurnInEnabledRole, "burnInEnabled"},
+        {ErrorTextRole, "errorText"},   {AccessibleTextRole, "accessibleText"},
+    };
+}
+
+void JobListModel::mirror(const QList<ProxyJob> &jobs)
+{
+    removeMissing(jobs);
+    updateChanged(jobs);
+    appendNew(jobs);
+}
+
+void JobListModel::removeMissing(const QList<ProxyJob> &jobs)
+{
+    const QList<Range> missing = missingRanges(m_jobs, jobs);
+    for (auto range = missing.crbegin(); range != missing.crend(); ++range) {
+        beginRemoveRows({}, static_cast<int>(range->first), static_cast<int>(range->last));
+        m_jobs.remove(range->first, range->last - range->first + 1);
+        endRemoveRows();
+    }
+}
+
+void JobListModel::updateChanged(const QList<ProxyJob> &jobs)
+{
+    const qsizetype count = m_jobs.size();
+    qsizetype first = 0;
+    QList<int> roles; // of the rows from first up to the one looked at
+    const auto announce = [&](qsizetype end) {
+        if (!roles.isEmpty())
+            Q_EMIT dataChanged(index(static_cast<int>(first)), index(static_cast<int>(end - 1)), roles);
+    };
+
+    const QList<ProxyJob> before = std::exchange(m_jobs, jobs.size() == count ? jobs : jobs.first(count));
+    for (qsizetype row = 0; row < count; ++row) {
+        const QList<int> rowRoles = changedRoles(before[row], jobs[row]);
+        if (rowRoles == roles)
+            continue;
+        announce(row);
+        first = row;
+        roles = rowRoles;
+    }
+    announce(count);
+}
+
+void JobListModel::appendNew(const QList<ProxyJob> &jobs)
+{
+    if (jobs.size() == m_jobs.size())
+        return;
+    beginInsertRows({}, static_cast<int>(m_jobs.size()), static_cast<int>(jobs.size() - 1));
+    m_jobs = jobs;
+    endInsertRows();
+}
+
+} // namespace marrowcut

@@ -1,0 +1,100 @@
+#pragma once
+
+#include "engine/model/quality_preset.h"
+#include "engine/queue_summary.h"
+#include "ui/main/job_list_model.h"
+
+#include <QObject>
+#include <QUrl>
+#include <QtQmlIntegration>
+
+namespace marrowcut
+{
+
+class FileViewer;
+class QueueSource;
+
+/// The queue for the window: what the views show, finished, and what their controls do. Main thread.
+///
+/// The source speaks before it applies an edit. Here that sets a flag and queues one refresh, however many
+/// edits follow; the refresh reads the source again and emits ordinary change signals. The operations go
+/// straight to the source, so each acts on its state of that moment and not on the state last shown.
+class QueueViewModel : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("The application has one.")
+    Q_PROPERTY(marrowcut::JobListModel *jobs READ jobs CONSTANT)
+    Q_PROPERTY(bool isEmpty READ isEmpty NOTIFY summaryChanged)
+    Q_PROPERTY(bool hasQueuedJobs READ hasQueuedJobs NOTIFY summaryChanged)
+    Q_PROPERTY(bool hasSelectedQueuedJobs READ hasSelectedQueuedJobs NOTIFY summaryChanged)
+    Q_PROPERTY(bool hasCompletedJobs READ hasCompletedJobs NOTIFY summaryChanged)
+    Q_PROPERTY(bool allQueuedSelected READ allQueuedSelected NOTIFY summaryChanged)
+    Q_PROPERTY(double overallProgress READ overallProgress NOTIFY summaryChanged)
+    Q_PROPERTY(QString doneText READ doneText NOTIFY summaryChanged)
+    Q_PROPERTY(bool isRunning READ isRunning NOTIFY isRunningChanged)
+    Q_PROPERTY(QString outputDirPath READ outputDirPath NOTIFY outputDirChanged)
+    Q_PROPERTY(QStringList presetNames READ presetNames CONSTANT)
+    Q_PROPERTY(int presetIndex READ presetIndex NOTIFY presetChanged)
+    Q_PROPERTY(QString presetDescription READ presetDescription NOTIFY presetChanged)
+public:
+    /// The source and the viewer must outlive it.
+    QueueViewModel(QueueSource &source, FileViewer &viewer, QObject *parent = nullptr);
+
+    JobListModel *jobs() { return &m_jobs; }
+    bool isEmpty() const { return m_summary.jobCount == 0; }
+    bool hasQueuedJobs() const { return m_summary.hasQueuedJobs(); }
+    bool hasSelectedQueuedJobs() const { return m_summary.hasSelectedQueuedJobs(); }
+    bool hasCompletedJobs() const { return m_summary.hasCompletedJobs(); }
+    bool allQueuedSelected() const { return m_summary.allQueuedSelected(); }
+    qsizetype doneCount() const { return m_summary.doneCount; }
+    double overallProgress() const { return m_summary.overallProgress; }
+    /// "3 of 5 done"
+    QString doneText() const;
+    bool isRunning() const { return m_isRunning; }
+    /// The output folder of the first job; absent (not valid) when there is none.
+    QUrl outputDir() const { return m_outputDir; }
+    QString outputDirPath() const { return m_outputDir.toLocalFile(); }
+    QStringList presetNames() const;
+    int presetIndex() const;
+    QString presetDescription() const { return m_preset.descriptionText(); }
+
+    Q_INVOKABLE void choosePreset(int index);
+    /// Whether there is anything among dragged items that a drop would take: a file URL.
+    Q_INVOKABLE static bool acceptsDrop(const QList<QUrl> &urls);
+    /// Takes dropped items: each file URL becomes one enqueuing of its own, done later by the event loop.
+    Q_INVOKABLE void handleDrop(const QList<QUrl> &urls);
+    Q_INVOKABLE void removeFromQueue(const QString &jobId);
+    Q_INVOKABLE void toggleSelected(const QString &jobId);
+    Q_INVOKABLE void toggleBurnIn(const QString &jobId);
+    Q_INVOKABLE void retry(const QString &jobId);
+    /// Selects all queued jobs, or none when all are selected.
+    Q_INVOKABLE void toggleAllSelected();
+    Q_INVOKABLE void clearCompleted();
+    Q_INVOKABLE void start();
+    /// Shows the output folder in the file viewer.
+    Q_INVOKABLE void revealOutput();
+
+Q_SIGNALS:
+    void summaryChanged();
+    void isRunningChanged();
+    void outputDirChanged();
+    void presetChanged();
+
+private:
+    void scheduleRefresh();
+    void refresh();
+    template <typename Value>
+    void assign(Value &shown, const Value &value, void (QueueViewModel::*changed)());
+
+    QueueSource &m_source;
+    FileViewer &m_viewer;
+    bool m_refreshScheduled = false;
+    JobListModel m_jobs;
+    QueueSummary m_summary;
+    QUrl m_outputDir;
+    QualityPreset m_preset;
+    bool m_isRunning = false;
+};
+
+} // namespace marrowcut
