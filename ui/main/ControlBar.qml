@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Layouts
+import Marrowcut.Main
 import Marrowcut.Style
 
 // What can be done with the queue as a whole, while no run is going on.

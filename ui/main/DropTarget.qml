@@ -1,4 +1,5 @@
 import QtQuick
+import Marrowcut.Main
 import Marrowcut.Style
 
 // Takes files and folders that are dragged from other programs, and shows an outline while it would.

@@ -18,6 +18,8 @@ Item {
 
         Text {
             Layout.fillWidth: true
+            Layout.maximumWidth: 320 // two lines of like length
+            Layout.alignment: Qt.AlignHCenter
             Layout.leftMargin: 40
             Layout.rightMargin: 40
             text: "Drop a large video file (or a folder of them) to make burned-in proxies."

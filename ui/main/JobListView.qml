@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Controls
 import QtQuick.Layouts
+import Marrowcut.Main
 import Marrowcut.Style
 
 // The column header, the rows and the control bar.

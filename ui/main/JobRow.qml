@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Controls
 import QtQuick.Layouts
+import Marrowcut.Main
 import Marrowcut.Style
 
 // One job. Of the list's rows, only the current one takes the Tab key, so that Tab leaves a long list; the arrow keys

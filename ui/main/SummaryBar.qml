@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Controls
 import QtQuick.Layouts
+import Marrowcut.Main
 import Marrowcut.Style
 
 // How far the queue is, and where its proxies go.

@@ -3,7 +3,7 @@
 #include "engine/model/proxy_job.h"
 
 #include <QAbstractListModel>
-#include <QtQmlIntegration>
+#include <QtQml/qqmlregistration.h>
 
 namespace marrowcut
 {

@@ -6,7 +6,7 @@
 
 #include <QObject>
 #include <QUrl>
-#include <QtQmlIntegration>
+#include <QtQml/qqmlregistration.h>
 
 namespace marrowcut
 {

@@ -6,7 +6,7 @@
 
 #include "platform/file_viewer.h"
 
-#include <QtQmlIntegration>
+#include <QtQml/qqmlregistration.h>
 
 namespace marrowcut
 {

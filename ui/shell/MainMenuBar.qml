@@ -1,0 +1,50 @@
+import QtQuick
+import QtQuick.Controls
+
+// The menus. F10 or Alt with the underlined letter opens them.
+MenuBar {
+    id: root
+
+    signal aboutRequested()
+    signal quitRequested()
+    signal helpRequested()
+    signal reportRequested()
+
+    Menu {
+        id: applicationMenu
+
+        title: "&Marrowcut"
+
+        Action {
+            text: "&About Marrowcut"
+            onTriggered: root.aboutRequested()
+        }
+
+        MenuSeparator {}
+
+        Action {
+            text: "&Quit"
+            shortcut: "Ctrl+Q"
+            onTriggered: root.quitRequested()
+        }
+    }
+
+    Menu {
+        title: "&Help"
+
+        Action {
+            text: "Marrowcut &Help"
+            onTriggered: root.helpRequested()
+        }
+
+        Action {
+            text: "&Report a Problem…"
+            onTriggered: root.reportRequested()
+        }
+    }
+
+    Shortcut {
+        sequence: "F10"
+        onActivated: applicationMenu.open()
+    }
+}

@@ -1,0 +1,43 @@
+import QtQuick
+import Marrowcut.Main
+import Marrowcut.Shell
+import Marrowcut.Style
+
+// The application's one window. The content reaches under the menu bar, so that a drop is taken there too.
+ThemedWindow {
+    id: root
+
+    required property MarrowcutApp app
+
+    title: "Marrowcut"
+    width: 480
+    height: 460
+    minimumWidth: 480
+    minimumHeight: 360
+    visible: true
+    onClosing: close => {
+        close.accepted = false;
+        root.app.requestQuit();
+    }
+
+    ContentView {
+        anchors.fill: parent
+        queue: root.app.queue
+        helpState: root.app.helpState
+        report: root.app.report
+
+        menuBar: MainMenuBar {
+            width: root.width
+            onAboutRequested: root.app.helpState.showAbout = true
+            onQuitRequested: root.app.requestQuit()
+            onHelpRequested: root.app.helpState.showHelp = true
+            onReportRequested: root.app.helpState.showDiagnostics = true
+        }
+    }
+
+    QuitQuestion {
+        shown: root.app.isAskingToQuit
+        onKeepRunning: root.app.keepRunning()
+        onQuit: root.app.requestQuit()
+    }
+}

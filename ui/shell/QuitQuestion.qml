@@ -1,0 +1,77 @@
+import QtQuick
+import QtQuick.Layouts
+import QtQuick.Templates as T
+import Marrowcut.Style
+
+// Asks before a run is broken off. It lies in the window and not in one of its own: a modal window would keep the second
+// request to close the first one from arriving.
+T.Popup {
+    id: root
+
+    required property bool shown
+
+    signal keepRunning()
+    signal quit()
+
+    parent: T.Overlay.overlay
+    x: Math.round((parent.width - width) / 2)
+    y: Math.round((parent.height - height) / 2)
+    padding: 20
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    implicitHeight: implicitContentHeight + topPadding + bottomPadding
+    modal: true
+    focus: true
+    closePolicy: T.Popup.NoAutoClose
+    visible: shown
+    onOpened: keepButton.forceActiveFocus()
+
+    T.Overlay.modal: Rectangle {
+        color: Theme.window
+        opacity: 0.7
+    }
+
+    background: Rectangle {
+        radius: 10
+        color: Theme.controlFill
+        border.color: Theme.controlBorder
+    }
+
+    contentItem: ColumnLayout {
+        spacing: 16
+
+        Text {
+            text: "A run is going on. Quit anyway?"
+            font.pixelSize: Theme.bodySize
+            font.bold: true
+            color: Theme.primary
+            Accessible.role: Accessible.AlertMessage
+            Accessible.name: text
+        }
+
+        RowLayout {
+            Layout.alignment: Qt.AlignRight
+            spacing: 8
+
+            PushButton {
+                objectName: "quitButton"
+                text: "Quit"
+                onClicked: root.quit()
+            }
+
+            PushButton {
+                id: keepButton
+
+                objectName: "keepRunningButton"
+                text: "Keep Running"
+                highlighted: true
+                onClicked: root.keepRunning()
+            }
+        }
+
+        Shortcut {
+            sequences: ["Return", "Enter", "Escape"]
+            enabled: root.opened
+            onActivated: root.keepRunning()
+        }
+    }
+}

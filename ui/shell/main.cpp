@@ -1,0 +1,73 @@
+#include "command_line.h"
+#include "marrowcut_app.h"
+#include "renderer_choice.h"
+
+#include "platform/process_setup.h"
+#include "platform/resource_folder.h"
+#include "platform/termination_signals.h"
+
+#include <QGuiApplication>
+#include <QIcon>
+#include <QQmlApplicationEngine>
+#include <QQuickStyle>
+#include <QTextStream>
+
+#include <cstdlib>
+
+using namespace marrowcut;
+
+namespace
+{
+
+constexpr int endedBySignal = 130;
+
+void complain(const QString &problem)
+{
+    QTextStream(stderr) << "marrowcut: " << problem << "\nTry 'marrowcut --help'.\n";
+}
+
+void introduceToDesktop()
+{
+    // No display name: Qt would append it to the title of every sheet.
+    QGuiApplication::setApplicationName(QStringLiteral("marrowcut"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("marrowcut"));
+    QGuiApplication::setWindowIcon(
+        QIcon(QStringLiteral(":/qt-project.org/imports/Marrowcut/Style/icons/marrowcut.svg")));
+}
+
+int runWindow(const QList<QUrl> &items)
+{
+    MarrowcutApp app;
+    TerminationSignals signalSource;
+    QObject::connect(&signalSource, &TerminationSignals::received, &app, [&app] { app.quit(endedBySignal); });
+
+    QQmlApplicationEngine engine;
+    engine.setInitialProperties({{QStringLiteral("app"), QVariant::fromValue(&app)}});
+    engine.load(QUrl(QStringLiteral("qrc:/qt-project.org/imports/Marrowcut/Shell/MainWindow.qml")));
+    if (engine.rootObjects().isEmpty())
+        return EXIT_FAILURE;
+    app.queue()->handleDrop(items);
+    return QCoreApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    setUpProcess();
+    const CommandLine commandLine = parseCommandLine(std::span(argv, static_cast<std::size_t>(argc)),
+                                                     readVersionKeys(resourceFolder()).text());
+    QTextStream(stdout) << commandLine.output;
+    if (!commandLine.error.isEmpty()) {
+        complain(commandLine.error);
+        return 2;
+    }
+    if (!commandLine.output.isEmpty())
+        return EXIT_SUCCESS;
+
+    const QGuiApplication application(argc, argv);
+    introduceToDesktop();
+    QQuickStyle::setStyle(QStringLiteral("Fusion"));
+    chooseRenderer();
+    return runWindow(commandLine.items);
+}

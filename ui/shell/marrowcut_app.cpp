@@ -1,0 +1,71 @@
+#include "marrowcut_app.h"
+
+#include <QCoreApplication>
+#include <QDesktopServices>
+
+#include <cstdlib>
+
+namespace marrowcut
+{
+
+namespace
+{
+
+/// Also the desktop's name for the program.
+QString desktopEntry()
+{
+    return QStringLiteral("marrowcut");
+}
+
+} // namespace
+
+MarrowcutApp::MarrowcutApp(QObject *parent)
+    : QObject(parent)
+    , m_notifications(desktopEntry())
+    , m_fileViewer([](const QUrl &folder) { QDesktopServices::openUrl(folder); })
+    , m_taskbarProgress(desktopEntry())
+    , m_engine(m_preferences, m_notifications)
+    , m_source(m_engine)
+    , m_queue(m_source, m_fileViewer)
+    , m_report([this] { return m_engine.jobs(); })
+{
+    connect(&m_queue, &QueueViewModel::isRunningChanged, this, &MarrowcutApp::tellDesktop);
+    connect(&m_queue, &QueueViewModel::summaryChanged, this, &MarrowcutApp::tellDesktop);
+    connect(&m_queue, &QueueViewModel::isRunningChanged, this, &MarrowcutApp::keepRunning);
+}
+
+void MarrowcutApp::requestQuit()
+{
+    if (m_engine.isRunning() && !m_isAskingToQuit)
+        setAskingToQuit(true);
+    else
+        quit(EXIT_SUCCESS);
+}
+
+void MarrowcutApp::keepRunning()
+{
+    setAskingToQuit(false);
+}
+
+void MarrowcutApp::quit(int exitStatus)
+{
+    if (!m_engine.interrupt(std::chrono::milliseconds(800)))
+        std::_Exit(exitStatus); // the system holds the run's thread; the child dies with us
+    QCoreApplication::exit(exitStatus);
+}
+
+void MarrowcutApp::setAskingToQuit(bool asking)
+{
+    if (m_isAskingToQuit == asking)
+        return;
+    m_isAskingToQuit = asking;
+    Q_EMIT isAskingToQuitChanged();
+}
+
+void MarrowcutApp::tellDesktop()
+{
+    m_sleepInhibitor.setHeld(m_queue.isRunning());
+    m_taskbarProgress.show(m_queue.isRunning() ? std::optional(m_queue.overallProgress()) : std::nullopt);
+}
+
+} // namespace marrowcut
