@@ -1,0 +1,71 @@
+"""What is installed beside the programs: that it fits them, that it can be read, that it lies where it belongs."""
+
+import os
+import re
+import subprocess
+import sys
+import tempfile
+import unittest
+from pathlib import Path
+
+PACKAGING, BUILD, CLI = map(Path, sys.argv[1:4])
+del sys.argv[1:]
+
+
+def options(text):
+    return set(re.findall(r"--[a-z][a-z-]+", text))
+
+
+def completions(words):
+    """What bash offers for the last of the words."""
+    script = ('. /usr/share/bash-completion/bash_completion; . "$1"; shift\n'
+              'COMP_WORDS=("$@"); COMP_CWORD=$(($# - 1)); COMP_LINE="$*"; COMP_POINT=${#COMP_LINE}; compopt() { :; }\n'
+              '_marrowcut_cli && printf "%s\\n" "${COMPREPLY[@]}"')
+    result = subprocess.run(["bash", "-c", script, "bash", PACKAGING / "completions/marrowcut-cli.bash", *words],
+                            capture_output=True, text=True)
+    return set(result.stdout.split("\n")) - {""}
+
+
+class PackagingTest(unittest.TestCase):
+    def test_every_option_is_in_manual_and_completion(self):
+        known = options(subprocess.check_output([CLI, "--help"], text=True))
+        self.assertGreater(len(known), 5)
+        manual = (PACKAGING / "man/marrowcut-cli.1").read_text().replace("Fl Fl ", "--")
+        self.assertEqual(known - options(manual), set())
+        self.assertEqual(options((PACKAGING / "completions/_marrowcut-cli").read_text()), known)
+        self.assertEqual(completions(["marrowcut-cli", "--"]), known)
+
+    def test_bash_completes_qualities_and_clips(self):
+        self.assertEqual(completions(["marrowcut-cli", "--quality", "t"]), {"tiny"})
+        self.assertEqual(completions(["marrowcut-cli", "--quality", "="]), set())
+        with tempfile.TemporaryDirectory() as folder:
+            for name in ("a b.mxf", "A.MOV", "notes.txt"):
+                Path(folder, name).touch()
+            Path(folder, "card").mkdir()
+            self.assertEqual({os.path.basename(path) for path in completions(["marrowcut-cli", folder + "/"])},
+                             {"a b.mxf", "A.MOV", "card"})
+
+    def test_manuals_are_sound(self):
+        for page in sorted((PACKAGING / "man").iterdir()):
+            with self.subTest(page=page.name):
+                result = subprocess.run(["man", "--warnings", "-E", "UTF-8", "-l", page], capture_output=True, text=True,
+                                        env=dict(os.environ, LC_ALL="C.UTF-8", MANWIDTH="80"))
+                self.assertEqual((result.returncode, result.stderr), (0, ""))
+
+    def test_nothing_installed_points_into_the_build(self):
+        with tempfile.TemporaryDirectory() as root:
+            subprocess.run(["cmake", "--install", BUILD, "--prefix", "/usr"], check=True, stdout=subprocess.DEVNULL,
+                           env=dict(os.environ, DESTDIR=root))
+            files = [Path(folder, name) for folder, _, names in os.walk(root) for name in names]
+            self.assertTrue(Path(root, "usr/share/marrowcut/version.ini").is_file())
+            links = {file.name: os.readlink(file) for file in files if file.is_symlink()}
+            self.assertEqual(links.keys(), {"ffmpeg", "ffprobe"})
+            for link in links.values():
+                self.assertTrue(os.path.isabs(link) and not link.startswith(os.fspath(BUILD)), link)
+            for file in files:
+                self.assertTrue(file.relative_to(root).parts[0] == "usr", file)
+                if "share" in file.parts and not file.is_symlink():
+                    self.assertNotIn(os.fsencode(BUILD), file.read_bytes(), file)
+
+
+unittest.main(verbosity=1)
