@@ -25,9 +25,13 @@ T.Popup {
     visible: shown
     onOpened: keepButton.forceActiveFocus()
 
-    T.Overlay.modal: Rectangle {
-        color: Theme.window
-        opacity: 0.7
+    // The overlay sets the opacity of what stands here.
+    T.Overlay.modal: Item {
+        Rectangle {
+            anchors.fill: parent
+            color: Theme.window
+            opacity: 0.7
+        }
     }
 
     background: Rectangle {
