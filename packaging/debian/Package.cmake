@@ -7,7 +7,8 @@ set(CPACK_PACKAGE_VENDOR "The Marrowcut authors")
 set(CPACK_PACKAGE_CONTACT "The Marrowcut authors <marrowcut@quorvane.example>")
 set(CPACK_PACKAGE_HOMEPAGE_URL "https://quorvane.example")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "small proxies of camera clips with burned-in timecode")
-set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_SET_DESTDIR ON) # so that the install rules know the true prefix
+set(CPACK_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
