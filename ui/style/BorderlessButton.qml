@@ -19,6 +19,7 @@ T.Button {
     spacing: 4
     font.pixelSize: Theme.bodySize
     opacity: down ? 0.6 : enabled ? 1 : 0.4
+    Accessible.onPressAction: clicked()
 
     contentItem: TextWithSymbol {
         text: control.text

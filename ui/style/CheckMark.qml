@@ -10,6 +10,8 @@ T.CheckBox {
     implicitHeight: 14
     nextCheckState: () => checkState
     onClicked: toggled()
+    Accessible.onPressAction: clicked()
+    Accessible.onToggleAction: clicked()
 
     indicator: Rectangle {
         x: (control.width - width) / 2

@@ -15,6 +15,7 @@ T.RadioButton {
     focusPolicy: checked || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
     Accessible.checkable: true
     Accessible.checked: checked
+    Accessible.onPressAction: clicked()
     Keys.onLeftPressed: stepped(-1)
     Keys.onRightPressed: stepped(1)
 
