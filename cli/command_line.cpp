@@ -60,6 +60,55 @@ CommandLine usageError(const QString &problem)
     return {.request = {}, .output = {}, .error = problem};
 }
 
+void addKnownOptions(QCommandLineParser &parser)
+{
+    for (const QString &name : {QStringLiteral("no-burn-in"), QStringLiteral("notify"),
+                                QStringLiteral("quiet"), QStringLiteral("json"), QStringLiteral("version")})
+        parser.addOption(QCommandLineOption(name));
+    parser.addOption(QCommandLineOption(QStringList{QStringLiteral("help"), QStringLiteral("h")}));
+    parser.addOption({QStringLiteral("quality"), {}, QStringLiteral("preset")});
+    parser.addOption({QStringLiteral("files-from"), {}, QStringLiteral("file")});
+}
+
+/// The arguments that are text; the others become names that cannot be used.
+QStringList decoded(std::span<char *> arguments, Request &request)
+{
+    QStringList texts;
+    for (const char *bytes : arguments) {
+        if (const auto text = decodeUtf8(bytes))
+            texts.append(*text);
+        else
+            request.unusableNames.append(shownBytes(bytes));
+    }
+    return texts;
+}
+
+void readOptions(const QCommandLineParser &parser, Request &request)
+{
+    request.quality = QualityPreset::fromRawValue(parser.value(QStringLiteral("quality")));
+    request.burnIn = !parser.isSet(QStringLiteral("no-burn-in"));
+    request.notify = parser.isSet(QStringLiteral("notify"));
+    request.quiet = parser.isSet(QStringLiteral("quiet"));
+    request.json = parser.isSet(QStringLiteral("json"));
+    if (parser.isSet(QStringLiteral("files-from")))
+        request.namesFrom = parser.value(QStringLiteral("files-from"));
+    for (const QString &path : parser.positionalArguments())
+        addPath(path, request);
+}
+
+/// What is wrong with a request that was read, or nothing.
+QString problemOf(const Request &request, const QCommandLineParser &parser)
+{
+    if (!request.quality && parser.isSet(QStringLiteral("quality")))
+        return QStringLiteral("Unknown quality '%1': it is standard, smaller or tiny.")
+            .arg(parser.value(QStringLiteral("quality")));
+    if (request.json && request.quiet)
+        return QStringLiteral("--json and --quiet exclude each other.");
+    if (request.items.isEmpty() && request.unusableNames.isEmpty() && !request.namesFrom)
+        return QStringLiteral("No clip or folder was named.");
+    return QString();
+}
+
 } // namespace
 
 void addNames(QByteArrayView list, Request &request)
@@ -80,49 +129,18 @@ void addNames(QByteArrayView list, Request &request)
 CommandLine parseCommandLine(std::span<char *> arguments, const QString &version)
 {
     Request request;
-    QStringList texts;
-    for (const char *bytes : arguments) {
-        if (const auto text = decodeUtf8(bytes))
-            texts.append(*text);
-        else
-            request.unusableNames.append(shownBytes(bytes));
-    }
-
-    const QCommandLineOption quality(QStringLiteral("quality"), {}, QStringLiteral("preset"));
-    const QCommandLineOption noBurnIn(QStringLiteral("no-burn-in"));
-    const QCommandLineOption notify(QStringLiteral("notify"));
-    const QCommandLineOption quiet(QStringLiteral("quiet"));
-    const QCommandLineOption json(QStringLiteral("json"));
-    const QCommandLineOption filesFrom(QStringLiteral("files-from"), {}, QStringLiteral("file"));
-    const QCommandLineOption help(QStringList{QStringLiteral("help"), QStringLiteral("h")});
-    const QCommandLineOption showVersion(QStringLiteral("version"));
     QCommandLineParser parser;
-    parser.addOptions({quality, noBurnIn, notify, quiet, json, filesFrom, help, showVersion});
-    if (!parser.parse(texts))
+    addKnownOptions(parser);
+    if (!parser.parse(decoded(arguments, request)))
         return usageError(parser.errorText());
-    if (parser.isSet(help))
+    if (parser.isSet(QStringLiteral("help")))
         return {.request = {}, .output = QString::fromLatin1(usage), .error = {}};
-    if (parser.isSet(showVersion))
+    if (parser.isSet(QStringLiteral("version")))
         return {.request = {}, .output = QStringLiteral("marrowcut-cli %1\n").arg(version), .error = {}};
 
-    if (parser.isSet(quality)) {
-        request.quality = QualityPreset::fromRawValue(parser.value(quality));
-        if (!request.quality)
-            return usageError(QStringLiteral("Unknown quality '%1': it is standard, smaller or tiny.")
-                                  .arg(parser.value(quality)));
-    }
-    request.burnIn = !parser.isSet(noBurnIn);
-    request.notify = parser.isSet(notify);
-    request.quiet = parser.isSet(quiet);
-    request.json = parser.isSet(json);
-    if (request.json && request.quiet)
-        return usageError(QStringLiteral("--json and --quiet exclude each other."));
-    if (parser.isSet(filesFrom))
-        request.namesFrom = parser.value(filesFrom);
-    for (const QString &path : parser.positionalArguments())
-        addPath(path, request);
-    if (request.items.isEmpty() && request.unusableNames.isEmpty() && !request.namesFrom)
-        return usageError(QStringLiteral("No clip or folder was named."));
+    readOptions(parser, request);
+    if (const QString problem = problemOf(request, parser); !problem.isEmpty())
+        return usageError(problem);
     return {.request = request, .output = {}, .error = {}};
 }
 
