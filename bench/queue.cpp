@@ -14,7 +14,8 @@
 
 using namespace marrowcut;
 
-namespace {
+namespace
+{
 
 double residentMebibytes()
 {
@@ -54,7 +55,8 @@ Cost measure(int count)
     const QTemporaryDir folder;
     QList<QUrl> names;
     for (int number = 0; number < count; ++number) {
-        QFile clip(folder.filePath(QStringLiteral("A001C%1_240305.mxf").arg(number, 6, 10, QLatin1Char('0'))));
+        QFile clip(
+            folder.filePath(QStringLiteral("A001C%1_240305.mxf").arg(number, 6, 10, QLatin1Char('0'))));
         if (!clip.open(QIODevice::WriteOnly))
             qFatal("no room for the clips");
         names.append(QUrl::fromLocalFile(clip.fileName()));
@@ -75,7 +77,8 @@ int main(int argc, char *argv[])
     const Cost smallest = measure(1000);
     for (const int count : {1000, 10000, 100000}) {
         const Cost cost = measure(count);
-        out << QStringLiteral("%1 clips: named %2 us each (x%3), in a folder %4 us each (x%5), %6 MiB resident\n")
+        out << QStringLiteral(
+                   "%1 clips: named %2 us each (x%3), in a folder %4 us each (x%5), %6 MiB resident\n")
                    .arg(count, 6)
                    .arg(cost.namedMicroseconds, 0, 'f', 2)
                    .arg(cost.namedMicroseconds / smallest.namedMicroseconds, 0, 'f', 2)

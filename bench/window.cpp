@@ -100,5 +100,7 @@ int main(int argc, char *argv[])
                .arg(jobCount)
                .arg(shareOfOneCore(queue) * 100, 0, 'f', 1)
                .arg(rowItems(view));
-    out << QStringLiteral("Select None on %1 jobs: %2 ms\n").arg(jobCount).arg(selectNoneMilliseconds(queue), 0, 'f', 0);
+    out << QStringLiteral("Select None on %1 jobs: %2 ms\n")
+               .arg(jobCount)
+               .arg(selectNoneMilliseconds(queue), 0, 'f', 0);
 }

@@ -11,6 +11,20 @@ namespace marrowcut::cli
 namespace
 {
 
+bool commandsTheTerminal(QChar character)
+{
+    switch (character.category()) {
+    case QChar::Other_Control:
+    case QChar::Separator_Line:
+    case QChar::Separator_Paragraph:
+        return true;
+    case QChar::Other_Format: // direction marks among them; joiners only shape letters and emoji
+        return character != u'\u200C' && character != u'\u200D';
+    default:
+        return false;
+    }
+}
+
 QString escaped(QChar character)
 {
     switch (character.unicode()) {
@@ -50,7 +64,7 @@ QString printable(const QString &text)
 {
     QString shown;
     for (const QChar character : text) {
-        if (character.category() == QChar::Other_Control)
+        if (commandsTheTerminal(character))
             shown += escaped(character);
         else
             shown += character;

@@ -6,8 +6,8 @@
 namespace marrowcut::cli
 {
 
-/// Control characters are written as escapes (\n, \x1B), so that a file's name can neither break the
-/// line nor command the terminal.
+/// Control characters, direction marks among them, are written as escapes (\n, \x1B), so that a file's
+/// name can neither break the line nor command the terminal nor show as another.
 QString printable(const QString &text);
 
 /// Number of terminal columns that printable text takes.

@@ -72,13 +72,13 @@ int runRequest(const Request &request)
     MemoryNotificationCenter silence(false);
     NotificationCenter &notifications = request.notify ? static_cast<NotificationCenter &>(desktop) : silence;
 
-    TerminationSignals signalSource;
     HeadlessRun run(preferences, notifications, request);
     if (!run.queueItems())
         return nothingToDo;
     if (!toolsAreThere())
         return toolMissing;
 
+    TerminationSignals signalSource; // until here a signal ends the program by itself
     QObject::connect(&signalSource, &TerminationSignals::received, &run, [&run] {
         if (!run.interrupt())
             std::_Exit(wasInterrupted); // the system holds the run's thread; the child dies with us

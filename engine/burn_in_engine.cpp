@@ -9,6 +9,7 @@
 #include <QPointer>
 
 #include <algorithm>
+#include <system_error>
 
 namespace marrowcut
 {
@@ -57,7 +58,7 @@ QList<RefusedItem> BurnInEngine::enqueue(const QList<QUrl> &urls)
     return items.refused;
 }
 
-void BurnInEngine::removeFromQueue(const QUuid &id)
+void BurnInEngine::removeFromQueue(QUuid id)
 {
     const ProxyJob *job = m_jobs.find(id);
     if (job && job->status.isQueued())
@@ -73,19 +74,19 @@ void BurnInEngine::setAllSelected(bool selected)
     }
 }
 
-void BurnInEngine::toggleSelected(const QUuid &id)
+void BurnInEngine::toggleSelected(QUuid id)
 {
     if (const ProxyJob *job = m_jobs.find(id))
         m_jobs.set(id, &ProxyJob::isSelected, !job->isSelected);
 }
 
-void BurnInEngine::toggleBurnIn(const QUuid &id)
+void BurnInEngine::toggleBurnIn(QUuid id)
 {
     if (const ProxyJob *job = m_jobs.find(id))
         m_jobs.set(id, &ProxyJob::burnInEnabled, !job->burnInEnabled);
 }
 
-void BurnInEngine::retry(const QUuid &id)
+void BurnInEngine::retry(QUuid id)
 {
     m_jobs.set(id, &ProxyJob::status, JobStatus::queued());
     m_jobs.set(id, &ProxyJob::progress, 0.0);
@@ -105,6 +106,16 @@ void BurnInEngine::start()
     Q_EMIT willChange();
     m_isRunning = true;
 
+    try {
+        startRunThread();
+    } catch (const std::system_error &) { // the system has no thread to give
+        Q_EMIT willChange();
+        m_isRunning = false;
+    }
+}
+
+void BurnInEngine::startRunThread()
+{
     std::promise<void> ended;
     m_runEnded = ended.get_future();
     m_runThread = std::jthread([this, preset = m_qualityPreset,

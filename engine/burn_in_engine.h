@@ -49,13 +49,13 @@ public:
     /// yet. Returns the items that gave none.
     QList<RefusedItem> enqueue(const QList<QUrl> &urls);
     /// Only a queued job is removed.
-    void removeFromQueue(const QUuid &id);
+    void removeFromQueue(QUuid id);
     /// Queued jobs only; one edit for each.
     void setAllSelected(bool selected);
-    void toggleSelected(const QUuid &id);
-    void toggleBurnIn(const QUuid &id);
+    void toggleSelected(QUuid id);
+    void toggleBurnIn(QUuid id);
     /// Puts a job back into the queue, whatever its status.
-    void retry(const QUuid &id);
+    void retry(QUuid id);
     /// Removes every job that is done, skipped or failed.
     void clearCompleted();
 
@@ -75,6 +75,7 @@ Q_SIGNALS:
     void recorded(const QUuid &id, const QString &manifestLine);
 
 private:
+    void startRunThread();
     void finishRun();
     void notifyCompletion();
 

@@ -30,7 +30,8 @@ void create(const QString &path)
 {
     const QString folder = path.left(path.lastIndexOf(QLatin1Char('/')));
     QFile file(folder + QStringLiteral("/.tmp_manifest.csv"));
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+    file.remove(); // NewOnly below then follows no link that someone left there
+    if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered))
         return;
     const bool written = writeWhole(file, header());
     file.close();

@@ -6,6 +6,8 @@
 #include "media/file_steps.h"
 #include "media/probe.h"
 #include "media/single_pass_encode.h"
+#include "platform/folder_lock.h"
+#include "platform/interrupted.h"
 #include "platform/main_thread_queue.h"
 
 #include <QDir>
@@ -38,6 +40,7 @@ void QueueRunner::processJob(const QUuid &id, QualityPreset preset)
         return; // removed meanwhile
     const OutputPaths paths = OutputPaths::forSource(job->sourceURL);
     QDir().mkpath(paths.outDir);
+    const FolderLock lock(paths.outDir, m_stop); // the window and the command line may run at once
     if (QFileInfo::exists(paths.finalOutput)) {
         finish(id, JobStatus::skipped());
         return;
@@ -59,12 +62,17 @@ void QueueRunner::processUnfinished(const ProxyJob &job, const OutputPaths &path
 
     setStatus(job.id, JobStatus::encoding());
     const media::EncodeResult result = encode({source, *meta, job.id, preset, job.burnInEnabled}, paths);
-    if (result.success)
-        finish(job.id, JobStatus::done());
-    else
-        fail(job.id, QStringLiteral("encode error"), result.stderrTail);
-    record(job.id, paths, meta,
-           result.success ? QStringLiteral("done") : QStringLiteral("failed: encode error"));
+    const QString outcome = result.success ? QStringLiteral("done") : QStringLiteral("failed: encode error");
+    try {
+        if (result.success)
+            finish(job.id, JobStatus::done());
+        else
+            fail(job.id, QStringLiteral("encode error"), result.stderrTail);
+    } catch (const Interrupted &) {
+        record(job.id, paths, meta, outcome); // nobody sees the status any more, but the file is there
+        throw;
+    }
+    record(job.id, paths, meta, outcome);
 }
 
 void QueueRunner::record(const QUuid &id, const OutputPaths &paths, const std::optional<ProbedMetadata> &meta,

@@ -53,7 +53,7 @@ QString runningTimecode(const QString &tc, const QString &rate)
 
 QString drawText(const QString &fontFile, const QString &content, const TextBox &box)
 {
-    return QStringLiteral("drawtext=fontfile='") + fontFile + QLatin1Char('\'') + content +
+    return QStringLiteral("drawtext=fontfile='") + escapeForQuotes(fontFile) + QLatin1Char('\'') + content +
            QStringLiteral(":x=") + QLatin1String(box.x) + QStringLiteral(":y=") + QLatin1String(box.y) +
            QStringLiteral(":fontsize=") + QLatin1String(box.fontSize) +
            QStringLiteral(":fontcolor=white:borderw=") + QLatin1String(box.borderWidth) +

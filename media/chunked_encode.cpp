@@ -3,6 +3,7 @@
 #include "media/encoder_arguments.h"
 #include "media/ffmpeg_locator.h"
 #include "media/file_steps.h"
+#include "media/finished_mp4.h"
 #include "media/process_runner.h"
 #include "media/progress_parsing.h"
 #include "media/stderr_tail.h"
@@ -40,14 +41,14 @@ public:
     {
         const bool success = encodePieces() && join() && moveIntoPlace(m_joinedOutput, finalOutput);
         if (success)
-            QDir(m_workFolder).removeRecursively();
+            removeFolder(m_workFolder);
         return {success, m_tail.text()};
     }
 
 private:
     bool encodePieces()
     {
-        QDir(m_workFolder).removeRecursively();
+        removeFolder(m_workFolder);
         QDir().mkpath(m_workFolder);
         const double duration = m_job.meta.duration;
         for (Piece piece; piece.start < duration; ++piece.index, piece.start += m_chunkSeconds) {
@@ -73,7 +74,7 @@ private:
             const qint32 status = ProcessRunner::runStreaming(
                 FFmpegLocator::ffmpegPath(), pieceArguments(m_job, m_context.system, piece, path), onLine,
                 {.stop = m_context.stop});
-            if (status != 0 || !QFileInfo::exists(path))
+            if (status != 0 || !isFinished(path))
                 return false;
         } catch (const ProcessRunner::LaunchError &) {
             return false;
@@ -134,10 +135,20 @@ private:
         try {
             const auto result = ProcessRunner::run(FFmpegLocator::ffmpegPath(), arguments, options);
             m_tail.append(result.stderr);
-            return result.status == 0 && QFileInfo::exists(m_joinedOutput);
+            // A part that cannot be read ends the joining early, with success.
+            return result.status == 0 && !result.stderr.contains(QStringLiteral("Impossible to open")) &&
+                   isFinished(m_joinedOutput);
         } catch (const ProcessRunner::LaunchError &) {
             return false;
         }
+    }
+
+    bool isFinished(const QString &path)
+    {
+        const bool finished = isFinishedMp4(path);
+        if (!finished)
+            m_tail.append(unfinishedFile());
+        return finished;
     }
 
     void writeJoinList(const QString &path) const

@@ -26,7 +26,7 @@ QString escapedCharacter(QChar character)
 
 } // namespace
 
-QString escapeForDrawtext(const QString &text)
+QString escapeForQuotes(const QString &text)
 {
     // White space is kept at either end only behind a backslash.
     const auto firstInner = std::find_if_not(text.cbegin(), text.cend(), isTrimmedByFFmpeg);
@@ -38,11 +38,15 @@ QString escapeForDrawtext(const QString &text)
             escaped += u'\\';
         escaped += escapedCharacter(*at);
     }
+    return escaped;
+}
+
+QString escapeForDrawtext(const QString &text)
+{
     // Text expansion would take % and \ for its own. It cannot be escaped past it for all scripts,
     // so it is switched off; the quote that follows the text in the graph closes this value.
-    if (text.contains(u'%') || text.contains(u'\\'))
-        escaped += QStringLiteral("':expansion='none");
-    return escaped;
+    const bool wantsNoExpansion = text.contains(u'%') || text.contains(u'\\');
+    return escapeForQuotes(text) + (wantsNoExpansion ? QStringLiteral("':expansion='none") : QString());
 }
 
 } // namespace marrowcut::media

@@ -11,4 +11,7 @@ namespace marrowcut::media
 /// Source: FFmpeg filters documentation, "Notes on filtergraph escaping", and measurements.
 QString escapeForDrawtext(const QString &text);
 
+/// The same for any other quoted option of a filter, where no expansion takes place.
+QString escapeForQuotes(const QString &text);
+
 } // namespace marrowcut::media

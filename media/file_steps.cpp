@@ -4,6 +4,7 @@
 #include <QFileInfo>
 
 #include <cstdio>
+#include <filesystem>
 
 namespace marrowcut::media
 {
@@ -11,6 +12,12 @@ namespace marrowcut::media
 void removeIfThere(const QString &path)
 {
     std::remove(QFile::encodeName(path).constData());
+}
+
+void removeFolder(const QString &path)
+{
+    std::error_code ignored;
+    std::filesystem::remove_all(QFile::encodeName(path).toStdString(), ignored);
 }
 
 bool moveIntoPlace(const QString &finished, const QString &finalPath)

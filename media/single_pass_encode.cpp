@@ -3,6 +3,7 @@
 #include "media/encoder_arguments.h"
 #include "media/ffmpeg_locator.h"
 #include "media/file_steps.h"
+#include "media/finished_mp4.h"
 #include "media/process_runner.h"
 #include "media/progress_parsing.h"
 #include "media/stderr_tail.h"
@@ -43,8 +44,10 @@ EncodeResult runSinglePass(const EncodeJob &job, const QString &finalOutput, con
         status = 1; // a tool that is not there is a failed encode
     }
 
-    if (status == 0)
+    if (status == 0 && isFinishedMp4(tmpOutput))
         return {moveIntoPlace(tmpOutput, finalOutput), tail.text()};
+    if (status == 0)
+        tail.append(unfinishedFile());
     removeIfThere(tmpOutput);
     return {false, tail.text()};
 }

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QList>
+#include <QObject>
 #include <QString>
+#include <QTimer>
 
 #include <functional>
 
@@ -40,11 +42,16 @@ public:
 
     const QList<NotificationRequest> &requests() const { return m_requests; }
 
-    void requestAuthorization(std::function<void(bool granted)> answer) override { answer(m_granted); }
+    void requestAuthorization(std::function<void(bool granted)> answer) override
+    {
+        QTimer::singleShot(0, &m_context,
+                           [answer = std::move(answer), granted = m_granted] { answer(granted); });
+    }
     void add(const NotificationRequest &request) override { m_requests.append(request); }
 
 private:
     bool m_granted;
+    QObject m_context;
     QList<NotificationRequest> m_requests;
 };
 

@@ -32,6 +32,10 @@ STEPS = [
     ("part file missing", LONG, '[[ $output == *part_0001* ]] && { "$real" "$@"; rm "$output"; exit 0; }', ENCODE_ERROR),
     ("first part gone before the join", LONG, '[[ $* == *concat* ]] && rm "$(dirname "$output")"/.chunks_*/part_0000.mp4',
      ENCODE_ERROR),
+    ("second part gone before the join", LONG,
+     '[[ $* == *concat* ]] && rm "$(dirname "$output")"/.chunks_*/part_0001.mp4', ENCODE_ERROR),
+    ("second part truncated", LONG, '[[ $output == *part_0001* ]] && { "$real" "$@"; truncate -s -1 "$output"; exit 0; }',
+     ENCODE_ERROR),
     ("join list gone", LONG, '[[ $* == *concat* ]] && rm "$(dirname "$output")"/.chunks_*/concat.txt', ENCODE_ERROR),
     ("join exits with 1", LONG, '[[ $* == *concat* ]] && exit 1', ENCODE_ERROR),
     ("join crashes", LONG, '[[ $* == *concat* ]] && kill -SEGV $$', ENCODE_ERROR),
@@ -40,10 +44,16 @@ STEPS = [
 
 # The same on a small disk of its own, which needs a mount namespace.
 FILL = 'dd if=/dev/zero of="$(dirname "$output")/fill" bs=1k status=none 2>/dev/null'
+# One page less than the finished file takes.
+ALMOST_FILL = ('{ "$real" "$@"; pages=$(( ($(stat -c %s "$output") + 4095) / 4096 - 1 )); rm "$output"; ' + FILL
+               + '; truncate -s -$((pages * 4096)) "$(dirname "$output")/fill"; }')
 DISKS = [
     ("disk full during the encode", SINGLE, False, f'[ $tool = ffmpeg ] && {FILL}', ENCODE_ERROR),
     ("disk full during a piece", LONG, False, f'[[ $output == *part_0001* ]] && {FILL}', ENCODE_ERROR),
     ("disk full during the join", LONG, False, f'[[ $* == *concat* ]] && {FILL}', ENCODE_ERROR),
+    ("disk full for the last byte", SINGLE, False, f'[ $tool = ffmpeg ] && {ALMOST_FILL}', ENCODE_ERROR),
+    ("disk full for the last byte of a piece", LONG, False, f'[[ $output == *part_0001* ]] && {ALMOST_FILL}', ENCODE_ERROR),
+    ("disk full for the last byte of the join", LONG, False, f'[[ $* == *concat* ]] && {ALMOST_FILL}', ENCODE_ERROR),
     ("disk full during the manifest's line", SINGLE, False,
      f'[ $tool = ffmpeg ] && {{ "$real" "$@"; status=$?; {FILL}; exit $status; }}', None),
     ("read-only folder", SINGLE, True, "", ENCODE_ERROR),

@@ -76,6 +76,7 @@ private:
             .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
     }
 
+    const QDir m_tools{QCoreApplication::applicationDirPath() + QStringLiteral("/../share/marrowcut")};
     std::unique_ptr<StandInScript> m_script;
     MemoryPreferenceStore m_preferences;
     std::unique_ptr<MemoryNotificationCenter> m_notifications;
@@ -85,6 +86,12 @@ private:
 void TestRun::init()
 {
     m_engine.reset();
+    for (const char *tool :
+         {"ffmpeg", "ffprobe"}) { // a run of the test that was cut off may have left one away
+        if (!QFile::exists(m_tools.filePath(QLatin1String(tool))))
+            QVERIFY(QFile::rename(m_tools.filePath(QLatin1String("away")),
+                                  m_tools.filePath(QLatin1String(tool))));
+    }
     m_script = std::make_unique<StandInScript>();
     m_notifications = std::make_unique<MemoryNotificationCenter>(true);
     m_engine = std::make_unique<BurnInEngine>(m_preferences, *m_notifications);
@@ -183,9 +190,8 @@ void TestRun::encoderIsChosenByDuration()
 void TestRun::missingToolFailsEveryJob()
 {
     // The links are the tools; without them nothing can be started.
-    const QDir tools(QCoreApplication::applicationDirPath() + QStringLiteral("/../share/marrowcut"));
-    const auto rename = [&tools](const char *from, const char *to) {
-        return QFile::rename(tools.filePath(QLatin1String(from)), tools.filePath(QLatin1String(to)));
+    const auto rename = [this](const char *from, const char *to) {
+        return QFile::rename(m_tools.filePath(QLatin1String(from)), m_tools.filePath(QLatin1String(to)));
     };
     const QUuid id = addClip(QStringLiteral("a.mov"));
     QVERIFY(rename("ffmpeg", "away"));
@@ -210,7 +216,7 @@ void TestRun::queueEditsDuringARun()
     m_script->set(clipOf("60") + "when a.mov\nwait-for @/go\nend\nwrite-output\n");
     m_engine->start();
     m_engine->start(); // a run is going on: nothing
-    QTRY_VERIFY(job(first).status.isEncoding());
+    QTRY_VERIFY_WITH_TIMEOUT(job(first).status.isEncoding(), 60000);
     m_engine->removeFromQueue(first); // not queued any more: stays
     m_engine->removeFromQueue(removed);
     m_engine->toggleSelected(unticked);
@@ -239,7 +245,7 @@ void TestRun::notificationCountsTheWholeList()
     run(clipOf("60") + "exit 1\n");
     addClip(QStringLiteral("b.mov"));
     run(clipOf("60") + "write-output\n");
-    QCOMPARE(m_notifications->requests().size(), 2);
+    QTRY_COMPARE_WITH_TIMEOUT(m_notifications->requests().size(), 2, 60000);
     QCOMPARE(m_notifications->requests().last().title, QStringLiteral("Marrowcut"));
     QCOMPARE(m_notifications->requests().last().body, QStringLiteral("1 done, 1 failed."));
     QCOMPARE(m_notifications->requests().last().identifier.size(), 36);
@@ -250,7 +256,7 @@ void TestRun::interruptionLeavesFilesAndNoChild()
     const QUuid id = addClip(QStringLiteral("a.mov"));
     m_script->set(clipOf("60") + "ignore-term\nwrite-output\npid @/pid\nwait-for @/never\n");
     m_engine->start();
-    QTRY_VERIFY(!m_script->contents(QStringLiteral("pid")).isEmpty());
+    QTRY_VERIFY_WITH_TIMEOUT(!m_script->contents(QStringLiteral("pid")).isEmpty(), 60000);
     QVERIFY(m_engine->interrupt(std::chrono::seconds(60)));
 
     const int pid = m_script->contents(QStringLiteral("pid")).toInt();

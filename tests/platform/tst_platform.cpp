@@ -1,4 +1,5 @@
 #include "platform/desktop_notifications.h"
+#include "platform/folder_lock.h"
 #include "platform/interrupted.h"
 #include "platform/main_thread_queue.h"
 #include "platform/monospaced_font.h"
@@ -15,6 +16,7 @@
 #include <QTest>
 #include <QThread>
 
+#include <atomic>
 #include <csignal>
 #include <latch>
 #include <thread>
@@ -32,6 +34,7 @@ private Q_SLOTS:
     void fontIsThere();
     void utf8IsStrict();
     void terminationSignals();
+    void folderLockKeepsOthersOut();
     void notificationsWithoutABus();
 };
 
@@ -50,7 +53,7 @@ void TestPlatform::mainThreadWorkKeepsItsOrder()
         queue.post([&] { note(3); });
         queue.performAndWait([&] { note(4); });
     });
-    QTRY_COMPARE(order.size(), 4);
+    QTRY_COMPARE_WITH_TIMEOUT(order.size(), 4, 60000);
     QCOMPARE(order, (QList<int>{1, 2, 3, 4}));
     QVERIFY(onMain);
 }
@@ -125,9 +128,28 @@ void TestPlatform::terminationSignals()
     QSignalSpy received(&signalSource, &TerminationSignals::received);
     for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
         std::raise(number);
-        QVERIFY(received.wait());
+        QVERIFY(received.wait(60000));
         QCOMPARE(received.takeFirst().first().toInt(), number);
     }
+}
+
+void TestPlatform::folderLockKeepsOthersOut()
+{
+    const QTemporaryDir folder;
+    std::stop_source source;
+    auto held = std::make_unique<FolderLock>(folder.path(), source.get_token());
+    std::atomic<bool> entered = false;
+    std::jthread other([&] {
+        const FolderLock waiting(folder.path(), {});
+        entered = true;
+    });
+    source.request_stop();
+    QVERIFY_EXCEPTION_THROWN(FolderLock(folder.path(), source.get_token()), Interrupted);
+    QVERIFY(!entered);
+    held.reset();
+    other.join();
+    QVERIFY(entered);
+    const FolderLock missing(folder.filePath(QStringLiteral("none")), {}); // nothing to lock: free
 }
 
 void TestPlatform::notificationsWithoutABus()
@@ -139,7 +161,7 @@ void TestPlatform::notificationsWithoutABus()
     notifications.requestAuthorization([&](bool granted) { answer = granted; });
     QVERIFY(!answer); // later, from the event loop
     QVERIFY(!notifications.isIdle());
-    QVERIFY(idle.wait());
+    QVERIFY(idle.wait(60000));
     QCOMPARE(answer, false);
 }
 

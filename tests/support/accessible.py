@@ -56,10 +56,11 @@ class Application:
                            what=f"{'no ' if gone else ''}{role} {name!r}")
         return None if gone else found[0]
 
-    def press(self, name, role="button"):
+    def press(self, name, role="push button"):
         """Presses through the accessibility interface, as assistive technology does."""
-        node = self.wait_for(role, name)
-        node.get_action_iface().do_action(0)
+        actions = self.wait_for(role, name).get_action_iface()
+        names = [actions.get_action_name(index) for index in range(actions.get_n_actions())]
+        actions.do_action(names.index("Press"))
 
 
 def is_showing(node):

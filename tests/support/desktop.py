@@ -31,6 +31,13 @@ class Desktop:
         self.environment = dict(os.environ)
 
     def __enter__(self):
+        with contextlib.ExitStack() as undo:  # where something does not start, nothing stays behind
+            undo.callback(self._stack.close)
+            self._start_all()
+            undo.pop_all()
+        return self
+
+    def _start_all(self):
         notifications, window_manager, accessibility = self._wanted
         home = self._stack.enter_context(tempfile.TemporaryDirectory())
         for name in ("HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_RUNTIME_DIR"):
@@ -52,7 +59,6 @@ class Desktop:
         if accessibility:
             self.environment["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
             self._call("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus.GetAddress")
-        return self
 
     def __exit__(self, *_):
         self._stack.close()
@@ -62,7 +68,7 @@ class Desktop:
         keywords.setdefault("stdout", subprocess.DEVNULL)
         keywords.setdefault("stderr", subprocess.DEVNULL)
         process = subprocess.Popen(command, env=self.environment, **keywords)
-        self._stack.callback(self._end, process)
+        self._stack.callback(self.end, process)
         return process
 
     def run(self, *command, **keywords):
@@ -76,7 +82,7 @@ class Desktop:
         return json.loads(self.run("dunstctl", "history"))["data"][0]
 
     @staticmethod
-    def _end(process):
+    def end(process):
         process.terminate()
         try:
             process.wait(10)
@@ -86,7 +92,8 @@ class Desktop:
 
     def _start_display(self):
         read_end, write_end = os.pipe()
-        self.start(["Xvfb", "-displayfd", str(write_end), "-screen", "0", self._screen, "-nolisten", "tcp"],
+        self.start(["Xvfb", "-displayfd", str(write_end), "-screen", "0", self._screen, "-nolisten", "tcp",
+                    "-noreset"],
                    pass_fds=[write_end])
         os.close(write_end)
         with os.fdopen(read_end) as answer:

@@ -14,7 +14,8 @@ extern "C" int clone(int (*function)(void *), void *, int flags, void *argument,
     void *const parentTid = va_arg(rest, void *);
     va_end(rest);
 
-    const long pid = syscall(SYS_clone, flags & ~(CLONE_VM | CLONE_VFORK), nullptr, parentTid, nullptr, nullptr);
+    const long pid =
+        syscall(SYS_clone, flags & ~(CLONE_VM | CLONE_VFORK), nullptr, parentTid, nullptr, nullptr);
     if (pid == 0)
         _exit(function(argument));
     return static_cast<int>(pid);

@@ -8,8 +8,10 @@
 //   flood N          N bytes in lines to both streams, in turns
 //   endless N        N bytes without a line break to standard error
 //   close-err        closes standard error
-//   write-output     writes a file at the last argument
+//   write-output     writes an MP4 without any content at the last argument
+//   write-torn       writes one there that breaks off
 //   wait-for FILE    until that file exists
+//   touch FILE       makes that file
 //   note FILE        appends the command line to that file, one argument per line, then an empty line
 //   pid FILE         writes its process number to that file
 //   stdin            copies standard input to standard error
@@ -109,8 +111,22 @@ const std::map<std::string, std::function<void(const std::string &)>> operations
     {"flood", flood},
     {"endless", [](const std::string &count) { put(STDERR_FILENO, std::string(std::stoul(count), 'x')); }},
     {"close-err", [](const std::string &) { close(STDERR_FILENO); }},
-    {"write-output", [](const std::string &) { std::ofstream(commandLine.back()) << "whole"; }},
+    {"write-output",
+     [](const std::string &) {
+         std::ofstream(commandLine.back()) << std::string("\0\0\0\x08"
+                                                          "ftyp\0\0\0\x08"
+                                                          "moov",
+                                                          16);
+     }},
+    {"write-torn",
+     [](const std::string &) {
+         std::ofstream(commandLine.back()) << std::string("\0\0\0\x08"
+                                                          "ftyp\0\0\0\x09"
+                                                          "moov",
+                                                          16);
+     }},
     {"wait-for", waitFor},
+    {"touch", [](const std::string &file) { std::ofstream out(file); }},
     {"note", note},
     {"pid", [](const std::string &file) { std::ofstream(file) << getpid(); }},
     {"stdin", [](const std::string &) { std::cerr << std::cin.rdbuf() << std::flush; }},
