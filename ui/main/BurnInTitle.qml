@@ -24,8 +24,8 @@ BorderlessButton {
         visible: root.showBurnInHelp
         onClosed: root.showBurnInHelp = false
 
+        width: 220 + 2 * padding
         contentItem: Text {
-            width: 220
             text: "Turn this off per file if you just need a smaller proxy and don't need the filename/timecode burned into the picture."
             font.pixelSize: 11
             color: Theme.primary

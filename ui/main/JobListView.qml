@@ -59,6 +59,8 @@ ColumnLayout {
 
             ScrollBar.vertical: ScrollBar {
                 id: scrollBar
+
+                policy: size < 1 ? ScrollBar.AlwaysOn : ScrollBar.AlwaysOff
             }
 
             delegate: JobRow {

@@ -6,13 +6,12 @@ Item {
     id: root
 
     required property string description
-    property bool animated: false
 
     implicitHeight: label.implicitHeight
-    Component.onCompleted: animated = true
 
+    // Not when the width changes: then the height has to be right at once.
     Behavior on implicitHeight {
-        enabled: root.animated
+        enabled: fade.running
 
         NumberAnimation {
             duration: 200
@@ -33,9 +32,11 @@ Item {
         Accessible.name: root.description
 
         Behavior on text {
-            enabled: root.animated
+            enabled: label.width > 0
 
             SequentialAnimation {
+                id: fade
+
                 NumberAnimation {
                     target: label
                     property: "opacity"

@@ -5,6 +5,7 @@
 #include "platform/process_setup.h"
 #include "platform/resource_folder.h"
 #include "platform/termination_signals.h"
+#include "ui/style/desktop_color_scheme.h"
 
 #include <QGuiApplication>
 #include <QIcon>
@@ -67,6 +68,7 @@ int main(int argc, char *argv[])
 
     const QGuiApplication application(argc, argv);
     introduceToDesktop();
+    DesktopColorScheme::instance(); // asks the desktop before the first window shows
     QQuickStyle::setStyle(QStringLiteral("Fusion"));
     chooseRenderer();
     return runWindow(commandLine.items);

@@ -1,0 +1,39 @@
+import QtQuick
+import Marrowcut.Main
+import Marrowcut.Sheets
+import Marrowcut.Shell
+import Marrowcut.Style
+
+// The window as the application has it, on a scripted queue.
+ThemedWindow {
+    id: root
+
+    required property QueueViewModel queue
+    required property DiagnosticsReport report
+    property alias helpState: helpState
+    property bool isAskingToQuit: false
+
+    title: "Marrowcut"
+    width: 480
+    height: 460
+    visible: true
+
+    HelpState {
+        id: helpState
+    }
+
+    ContentView {
+        anchors.fill: parent
+        queue: root.queue
+        helpState: helpState
+        report: root.report
+
+        menuBar: MainMenuBar {
+            width: root.width
+        }
+    }
+
+    QuitQuestion {
+        shown: root.isAskingToQuit
+    }
+}
