@@ -56,9 +56,9 @@ class WindowTest(unittest.TestCase):
     def xdotool(self, *arguments):
         return self.desktop.run("xdotool", *map(str, arguments))
 
-    def drag_onto_window(self, *paths):
-        """With the mouse, from a window of another process to the middle of ours."""
-        source = self.desktop.start(["/usr/bin/python3", SUPPORT / "drag_source.py", *paths])
+    def drag_onto_window(self, path, *names):
+        """With the mouse, from a window of another process to the middle of ours, which then lists the names."""
+        source = self.desktop.start(["/usr/bin/python3", SUPPORT / "drag_source.py", path])
         other = wait_until(lambda: self.windows("drag source"), what="the drag source")[0]
         self.xdotool("windowmove", "--sync", other, 20, 20)
         self.xdotool("windowmove", "--sync", self.window, 500, 200)
@@ -66,16 +66,28 @@ class WindowTest(unittest.TestCase):
         self.xdotool("mousemove", "--sync", "--window", other, 75, 50, "mousedown", 1)
         for x, y in [(90, 60), (120, 80), (140, 90)]:
             self.xdotool("mousemove", "--sync", "--window", other, x, y)
-        for y in (200, 220, 240):  # a source tells its target of a drag only as the pointer moves
-            self.xdotool("mousemove", "--sync", "--window", self.window, 240, y)
+        plain = self.edge_colour()
+        wait_until(lambda: self.move_over_window() and self.edge_colour() != plain, what="the highlight")
         self.xdotool("mouseup", 1)
-        return source
+        for name in names:
+            self.row(f"{name}, Queued")
+        self.desktop.end(source)
+
+    def move_over_window(self):
+        """A source tells its target of a drag only as the pointer moves."""
+        for y in (200, 210, 220):
+            self.xdotool("mousemove", "--sync", "--window", self.window, 240, y)
+        return True
+
+    def edge_colour(self):
+        """Where the outline is drawn while a drag is over the window that it would take."""
+        return self.desktop.run("import", "-window", self.window, "-crop", "1x1+1+200", "-depth", "8", "txt:-")
 
     def row(self, name):
         return self.app.wait_for("list item", name)
 
     def choose(self, menu, item):
-        self.click(self.app.wait_for("menu item", menu))
+        self.click(self.app.wait_for("menu bar", menu))
         self.click(self.app.wait_for("menu item", item))
 
     def click(self, node):
@@ -90,11 +102,8 @@ class WindowTest(unittest.TestCase):
         drop_text = "Drop a large video file"
         self.app.wait_for(None, drop_text)
 
-        self.drag_onto_window(self.folder / "a #1.mov")
-        self.row("a #1.mov, Queued")
-        self.drag_onto_window(self.folder / "samples")
-        self.row("A001C001.mxf, Queued")
-        self.row("A002C001.mov, Queued")
+        self.drag_onto_window(self.folder / "a #1.mov", "a #1.mov")
+        self.drag_onto_window(self.folder / "samples", "A001C001.mxf", "A002C001.mov")
         self.app.wait_for(None, drop_text, gone=True)
 
         self.app.press("Go")
@@ -123,20 +132,20 @@ class WindowTest(unittest.TestCase):
         self.row("broken.mov, Failed: could not read metadata")
         self.choose("Help", "Report a Problem")
         self.app.press("Copy to Clipboard")
-        self.app.wait_for("button", "Copied")
+        self.app.wait_for("push button", "Copied")
         report = self.desktop.run("xclip", "-selection", "clipboard", "-o")
         self.assertTrue(report.startswith("Marrowcut diagnostic report\nGenerated: "))
         self.assertRegex(report, r"\nffmpeg: ffmpeg version ")
         self.assertIn("\nFailed files (1):\n\n- broken.mov\n  Failed: could not read metadata\n  ---\n", report)
         self.app.press("Close")
-        self.app.wait_for("button", "Copied", gone=True)
+        self.app.wait_for("push button", "Copied", gone=True)
 
     def test_closing_during_a_run_asks_once(self):
         make_clip(self.folder / "long.mov", seconds=89)
         self.open_window(self.folder / "long.mov")
         self.app.press("Go")
         self.row("long.mov, Encoding")
-        self.desktop.run("wmctrl", "-c", "Marrowcut")
+        self.xdotool("windowactivate", "--sync", self.window, "key", "alt+F4")  # as the window manager closes
         self.app.wait_for(None, "A run is going on. Quit anyway?")
         self.assertIsNone(self.program.poll())
         self.app.press("Quit")

@@ -10,7 +10,12 @@ MenuBar {
     signal helpRequested()
     signal reportRequested()
 
-    Menu {
+    // A screen reader would spell the mark of the underlined letter.
+    delegate: MenuBarItem {
+        Accessible.name: text.replace("&", "")
+    }
+
+    NamedMenu {
         id: applicationMenu
 
         title: "&Marrowcut"
@@ -29,7 +34,7 @@ MenuBar {
         }
     }
 
-    Menu {
+    NamedMenu {
         title: "&Help"
 
         Action {
