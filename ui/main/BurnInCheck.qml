@@ -8,8 +8,7 @@ Item {
 
     required property bool checked
     required property string name
-    property alias focusPolicy: mark.focusPolicy
-    property alias visualFocus: mark.visualFocus
+    required property bool isTabStop
 
     signal toggled()
 
@@ -26,6 +25,7 @@ Item {
         id: mark
 
         anchors.verticalCenter: parent.verticalCenter
+        focusPolicy: root.isTabStop || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
         checked: root.checked
         Accessible.name: "Burn in filename and timecode, " + root.name
         onToggled: root.toggled()

@@ -26,7 +26,7 @@ FocusScope {
     required property real trailingPadding
     readonly property bool isQueued: statusKind === JobListModel.Queued
     readonly property bool isFailed: statusKind === JobListModel.Failed
-    readonly property int focusPolicy: ListView.isCurrentItem ? Qt.StrongFocus : Qt.ClickFocus
+    readonly property bool isTabStop: ListView.isCurrentItem
 
     signal includeToggled()
     signal burnInToggled()
@@ -35,7 +35,8 @@ FocusScope {
     signal focusEntered()
 
     implicitHeight: 36
-    activeFocusOnTab: ListView.isCurrentItem && !isQueued && !isFailed
+    // What has the focus stays a tab stop until it has passed it on; here and in the controls.
+    activeFocusOnTab: isTabStop && !isQueued && !isFailed || Window.activeFocusItem === root
     Accessible.role: Accessible.ListItem
     Accessible.name: accessibleText
     onActiveFocusChanged: if (activeFocus) focusEntered()
@@ -65,7 +66,7 @@ FocusScope {
             Layout.preferredWidth: root.includeColumnWidth
             visible: root.isQueued
             focus: root.isQueued
-            focusPolicy: root.focusPolicy
+            focusPolicy: root.isTabStop || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
             checked: root.isSelected
             Accessible.name: "Include " + root.name
             onToggled: root.includeToggled()
@@ -79,7 +80,7 @@ FocusScope {
             visible: root.isQueued && root.burnInShare > 0
             enabled: root.isSelected
             opacity: root.burnInShare * (root.isSelected ? 1 : 0.4)
-            focusPolicy: root.focusPolicy
+            isTabStop: root.isTabStop
             checked: root.burnInEnabled
             name: root.name
             onToggled: root.burnInToggled()
@@ -149,7 +150,7 @@ FocusScope {
             objectName: "removeButton"
             padding: 3
             visible: root.isQueued
-            focusPolicy: root.focusPolicy
+            focusPolicy: root.isTabStop || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
             symbol: "xmark.circle.fill"
             symbolSize: 14
             Accessible.name: "Remove " + root.name
@@ -160,7 +161,7 @@ FocusScope {
             objectName: "retryButton"
             visible: root.isFailed
             focus: root.isFailed
-            focusPolicy: root.focusPolicy
+            focusPolicy: root.isTabStop || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
             text: "Retry"
             font.pixelSize: 11
             Accessible.name: "Retry " + root.name

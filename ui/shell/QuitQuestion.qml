@@ -23,7 +23,6 @@ T.Popup {
     focus: true
     closePolicy: T.Popup.NoAutoClose
     visible: shown
-    onOpened: keepButton.forceActiveFocus()
 
     // The overlay sets the opacity of what stands here.
     T.Overlay.modal: Item {
@@ -40,7 +39,7 @@ T.Popup {
         border.color: Theme.controlBorder
     }
 
-    contentItem: ColumnLayout {
+    contentItem: ColumnLayout { // qmllint disable deferred-property-id
         spacing: 16
 
         Text {
@@ -63,9 +62,8 @@ T.Popup {
             }
 
             PushButton {
-                id: keepButton
-
                 objectName: "keepRunningButton"
+                focus: true
                 text: "Keep Running"
                 highlighted: true
                 onClicked: root.keepRunning()

@@ -25,7 +25,7 @@ ThemedWindow {
     ContentView {
         anchors.fill: parent
         queue: root.queue
-        helpState: helpState
+        helpState: root.helpState
         report: root.report
 
         menuBar: MainMenuBar {

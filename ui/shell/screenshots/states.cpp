@@ -75,8 +75,10 @@ void dragOver(const Stage &stage)
     queueThree(stage);
     QMimeData files;
     files.setUrls({QUrl::fromLocalFile(clip(QStringLiteral("A009.mxf")))});
-    QDragEnterEvent event(QPoint(100, 100), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(&stage.window, &event);
+    QDragEnterEvent enter(QPoint(100, 100), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&stage.window, &enter);
+    QDragMoveEvent move(QPoint(100, 100), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&stage.window, &move);
 }
 
 /// Opens the sheet of a flag of the HelpState.

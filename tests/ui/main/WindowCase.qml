@@ -1,0 +1,81 @@
+import QtQuick
+import QtTest
+import Marrowcut.Main
+import Marrowcut.Scripted
+import Marrowcut.Sheets
+import Marrowcut.Style
+import Marrowcut.Tests
+
+// A test case with the window's content on a scripted queue, empty at the start of each test.
+TestCase {
+    id: root
+
+    property alias queue: queue
+    property alias helpState: helpState
+    property Item content
+
+    function find(name: string): Item {
+        const item = findChild(content, name);
+        return item && item.visible ? item as Item : null;
+    }
+
+    // Awaits a frame, which lays out everything; one that nothing asked for would not come.
+    function settle() {
+        content.Window.window.update();
+        waitForRendering(content);
+    }
+
+    // The list's row, once it is there.
+    function row(index: int): Item {
+        const list = findChild(content, "jobList");
+        tryVerify(() => list.itemAtIndex(index) !== null);
+        settle();
+        return list.itemAtIndex(index);
+    }
+
+    // What is shown of a row's piece, else null.
+    function piece(index: int, name: string): Item {
+        const item = findChild(row(index), name);
+        return item && item.visible ? item as Item : null;
+    }
+
+    function click(name: string) {
+        tryVerify(() => find(name) !== null);
+        settle();
+        mouseClick(find(name));
+    }
+
+    when: windowShown
+    visible: true
+    width: 480
+    height: 460
+
+    function init() {
+        queue.clear();
+        content = createTemporaryObject(contentComponent, root);
+        verify(content);
+        settle();
+        content.Window.window.requestActivate();
+        tryCompare(content.Window, "active", true);
+    }
+
+    ScriptedQueue {
+        id: queue
+    }
+
+    HelpState {
+        id: helpState
+    }
+
+    Component {
+        id: contentComponent
+
+        ContentView {
+            width: root.width
+            height: root.height
+            queue: root.queue.viewModel
+            helpState: root.helpState
+            report: TestDesktop.report
+        }
+    }
+}

@@ -1,0 +1,66 @@
+#include "ui/sheets/diagnostics_report.h"
+
+#include <QDragEnterEvent>
+#include <QMimeData>
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QQuickStyle>
+#include <QQuickWindow>
+#include <QtQml/qqmlextensionplugin.h>
+#include <QtQuickTest>
+
+Q_IMPORT_QML_PLUGIN(Marrowcut_StylePlugin)
+Q_IMPORT_QML_PLUGIN(Marrowcut_SheetsPlugin)
+Q_IMPORT_QML_PLUGIN(Marrowcut_MainPlugin)
+Q_IMPORT_QML_PLUGIN(Marrowcut_ScriptedPlugin)
+
+/// What the tests do in another program's place.
+class TestDesktop : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QObject *report MEMBER m_report CONSTANT)
+public:
+    /// Moves dragged items over the window. Returns whether they would be taken.
+    Q_INVOKABLE bool dragOver(QQuickItem *item, const QPoint &place, const QList<QUrl> &urls)
+    {
+        m_mimeData.setUrls(urls);
+        QDragEnterEvent enter(place, offered, &m_mimeData, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(item->window(), &enter);
+        QDragMoveEvent move(place, offered, &m_mimeData, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(item->window(), &move);
+        return move.isAccepted();
+    }
+    Q_INVOKABLE void dragAway(QQuickItem *item)
+    {
+        QDragLeaveEvent leave;
+        QCoreApplication::sendEvent(item->window(), &leave);
+    }
+    /// Returns the action that the window says it took.
+    Q_INVOKABLE int drop(QQuickItem *item, const QPoint &place)
+    {
+        QDropEvent drop(place, offered, &m_mimeData, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(item->window(), &drop);
+        return drop.isAccepted() ? drop.dropAction() : Qt::IgnoreAction;
+    }
+
+private:
+    static constexpr Qt::DropActions offered = Qt::MoveAction | Qt::CopyAction;
+    QMimeData m_mimeData;
+    QObject *m_report = new marrowcut::DiagnosticsReport([] { return QList<marrowcut::ProxyJob>(); }, this);
+};
+
+class Setup : public QObject
+{
+    Q_OBJECT
+public Q_SLOTS:
+    void applicationAvailable()
+    {
+        QQuickStyle::setStyle(QStringLiteral("Fusion"));
+        qmlRegisterSingletonType<TestDesktop>("Marrowcut.Tests", 1, 0, "TestDesktop",
+                                              [](QQmlEngine *, QJSEngine *) { return new TestDesktop; });
+    }
+};
+
+QUICK_TEST_MAIN_WITH_SETUP(main_window, Setup)
+
+#include "tst_main_window.moc"

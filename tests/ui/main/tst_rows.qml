@@ -1,0 +1,151 @@
+import QtQuick
+import QtTest
+import Marrowcut.Style
+
+WindowCase {
+    id: test
+
+    name: "Rows"
+
+    function test_forms_data(): list<var> {
+        return [
+            {tag: "queued", status: "queued", text: "Queued", eta: "", bar: -1},
+            {tag: "probing", status: "probing", text: "Reading metadata…", eta: "", bar: 0.4, tint: Theme.accent},
+            {tag: "encoding", status: "encoding", text: "Encoding…", eta: "· 1m left", bar: 0.4, tint: Theme.accent},
+            {tag: "done", status: "done", text: "Done", eta: "", bar: 1, tint: Theme.success},
+            {tag: "skipped", status: "skipped", text: "Already done", eta: "", bar: 1, tint: Theme.success},
+            {tag: "failed", status: "failed:encode error", text: "Failed: encode error", eta: "", bar: 0.4, tint: Theme.failure}
+        ];
+    }
+
+    function test_forms(data: var) {
+        queue.add("/clips/A001.mxf", data.status, 0.4, 90);
+        const queued = data.status === "queued";
+        const failed = data.status.startsWith("failed");
+        compare(row(0).height, 36);
+        compare(piece(0, "name").text, "A001.mxf");
+        compare(piece(0, "status").text, data.text);
+        compare(piece(0, "status").color, failed ? Theme.failure : Theme.secondary);
+        compare(piece(0, "eta") ? piece(0, "eta").text : "", data.eta);
+        compare(piece(0, "includeCheck") !== null, queued);
+        compare(piece(0, "removeButton") !== null, queued);
+        compare(piece(0, "retryButton") !== null, failed);
+        compare(piece(0, "burnInCheck"), null);
+        compare(piece(0, "bar") ? piece(0, "bar").value : -1, data.bar);
+        if (!queued)
+            compare(piece(0, "bar").tint, data.tint);
+    }
+
+    function test_rowFollowsItsJob() {
+        queue.add("/clips/A001.mxf");
+        verify(piece(0, "includeCheck"));
+        queue.setStatus(0, "encoding");
+        queue.setProgress(0, 0.25);
+        tryVerify(() => piece(0, "bar") !== null);
+        compare(piece(0, "bar").value, 0.25);
+        compare(row(0).accessibleText, "A001.mxf, Encoding…, 25 percent");
+        queue.setStatus(0, "failed:encode error");
+        tryVerify(() => piece(0, "retryButton") !== null);
+        mouseClick(piece(0, "retryButton"));
+        tryVerify(() => piece(0, "removeButton") !== null);
+    }
+
+    function test_includeCheckInvertsAndFollows() {
+        queue.add("/clips/A001.mxf");
+        const check = piece(0, "includeCheck");
+        mouseClick(check);
+        tryCompare(check, "checked", false);
+        verify(!queue.isSelected(0));
+        queue.setSelected(0, true);
+        tryCompare(check, "checked", true);
+        compare(check.width, 20);
+    }
+
+    function test_removeButton() {
+        queue.add("/clips/A001.mxf");
+        queue.add("/clips/A002.mxf");
+        mouseClick(piece(0, "removeButton"));
+        tryCompare(findChild(content, "jobList"), "count", 1);
+        compare(piece(0, "name").text, "A002.mxf");
+    }
+
+    function test_burnInColumn() {
+        queue.add("/clips/A001.mxf");
+        queue.add("/clips/A002.mxf");
+        queue.setSelected(1, false);
+        click("advancedButton");
+        tryVerify(() => piece(0, "burnInCheck") !== null && piece(0, "burnInCheck").width === 58);
+        verify(find("burnInTitle"));
+        compare(find("advancedButton").symbol, "chevron.up");
+        compare(find("burnInTitle").mapToItem(content, 0, 0).x, piece(0, "burnInCheck").mapToItem(content, 0, 0).x);
+        mouseClick(piece(0, "burnInCheck"), 7);
+        tryVerify(() => !queue.isBurnInEnabled(0));
+        fuzzyCompare(piece(1, "burnInCheck").opacity, 0.4, 0.001);
+        mouseClick(piece(1, "burnInCheck"), 7);
+        verify(queue.isBurnInEnabled(1));
+
+        queue.setStatus(0, "done");
+        queue.setStatus(1, "done");
+        tryVerify(() => find("advancedButton") === null);
+        compare(piece(0, "burnInCheck"), null);
+        queue.add("/clips/A003.mxf");
+        tryVerify(() => find("advancedButton") !== null);
+        compare(find("advancedButton").symbol, "chevron.up");
+        click("advancedButton");
+        tryVerify(() => find("burnInTitle") === null);
+        compare(piece(2, "burnInCheck"), null);
+    }
+
+    function test_burnInHelp() {
+        queue.add("/clips/A001.mxf");
+        click("advancedButton");
+        tryVerify(() => find("burnInTitle") !== null && find("burnInTitle").width === 58);
+        const title = find("burnInTitle");
+        for (let press = 0; press < 2; ++press) {
+            mouseClick(title);
+            tryCompare(findChild(title, "burnInHelp"), "opened", true);
+        }
+        compare(findChild(title, "burnInHelp").width, 240);
+        keyClick(Qt.Key_Escape);
+        tryCompare(title, "showBurnInHelp", false);
+        tryCompare(findChild(title, "burnInHelp"), "visible", false);
+    }
+
+    function test_longNamesAreShortenedInTheMiddle() {
+        queue.add("/clips/" + "A long name ".repeat(20) + ".mxf", "failed:could not read metadata");
+        verify(piece(0, "name").truncated);
+        compare(piece(0, "name").elide, Text.ElideMiddle);
+        verify(!piece(0, "status").truncated);
+    }
+
+    function test_onlyVisibleRowsExist() {
+        for (let number = 0; number < 2000; ++number)
+            queue.add("/clips/" + number + ".mxf");
+        row(0);
+        verify(findChild(content, "jobList").contentItem.children.length < 40);
+    }
+
+    function test_keyboardGoesThroughTheRows() {
+        queue.add("/clips/A001.mxf");
+        queue.add("/clips/A002.mxf");
+        queue.add("/clips/A003.mxf", "failed:encode error");
+        row(2);
+        find("advancedButton").forceActiveFocus();
+        keyClick(Qt.Key_Tab);
+        tryCompare(piece(0, "includeCheck"), "activeFocus", true);
+        keyClick(Qt.Key_Space);
+        tryVerify(() => !queue.isSelected(0));
+        keyClick(Qt.Key_Down);
+        tryCompare(piece(1, "includeCheck"), "activeFocus", true);
+        keyClick(Qt.Key_Tab);
+        tryCompare(piece(1, "removeButton"), "activeFocus", true);
+        keyClick(Qt.Key_Tab);
+        tryCompare(find("selectAllButton"), "activeFocus", true);
+        keyClick(Qt.Key_Backtab);
+        tryCompare(piece(1, "removeButton"), "activeFocus", true);
+        keyClick(Qt.Key_Down);
+        tryCompare(piece(2, "retryButton"), "activeFocus", true);
+        keyClick(Qt.Key_Space);
+        tryVerify(() => piece(2, "removeButton") !== null);
+    }
+}

@@ -1,0 +1,122 @@
+import QtQuick
+import QtTest
+import Marrowcut.Style
+import Marrowcut.Tests
+
+WindowCase {
+    id: test
+
+    readonly property var files: [Qt.url("file:///clips/A001.mxf"), Qt.url("file:///clips/Shoot%20%233")]
+
+    name: "Window"
+
+    function test_dropZoneAndListTakeTurns() {
+        verify(!find("jobList"));
+        verify(!find("overallBar"));
+        queue.add("/clips/A001.mxf", "done");
+        tryVerify(() => find("jobList") !== null);
+        verify(find("overallBar"));
+        click("clearButton");
+        tryVerify(() => find("jobList") === null);
+        verify(!find("overallBar"));
+    }
+
+    function test_controlBar_data(): list<var> {
+        return [
+            {tag: "one queued", jobs: ["queued"], selectAll: "Select None", clear: false, go: true, done: "0 of 1 done", bar: 0},
+            {tag: "one unticked", jobs: ["queued", "unticked"], selectAll: "Select All", clear: false, go: true, done: "0 of 2 done", bar: 0},
+            {tag: "all unticked", jobs: ["unticked"], selectAll: "Select All", clear: false, go: false, done: "0 of 1 done", bar: 0},
+            {tag: "finished", jobs: ["done", "failed:encode error"], selectAll: "", clear: true, go: false, done: "1 of 2 done", bar: 1},
+            {tag: "half", jobs: ["skipped", "unticked"], selectAll: "Select All", clear: true, go: false, done: "1 of 2 done", bar: 0.5}
+        ];
+    }
+
+    function test_controlBar(data: var) {
+        data.jobs.forEach((status, index) => {
+            queue.add("/clips/" + index + ".mxf", status === "unticked" ? "queued" : status);
+            queue.setSelected(index, status !== "unticked");
+        });
+        tryVerify(() => find("overallBar") !== null);
+        compare(find("selectAllButton") ? find("selectAllButton").text : "", data.selectAll);
+        compare(find("clearButton") !== null, data.clear);
+        compare(find("goButton") !== null, data.go);
+        compare(find("doneText").text, data.done);
+        compare(find("overallBar").value, data.bar);
+        compare(find("outputPath").text, "/clips/marrowcut_proxies");
+        queue.setRunning(true);
+        tryVerify(() => find("selectAllButton") === null && find("clearButton") === null && find("goButton") === null);
+        verify(find("overallBar"));
+    }
+
+    function test_controlBarActs() {
+        queue.add("/clips/A001.mxf");
+        queue.add("/clips/A002.mxf");
+        queue.setSelected(0, false);
+        click("selectAllButton");
+        tryCompare(find("selectAllButton"), "text", "Select None");
+        verify(queue.isSelected(0) && queue.isSelected(1));
+        click("goButton");
+        compare(queue.startCount, 1);
+        click("revealButton");
+        compare(queue.revealed, [Qt.url("file:///clips/marrowcut_proxies")]);
+    }
+
+    function test_returnIsGoWhereItIsShown() {
+        queue.add("/clips/A001.mxf");
+        piece(0, "includeCheck").forceActiveFocus();
+        keyClick(Qt.Key_Return);
+        compare(queue.startCount, 1);
+        queue.setSelected(0, false);
+        tryVerify(() => find("goButton") === null);
+        keyClick(Qt.Key_Return);
+        queue.setSelected(0, true);
+        queue.setRunning(true);
+        tryVerify(() => find("selectAllButton") === null);
+        keyClick(Qt.Key_Return);
+        compare(queue.startCount, 1);
+    }
+
+    function test_presetPicker() {
+        const picker = find("presetPicker");
+        compare(picker.width, 240);
+        compare(picker.model, ["standard", "smaller", "tiny"]);
+        const standardHeight = picker.parent.height;
+        mouseClick(picker, picker.width - 20);
+        tryCompare(picker, "currentIndex", 2);
+        compare(queue.viewModel.presetIndex, 2);
+        tryVerify(() => picker.parent.height > standardHeight); // a longer description, wrapped
+        queue.setRunning(true);
+        mouseClick(picker, 20);
+        tryCompare(picker, "currentIndex", 0);
+        tryCompare(picker.parent, "height", standardHeight);
+    }
+
+    function test_helpButton() {
+        click("helpButton");
+        compare(helpState.showHelp, true);
+        helpState.showHelp = false;
+    }
+
+    function test_dragHighlightsTheWholeWindow() {
+        const highlight = findChild(content, "dropHighlight");
+        for (const place of [Qt.point(5, 5), Qt.point(240, 440)]) {
+            verify(TestDesktop.dragOver(content, place, files));
+            verify(highlight.visible && content.isTargeted);
+            TestDesktop.dragAway(content);
+            verify(!highlight.visible);
+        }
+        compare(Qt.size(highlight.width, highlight.height), Qt.size(content.width, content.height));
+        verify(!TestDesktop.dragOver(content, Qt.point(5, 5), [Qt.url("https://quorvane.example/A001.mxf")]));
+        verify(!highlight.visible);
+        TestDesktop.dragAway(content);
+    }
+
+    function test_dropEnqueuesEachItemByItself() {
+        verify(TestDesktop.dragOver(content, Qt.point(50, 50), files));
+        compare(TestDesktop.drop(content, Qt.point(50, 50)), Qt.CopyAction);
+        compare(queue.enqueued, []);
+        tryCompare(queue, "enqueued", files);
+        tryVerify(() => find("jobList") !== null);
+        verify(!content.isTargeted);
+    }
+}
