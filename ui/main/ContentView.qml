@@ -27,7 +27,7 @@ Item {
 
         MainHeader {
             Layout.fillWidth: true
-            presetNames: root.queue.presetNames
+            presetNames: root.queue.presetNames // qmllint disable type
             presetIndex: root.queue.presetIndex
             presetDescription: root.queue.presetDescription
             onPresetChosen: index => root.queue.choosePreset(index)

@@ -63,6 +63,7 @@ ColumnLayout {
                 policy: size < 1 ? ScrollBar.AlwaysOn : ScrollBar.AlwaysOff
             }
 
+            // qmllint disable unqualified
             delegate: JobRow {
                 width: list.width
                 trailingPadding: scrollBar.size < 1 ? scrollBar.width + 4 : 12
@@ -75,6 +76,7 @@ ColumnLayout {
                 onRetryRequested: root.queue.retry(jobId)
                 onFocusEntered: list.currentIndex = index
             }
+            // qmllint enable unqualified
         }
 
         Divider {
