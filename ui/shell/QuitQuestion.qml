@@ -39,7 +39,7 @@ T.Popup {
         border.color: Theme.controlBorder
     }
 
-    contentItem: ColumnLayout { // qmllint disable deferred-property-id
+    contentItem: ColumnLayout {
         spacing: 16
 
         Text {
