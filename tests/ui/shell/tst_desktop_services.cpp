@@ -1,0 +1,189 @@
+#include "platform/desktop_file_viewer.h"
+#include "platform/sleep_inhibitor.h"
+#include "platform/taskbar_progress.h"
+
+#include <QDBusConnection>
+#include <QDBusContext>
+#include <QDBusMessage>
+#include <QDBusUnixFileDescriptor>
+#include <QDir>
+#include <QProcess>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <array>
+#include <poll.h>
+#include <unistd.h>
+
+using namespace marrowcut;
+
+/// A file viewer, on a message bus of the test's own.
+class FakeFileManager : public QObject, protected QDBusContext
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.FileManager1")
+public:
+    QStringList shown;
+    bool refuses = false;
+
+public Q_SLOTS:
+    void ShowItems(const QStringList &uris, const QString &)
+    {
+        shown += uris;
+        if (refuses)
+            sendErrorReply(QDBusError::Failed);
+    }
+};
+
+/// The login manager; it sees the inhibition end as the other end of a pipe being closed.
+class FakeLoginManager : public QObject
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.login1.Manager")
+public:
+    QStringList asked;
+    int readEnd = -1;
+
+    bool isHeld() const
+    {
+        pollfd state = {readEnd, POLLIN, 0};
+        return poll(&state, 1, 0) == 0;
+    }
+
+public Q_SLOTS:
+    QDBusUnixFileDescriptor Inhibit(const QString &what, const QString &who, const QString &why,
+                                    const QString &mode)
+    {
+        asked.append(QStringList{what, who, why, mode}.join(QLatin1Char('|')));
+        std::array<int, 2> ends = {-1, -1};
+        if (pipe(ends.data()) != 0)
+            return QDBusUnixFileDescriptor();
+        readEnd = ends[0];
+        const QDBusUnixFileDescriptor handedOver(ends[1]); // a copy
+        close(ends[1]);
+        return handedOver;
+    }
+};
+
+class TaskbarListener : public QObject
+{
+    Q_OBJECT
+public:
+    QStringList updates;
+
+public Q_SLOTS:
+    void update(const QString &application, const QVariantMap &properties)
+    {
+        updates.append(QStringLiteral("%1 %2 %3")
+                           .arg(application)
+                           .arg(properties.value(QStringLiteral("progress")).toDouble())
+                           .arg(properties.value(QStringLiteral("progress-visible")).toBool()));
+    }
+};
+
+class DesktopServicesTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        m_daemon.start(
+            QStringLiteral("dbus-daemon"),
+            {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address")});
+        QVERIFY(m_daemon.waitForReadyRead());
+        const QByteArray address = m_daemon.readLine().trimmed();
+        qputenv("DBUS_SESSION_BUS_ADDRESS", address);
+        qputenv("DBUS_SYSTEM_BUS_ADDRESS", address);
+        QVERIFY(m_clips.isValid());
+        QVERIFY(QDir(m_clips.path()).mkdir(QStringLiteral("Shoot #3")));
+    }
+
+    void revealing()
+    {
+        QList<QUrl> opened;
+        DesktopFileViewer viewer([&opened](const QUrl &folder) { opened.append(folder); });
+        const QUrl folder = QUrl::fromLocalFile(m_clips.filePath(QStringLiteral("Shoot #3")));
+
+        viewer.reveal(folder); // nobody is there to answer
+        QTRY_COMPARE(opened, QList{folder});
+
+        QDBusConnection bus = serverBus();
+        FakeFileManager fileManager;
+        QVERIFY(bus.registerObject(QStringLiteral("/org/freedesktop/FileManager1"), &fileManager,
+                                   QDBusConnection::ExportAllSlots));
+        QVERIFY(bus.registerService(QStringLiteral("org.freedesktop.FileManager1")));
+        viewer.reveal(folder);
+        QTRY_COMPARE(fileManager.shown, QStringList{QString::fromLatin1(folder.toEncoded())});
+        QVERIFY(fileManager.shown.first().endsWith(QStringLiteral("Shoot%20%233")));
+        QCOMPARE(opened.size(), 1);
+
+        fileManager.refuses = true;
+        viewer.reveal(folder);
+        QTRY_COMPARE(opened.size(), 2);
+
+        const QString missing = QStringLiteral("/marrowcut_proxies/none");
+        viewer.reveal(QUrl::fromLocalFile(folder.toLocalFile() + missing));
+        QCOMPARE(opened.size(), 3);
+        QCOMPARE(opened.last(), folder);
+        viewer.reveal(QUrl::fromLocalFile(missing));
+        QCOMPARE(opened.last(), QUrl::fromLocalFile(QStringLiteral("/")));
+    }
+
+    void inhibitingSleep()
+    {
+        SleepInhibitor inhibitor;
+        inhibitor.setHeld(true); // refused: there is no login manager
+        QDBusConnection bus = serverBus();
+        FakeLoginManager logind;
+        QVERIFY(bus.registerObject(QStringLiteral("/org/freedesktop/login1"), &logind,
+                                   QDBusConnection::ExportAllSlots));
+        QVERIFY(bus.registerService(QStringLiteral("org.freedesktop.login1")));
+
+        SleepInhibitor heard;
+        heard.setHeld(true);
+        heard.setHeld(true);
+        QTRY_VERIFY(logind.readEnd >= 0 && logind.isHeld());
+        QCOMPARE(logind.asked, QStringList{QStringLiteral("idle:sleep|Marrowcut|Making proxies|block")});
+        heard.setHeld(false);
+        QTRY_VERIFY(!logind.isHeld());
+        heard.setHeld(true);
+        QTRY_COMPARE(logind.asked.size(), 2);
+        QTRY_VERIFY(logind.isHeld());
+    }
+
+    void taskbarProgress()
+    {
+        TaskbarListener listener;
+        QVERIFY(serverBus().connect(QString(), QString(), QStringLiteral("com.canonical.Unity.LauncherEntry"),
+                                    QStringLiteral("Update"), &listener, SLOT(update(QString, QVariantMap))));
+        TaskbarProgress progress(QStringLiteral("marrowcut"));
+        progress.show(std::nullopt);
+        progress.show(0.25);
+        progress.show(0.251);
+        progress.show(std::nullopt);
+        QTRY_COMPARE(listener.updates, (QStringList{QStringLiteral("application://marrowcut.desktop 0.25 1"),
+                                                    QStringLiteral("application://marrowcut.desktop 0 0")}));
+    }
+
+    void cleanupTestCase()
+    {
+        QDBusConnection::disconnectFromBus(QStringLiteral("server"));
+        m_daemon.terminate();
+        m_daemon.waitForFinished();
+    }
+
+private:
+    static QDBusConnection serverBus()
+    {
+        return QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"),
+                                             QStringLiteral("server"));
+    }
+
+    QProcess m_daemon;
+    QTemporaryDir m_clips;
+};
+
+QTEST_GUILESS_MAIN(DesktopServicesTest)
+#include "tst_desktop_services.moc"

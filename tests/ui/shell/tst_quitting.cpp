@@ -1,0 +1,169 @@
+#include "marrowcut_app.h"
+
+#include "support/stand_in_script.h"
+
+#include <QQmlApplicationEngine>
+#include <QQuickItem>
+#include <QQuickStyle>
+#include <QQuickWindow>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTimer>
+#include <QtQml/qqmlextensionplugin.h>
+
+#include <csignal>
+
+Q_IMPORT_QML_PLUGIN(Marrowcut_StylePlugin)
+Q_IMPORT_QML_PLUGIN(Marrowcut_SheetsPlugin)
+Q_IMPORT_QML_PLUGIN(Marrowcut_MainPlugin)
+Q_IMPORT_QML_PLUGIN(Marrowcut_ShellPlugin)
+
+using namespace marrowcut;
+
+/// The application with its real window, on tools that never finish.
+class QuittingTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        QQuickStyle::setStyle(QStringLiteral("Fusion"));
+        qputenv("XDG_CONFIG_HOME", m_script.folder().toUtf8());
+        qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere");
+        qputenv("DBUS_SYSTEM_BUS_ADDRESS", "unix:path=/nowhere");
+        m_script.set("pid @/pid\nwait-for @/never\n");
+        m_script.touch(QStringLiteral("clip.mov"));
+    }
+
+    void init()
+    {
+        QFile::remove(m_script.path(QStringLiteral("pid")));
+        m_app = std::make_unique<MarrowcutApp>();
+        m_engine = std::make_unique<QQmlApplicationEngine>();
+        m_engine->setInitialProperties({{QStringLiteral("app"), QVariant::fromValue(m_app.get())}});
+        m_engine->load(QUrl(QStringLiteral("qrc:/qt-project.org/imports/Marrowcut/Shell/MainWindow.qml")));
+        m_window = qobject_cast<QQuickWindow *>(m_engine->rootObjects().value(0));
+        QVERIFY(m_window);
+        QVERIFY(QTest::qWaitForWindowActive(m_window));
+    }
+
+    void cleanup()
+    {
+        m_engine.reset();
+        m_app.reset();
+    }
+
+    void withoutARunNothingIsAsked()
+    {
+        QTimer::singleShot(0, m_window, [this] { m_window->close(); });
+        QCOMPARE(QCoreApplication::exec(), 0);
+        QVERIFY(!m_app->isAskingToQuit());
+    }
+
+    void theSafeAnswerIsTheDefault_data()
+    {
+        QTest::addColumn<int>("key");
+        QTest::newRow("Return") << int(Qt::Key_Return);
+        QTest::newRow("Escape") << int(Qt::Key_Escape);
+        QTest::newRow("Space, by the focus") << int(Qt::Key_Space);
+    }
+
+    void theSafeAnswerIsTheDefault()
+    {
+        QFETCH(int, key);
+        startRun();
+        m_window->close();
+        QVERIFY(m_window->isVisible());
+        QTRY_COMPARE(m_window->activeFocusItem()->objectName(), QStringLiteral("keepRunningButton"));
+        QTest::keyClick(m_window, Qt::Key(key));
+        QTRY_VERIFY(!m_app->isAskingToQuit());
+        QVERIFY(m_app->queue()->isRunning());
+    }
+
+    void quittingAgainDoesNotAsk()
+    {
+        startRun();
+        QTest::keyClick(m_window, Qt::Key_Q, Qt::ControlModifier);
+        QTRY_VERIFY(m_app->isAskingToQuit());
+        QTimer::singleShot(0, m_window, [this] { m_window->close(); });
+        QCOMPARE(QCoreApplication::exec(), 0);
+        QVERIFY(toolIsGone());
+    }
+
+    void theQuitButtonQuits()
+    {
+        startRun();
+        m_window->close();
+        auto *button = m_window->findChild<QObject *>(QStringLiteral("quitButton"));
+        QTimer::singleShot(0, button, [button] { QMetaObject::invokeMethod(button, "clicked"); });
+        QCOMPARE(QCoreApplication::exec(), 0);
+        QVERIFY(toolIsGone());
+    }
+
+    void aSignalDoesNotAsk()
+    {
+        startRun();
+        QTimer::singleShot(0, m_app.get(), [this] { m_app->quit(130); });
+        QCOMPARE(QCoreApplication::exec(), 130);
+        QVERIFY(toolIsGone());
+        QVERIFY(!QFile::exists(m_script.path(QStringLiteral("marrowcut_proxies/clip_proxy.mp4"))));
+    }
+
+    void theEndOfTheRunTakesTheQuestionBack()
+    {
+        startRun();
+        m_window->close();
+        QVERIFY(m_app->isAskingToQuit());
+        m_script.touch(QStringLiteral("never"));
+        QTRY_VERIFY(!m_app->queue()->isRunning());
+        QVERIFY(!m_app->isAskingToQuit());
+        QFile::remove(m_script.path(QStringLiteral("never")));
+    }
+
+    void menuCommandsRaiseTheirSheets()
+    {
+        const QList<std::pair<QString, const char *>> commands = {
+            {QStringLiteral("&About Marrowcut"), "showAbout"},
+            {QStringLiteral("Marrowcut &Help"), "showHelp"},
+            {QStringLiteral("&Report a Problem…"), "showDiagnostics"}};
+        HelpState *state = m_app->helpState();
+        for (const auto &[text, flag] : commands) {
+            action(text)->metaObject()->invokeMethod(action(text), "trigger");
+            QCOMPARE(state->showAbout() + state->showHelp() + state->showDiagnostics(), 1);
+            QVERIFY(state->property(flag).toBool());
+            QVERIFY(!action(text)->property("shortcut").isValid() ||
+                    action(text)->property("shortcut").toString().isEmpty());
+            state->setProperty(flag, false);
+        }
+    }
+
+private:
+    void startRun()
+    {
+        m_app->queue()->handleDrop({QUrl::fromLocalFile(m_script.path(QStringLiteral("clip.mov")))});
+        QTRY_VERIFY(m_app->queue()->hasSelectedQueuedJobs());
+        m_app->queue()->start();
+        QTRY_VERIFY(!m_script.contents(QStringLiteral("pid")).isEmpty());
+        QTRY_VERIFY(m_app->queue()->isRunning());
+    }
+
+    bool toolIsGone() const { return kill(m_script.contents(QStringLiteral("pid")).toInt(), 0) != 0; }
+
+    QObject *action(const QString &text) const
+    {
+        for (QObject *object : m_window->findChildren<QObject *>()) {
+            if (object->inherits("QQuickAction") && object->property("text").toString() == text)
+                return object;
+        }
+        return nullptr;
+    }
+
+    StandInScript m_script;
+    std::unique_ptr<MarrowcutApp> m_app;
+    std::unique_ptr<QQmlApplicationEngine> m_engine;
+    QQuickWindow *m_window = nullptr;
+};
+
+QTEST_MAIN(QuittingTest)
+#include "tst_quitting.moc"
