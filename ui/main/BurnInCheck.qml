@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Controls
 import Marrowcut.Style
 
 // One row's switch for the text in the picture.
@@ -31,11 +30,7 @@ Item {
         onToggled: root.toggled()
     }
 
-    HoverHandler {
-        id: pointer
+    HoverTip {
+        text: "Burn in filename and timecode"
     }
-
-    ToolTip.visible: pointer.hovered
-    ToolTip.delay: 700
-    ToolTip.text: "Burn in filename and timecode"
 }

@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Controls
 import QtQuick.Layouts
 import Marrowcut.Main
 import Marrowcut.Style
@@ -45,7 +44,7 @@ FocusScope {
         anchors.fill: parent
         anchors.leftMargin: 5
         anchors.rightMargin: root.trailingPadding - 7
-        visible: root.activeFocus && !include.pressed
+        visible: root.activeFocus
         radius: 6
         color: Theme.accent
         opacity: 0.1
@@ -103,12 +102,9 @@ FocusScope {
                     font.weight: Font.Medium
                     color: Theme.primary
                     elide: Text.ElideMiddle
-                    ToolTip.visible: truncated && nameHover.hovered
-                    ToolTip.delay: 700
-                    ToolTip.text: root.name
 
-                    HoverHandler {
-                        id: nameHover
+                    HoverTip {
+                        text: nameLabel.truncated ? root.name : ""
                     }
                 }
 
@@ -118,12 +114,9 @@ FocusScope {
                     textFormat: Text.PlainText
                     font.pixelSize: 11
                     color: root.isFailed ? Theme.failure : Theme.secondary
-                    ToolTip.visible: root.errorText.length > 0 && statusHover.hovered
-                    ToolTip.delay: 700
-                    ToolTip.text: root.errorText
 
-                    HoverHandler {
-                        id: statusHover
+                    HoverTip {
+                        text: root.errorText
                     }
                 }
 

@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Controls
 import QtQuick.Layouts
 import Marrowcut.Main
 import Marrowcut.Style
@@ -54,6 +53,8 @@ ColumnLayout {
         }
 
         Text {
+            id: outputPath
+
             objectName: "outputPath"
             Layout.fillWidth: true
             text: root.queue.outputDirPath
@@ -63,12 +64,9 @@ ColumnLayout {
             elide: Text.ElideMiddle
             Accessible.role: Accessible.StaticText
             Accessible.name: "Exporting to " + text
-            ToolTip.visible: truncated && pathHover.hovered
-            ToolTip.delay: 700
-            ToolTip.text: text
 
-            HoverHandler {
-                id: pathHover
+            HoverTip {
+                text: outputPath.truncated ? outputPath.text : ""
             }
         }
     }

@@ -111,6 +111,18 @@ WindowCase {
         tryCompare(findChild(title, "burnInHelp"), "visible", false);
     }
 
+    function test_tips() {
+        queue.add("/clips/A001.mxf", "failed:encode error");
+        queue.setErrorDetail(0, "frame= 10\nDisk full");
+        mouseMove(piece(0, "status"), 5, 5);
+        tryVerify(() => findChild(piece(0, "status"), "tip") !== null);
+        compare(findChild(piece(0, "status"), "tip").text, "Disk full");
+        tryCompare(findChild(piece(0, "status"), "tip"), "opened", true);
+        mouseMove(piece(0, "name"), 5, 5);
+        tryVerify(() => findChild(piece(0, "status"), "tip") === null);
+        compare(findChild(piece(0, "name"), "tip"), null);
+    }
+
     function test_longNamesAreShortenedInTheMiddle() {
         queue.add("/clips/" + "A long name ".repeat(20) + ".mxf", "failed:could not read metadata");
         verify(piece(0, "name").truncated);

@@ -73,6 +73,7 @@ void openAdvanced(const Stage &stage)
 void dragOver(const Stage &stage)
 {
     queueThree(stage);
+    QGuiApplication::processEvents(); // nothing is under the pointer before the window is laid out
     QMimeData files;
     files.setUrls({QUrl::fromLocalFile(clip(QStringLiteral("A009.mxf")))});
     QDragEnterEvent enter(QPoint(100, 100), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
