@@ -18,6 +18,7 @@ BorderlessButton {
     hoverColor: Theme.accent
     Accessible.name: "What is burn-in?"
     onClicked: showBurnInHelp = true
+    onVisibleChanged: if (!visible) showBurnInHelp = false
 
     Popover {
         objectName: "burnInHelp"

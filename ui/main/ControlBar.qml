@@ -8,10 +8,13 @@ RowLayout {
     id: root
 
     required property QueueViewModel queue
+    readonly property bool holdsFocus: selectButton.activeFocus || clearButton.activeFocus || goButton.activeFocus
 
     spacing: 8
 
     PushButton {
+        id: selectButton
+
         objectName: "selectAllButton"
         visible: root.queue.hasQueuedJobs
         text: root.queue.allQueuedSelected ? "Select None" : "Select All"
@@ -20,6 +23,8 @@ RowLayout {
     }
 
     PushButton {
+        id: clearButton
+
         objectName: "clearButton"
         visible: root.queue.hasCompletedJobs
         text: "Clear Completed"

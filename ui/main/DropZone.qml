@@ -18,7 +18,6 @@ Item {
 
         Text {
             Layout.fillWidth: true
-            Layout.maximumWidth: 320 // two lines of like length
             Layout.alignment: Qt.AlignHCenter
             Layout.leftMargin: 40
             Layout.rightMargin: 40

@@ -25,9 +25,17 @@ Item {
             visible: true
             delay: 700
             text: root.text
-            font.pixelSize: 11
             verticalPadding: 4
             horizontalPadding: 8
+
+            // Names and the tools' messages come from outside: no markup in them counts.
+            contentItem: Text {
+                text: root.text
+                textFormat: Text.PlainText
+                font.pixelSize: 11
+                color: Theme.primary
+                wrapMode: Text.Wrap
+            }
 
             background: Rectangle {
                 radius: 5

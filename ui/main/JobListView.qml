@@ -90,6 +90,8 @@ ColumnLayout {
     }
 
     ControlBar {
+        // The keyboard's place must not go with the control that hides.
+        onVisibleChanged: if (!visible && holdsFocus) list.forceActiveFocus(Qt.OtherFocusReason)
         Layout.fillWidth: true
         Layout.leftMargin: 12
         Layout.rightMargin: 12

@@ -110,6 +110,8 @@ FocusScope {
 
                 Text {
                     objectName: "status"
+                    Layout.maximumWidth: root.width * 0.55
+                    elide: Text.ElideRight
                     text: root.statusText
                     textFormat: Text.PlainText
                     font.pixelSize: 11

@@ -26,6 +26,8 @@ Item {
             Text {
                 anchors.horizontalCenter: parent.horizontalCenter
                 text: "Marrowcut"
+                Accessible.role: Accessible.Heading
+                Accessible.name: text
                 color: Theme.primary
                 font.pixelSize: 18
                 font.bold: true
@@ -35,6 +37,8 @@ Item {
                 objectName: "versionString"
                 anchors.horizontalCenter: parent.horizontalCenter
                 text: AboutInformation.versionString()
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
                 color: Theme.secondary
                 font.pixelSize: 11
             }
@@ -47,6 +51,8 @@ Item {
             Text {
                 anchors.horizontalCenter: parent.horizontalCenter
                 text: "Uses FFmpeg, licensed under LGPL 2.1+."
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
                 color: Theme.secondary
                 font.pixelSize: 11
             }
@@ -57,6 +63,8 @@ Item {
 
                 Text {
                     text: "Source available at"
+                    Accessible.role: Accessible.StaticText
+                    Accessible.name: text
                     color: Theme.secondary
                     font.pixelSize: 11
                 }

@@ -10,6 +10,8 @@ Row {
     Text {
         anchors.verticalCenter: parent.verticalCenter
         text: Links.authorCredit
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
         color: Theme.secondary
         font.pixelSize: 11
     }

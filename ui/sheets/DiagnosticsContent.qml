@@ -18,6 +18,8 @@ Item {
 
         Text {
             text: "Report a Problem"
+            Accessible.role: Accessible.Heading
+            Accessible.name: text
             color: Theme.primary
             font.pixelSize: Theme.headlineSize
             font.bold: true
@@ -26,6 +28,8 @@ Item {
         Text {
             width: parent.width
             text: "Copy this and send it to @quorvane (or paste it into an email) if something's not working right."
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
             color: Theme.secondary
             font.pixelSize: 11
             wrapMode: Text.Wrap
@@ -40,5 +44,7 @@ Item {
         anchors.bottom: parent.bottom
         anchors.bottomMargin: 16
         text: root.report.reportText
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
     }
 }

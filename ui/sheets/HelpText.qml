@@ -9,4 +9,6 @@ Text {
     wrapMode: Text.Wrap
     lineHeight: 1.1
     textFormat: Text.MarkdownText
+    Accessible.role: Accessible.StaticText
+    Accessible.name: text.replace(/\*\*/g, "")
 }

@@ -11,9 +11,9 @@ ThemedWindow {
 
     title: "Marrowcut"
     width: 480
-    height: 460
+    height: 460 + menuBar.height
     minimumWidth: 480
-    minimumHeight: 360
+    minimumHeight: 360 + menuBar.height // a place of its own above the content
     visible: true
     onClosing: close => {
         close.accepted = false;
@@ -27,6 +27,8 @@ ThemedWindow {
         report: root.app.report
 
         menuBar: MainMenuBar {
+            id: menuBar
+
             width: root.width
             onAboutRequested: root.app.helpState.showAbout = true
             onQuitRequested: root.app.requestQuit()

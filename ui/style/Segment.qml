@@ -31,7 +31,7 @@ T.RadioButton {
     background: Rectangle {
         radius: 5
         visible: control.checked || control.visualFocus || control.hovered
-        color: control.checked ? Theme.segmentFill : "transparent"
+        color: control.checked ? Theme.segmentFill : control.hovered ? Theme.controlHover : "transparent"
         border.width: control.checked ? 1 : 0
         border.color: Theme.controlBorder
 

@@ -9,7 +9,7 @@ T.ProgressBar {
 
     implicitWidth: 100
     implicitHeight: 4
-    Accessible.description: Math.round(position * 100) + " percent"
+    Accessible.description: Math.floor(position * 100) + " percent"
 
     background: Rectangle {
         radius: height / 2
