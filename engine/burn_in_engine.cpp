@@ -124,7 +124,8 @@ void BurnInEngine::startRunThread()
             const auto tellRecorded = [this](const QUuid &id, const QString &manifestLine) {
                 Q_EMIT recorded(id, manifestLine);
             };
-            QueueRunner(m_jobs, m_mainThread, chunkSeconds, tellRecorded, std::move(stop)).runQueue(preset);
+            QueueRunner(m_jobs, m_mainThread, m_encoderChoice, chunkSeconds, tellRecorded, std::move(stop))
+                .runQueue(preset);
             m_mainThread.post([this] { finishRun(); });
         } catch (const Interrupted &) { // the program is quitting: nothing more is wanted
         }

@@ -4,6 +4,7 @@
 #include "engine/model/proxy_job.h"
 #include "engine/model/quality_preset.h"
 #include "engine/video_files.h"
+#include "media/encoder_choice.h"
 #include "platform/main_thread_queue.h"
 
 #include <QObject>
@@ -41,6 +42,9 @@ public:
     QualityPreset qualityPreset() const { return m_qualityPreset; }
     /// Also remembers the preset, for this and later runs of the program.
     void setQualityPreset(QualityPreset preset);
+
+    /// Instead of the best encoder that works. Before the first run.
+    void setEncoderChoice(media::EncoderChoice choice) { m_encoderChoice = std::move(choice); }
 
     bool hasQueuedJobs() const;
     bool hasSelectedQueuedJobs() const;
@@ -84,6 +88,7 @@ private:
     JobList m_jobs;
     bool m_isRunning = false;
     QualityPreset m_qualityPreset;
+    media::EncoderChoice m_encoderChoice; ///< the run's thread's while there is one
     MainThreadQueue m_mainThread;
     std::future<void> m_runEnded;
     std::jthread m_runThread;

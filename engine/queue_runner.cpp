@@ -16,10 +16,11 @@
 namespace marrowcut
 {
 
-QueueRunner::QueueRunner(JobList &jobs, MainThreadQueue &mainThread, double chunkSeconds, Recorded recorded,
-                         std::stop_token stop)
+QueueRunner::QueueRunner(JobList &jobs, MainThreadQueue &mainThread, media::EncoderChoice &encoderChoice,
+                         double chunkSeconds, Recorded recorded, std::stop_token stop)
     : m_jobs(jobs)
     , m_mainThread(mainThread)
+    , m_encoderChoice(encoderChoice)
     , m_chunkSeconds(chunkSeconds)
     , m_recorded(std::move(recorded))
     , m_stop(std::move(stop))
@@ -85,10 +86,23 @@ void QueueRunner::record(const QUuid &id, const OutputPaths &paths, const std::o
 
 media::EncodeResult QueueRunner::encode(const media::EncodeJob &encodeJob, const OutputPaths &paths)
 {
+    const media::VideoEncoder &alwaysWorks = m_system.videoEncoder;
+    const media::VideoEncoder &encoder = m_encoderChoice.settle(m_system, encodeJob.preset, m_stop);
+    const media::EncodeResult result = encodeWith(encoder, encodeJob, paths);
+    if (result.success || encoder.name == alwaysWorks.name)
+        return result;
+    media::removeIfThere(paths.tmpOutput); // a work folder goes when the next try begins
+    postProgress(encodeJob.jobId, 0, std::nullopt);
+    return encodeWith(alwaysWorks, encodeJob, paths);
+}
+
+media::EncodeResult QueueRunner::encodeWith(const media::VideoEncoder &encoder,
+                                            const media::EncodeJob &encodeJob, const OutputPaths &paths)
+{
     const auto publish = [this](const QUuid &id, double progress, std::optional<double> etaSeconds) {
         postProgress(id, progress, etaSeconds);
     };
-    const media::EncodeContext context = {m_system, publish, m_stop};
+    const media::EncodeContext context = {m_system.with(encoder), publish, m_stop};
     if (encodeJob.meta.duration > m_chunkSeconds)
         return media::runChunked(encodeJob, paths.outDir, paths.finalOutput, m_chunkSeconds, context);
     return media::runSinglePass(encodeJob, paths.finalOutput, paths.tmpOutput, context);

@@ -3,6 +3,7 @@
 #include "engine/job_list.h"
 #include "engine/model/quality_preset.h"
 #include "media/encode_job.h"
+#include "media/encoder_choice.h"
 
 #include <functional>
 #include <stop_token>
@@ -23,8 +24,8 @@ public:
     using Recorded = std::function<void(const QUuid &id, const QString &manifestLine)>;
 
     /// chunkSeconds: length of the pieces of a long clip, and the duration above which it is cut.
-    QueueRunner(JobList &jobs, MainThreadQueue &mainThread, double chunkSeconds, Recorded recorded,
-                std::stop_token stop);
+    QueueRunner(JobList &jobs, MainThreadQueue &mainThread, media::EncoderChoice &encoderChoice,
+                double chunkSeconds, Recorded recorded, std::stop_token stop);
 
     /// Processes every job that is queued and selected now, in list order.
     void runQueue(QualityPreset preset);
@@ -33,6 +34,8 @@ private:
     void processJob(const QUuid &id, QualityPreset preset);
     void processUnfinished(const ProxyJob &job, const OutputPaths &paths, QualityPreset preset);
     media::EncodeResult encode(const media::EncodeJob &encodeJob, const OutputPaths &paths);
+    media::EncodeResult encodeWith(const media::VideoEncoder &encoder, const media::EncodeJob &encodeJob,
+                                   const OutputPaths &paths);
 
     void record(const QUuid &id, const OutputPaths &paths, const std::optional<ProbedMetadata> &meta,
                 const QString &status);
@@ -46,6 +49,7 @@ private:
 
     JobList &m_jobs;
     MainThreadQueue &m_mainThread;
+    media::EncoderChoice &m_encoderChoice;
     const double m_chunkSeconds;
     const Recorded m_recorded;
     const std::stop_token m_stop;

@@ -67,10 +67,10 @@ QString audioRate(QualityPreset preset)
 QStringList videoOptions(QualityPreset preset, const SystemValues &system)
 {
     const QStringList rates = videoRates(preset);
-    return system.videoEncoder + QStringList{QStringLiteral("-b:v"),     rates[0],
-                                             QStringLiteral("-maxrate"), rates[1],
-                                             QStringLiteral("-bufsize"), rates[2],
-                                             QStringLiteral("-pix_fmt"), QStringLiteral("yuv420p")};
+    return QStringList{QStringLiteral("-c:v"), system.videoEncoder.name} + system.videoEncoder.options +
+           QStringList{
+               QStringLiteral("-b:v"),     rates[0], QStringLiteral("-maxrate"), rates[1],
+               QStringLiteral("-bufsize"), rates[2], QStringLiteral("-pix_fmt"), QStringLiteral("yuv420p")};
 }
 
 QStringList audioOptions(QualityPreset preset)

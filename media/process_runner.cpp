@@ -7,6 +7,7 @@
 
 #include <QEventLoop>
 #include <QProcess>
+#include <QTimer>
 
 namespace marrowcut::ProcessRunner
 {
@@ -26,8 +27,9 @@ void prepare(QProcess &process, const QString &executable, const QStringList &ar
 
 /// Starts the child and waits for its end in an event loop, so that its output is read as it comes
 /// and a request to stop is heard at once.
-qint32 runToEnd(QProcess &process, const std::stop_token &stop)
+qint32 runToEnd(QProcess &process, const Options &options)
 {
+    const std::stop_token &stop = options.stop;
     if (stop.stop_requested())
         throw Interrupted();
 
@@ -39,6 +41,8 @@ qint32 runToEnd(QProcess &process, const std::stop_token &stop)
     {
         const std::stop_callback killChild(
             stop, [&process] { QMetaObject::invokeMethod(&process, &QProcess::kill, Qt::QueuedConnection); });
+        if (options.timeLimit.count() > 0)
+            QTimer::singleShot(options.timeLimit, &process, &QProcess::kill);
         if (process.state() != QProcess::NotRunning)
             loop.exec();
     }
@@ -53,7 +57,7 @@ CapturedResult run(const QString &executable, const QStringList &arguments, cons
 {
     QProcess process;
     prepare(process, executable, arguments, options);
-    const qint32 status = runToEnd(process, options.stop);
+    const qint32 status = runToEnd(process, options);
     return {status, decodeUtf8(process.readAllStandardOutput()).value_or(QString()),
             decodeUtf8(process.readAllStandardError()).value_or(QString())};
 }
@@ -71,7 +75,7 @@ qint32 runStreaming(const QString &executable, const QStringList &arguments,
             onStderrLine(line);
     };
     QObject::connect(&process, &QProcess::readyReadStandardError, &process, deliverAvailable);
-    const qint32 status = runToEnd(process, options.stop);
+    const qint32 status = runToEnd(process, options);
     deliverAvailable();
     return status;
 }

@@ -3,6 +3,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <chrono>
 #include <functional>
 #include <stdexcept>
 #include <stop_token>
@@ -30,8 +31,9 @@ struct CapturedResult {
 };
 
 struct Options {
-    QString workingDirectory = {}; ///< empty: the program's own
-    std::stop_token stop = {};     ///< kills the child; the operation then throws Interrupted
+    QString workingDirectory = {};            ///< empty: the program's own
+    std::stop_token stop = {};                ///< kills the child; the operation then throws Interrupted
+    std::chrono::milliseconds timeLimit = {}; ///< kills the child, which then died by that signal; 0: none
 };
 
 /// Runs a child to its end and captures both of its output streams, read at the same time.

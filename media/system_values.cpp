@@ -5,12 +5,36 @@
 namespace marrowcut::media
 {
 
+namespace
+{
+
+/// Encoders that take pictures from memory, so that graph and rate options stay as they are.
+QList<VideoEncoder> linuxHardwareEncoders()
+{
+    return {
+        {.name = QStringLiteral("h264_nvenc"),
+         .signs = {QStringLiteral("/dev/nvidiactl"), QStringLiteral("/sys/module/nvidia"),
+                   QStringLiteral("/dev/dxg")}},
+        {.name = QStringLiteral("h264_qsv"), .signs = {QStringLiteral("/dev/dri")}},
+    };
+}
+
+} // namespace
+
+SystemValues SystemValues::with(const VideoEncoder &encoder) const
+{
+    SystemValues values = *this;
+    values.videoEncoder = encoder;
+    return values;
+}
+
 SystemValues macOSValues()
 {
     return {
         QStringLiteral("/System/Library/Fonts/SFNSMono.ttf"),
         {QStringLiteral("-hwaccel"), QStringLiteral("videotoolbox")},
-        {QStringLiteral("-c:v"), QStringLiteral("h264_videotoolbox")},
+        {.name = QStringLiteral("h264_videotoolbox")},
+        {},
     };
 }
 
@@ -19,8 +43,9 @@ SystemValues linuxValues(const QString &fontFile)
     return {
         fontFile,
         {QStringLiteral("-hwaccel"), QStringLiteral("none")},
-        {QStringLiteral("-c:v"), QStringLiteral("libx264"), QStringLiteral("-preset"),
-         QStringLiteral("veryfast")},
+        {.name = QStringLiteral("libx264"),
+         .options = {QStringLiteral("-preset"), QStringLiteral("veryfast")}},
+        linuxHardwareEncoders(),
     };
 }
 

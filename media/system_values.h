@@ -1,5 +1,8 @@
 #pragma once
 
+#include "media/video_encoder.h"
+
+#include <QList>
 #include <QString>
 #include <QStringList>
 
@@ -8,15 +11,19 @@ namespace marrowcut::media
 
 /// What the tools are told differently on each operating system.
 struct SystemValues {
-    QString fontFile;             ///< the monospaced font that text is drawn with
-    QStringList hardwareDecoding; ///< options before the input
-    QStringList videoEncoder;     ///< options that choose the H.264 encoder; rate options follow
+    QString fontFile;                     ///< the monospaced font that text is drawn with
+    QStringList hardwareDecoding;         ///< options before the input
+    VideoEncoder videoEncoder;            ///< the one in use; as the row has it, the one that always works
+    QList<VideoEncoder> hardwareEncoders; ///< better where they work, the best first
+
+    /// The same with another encoder in use.
+    SystemValues with(const VideoEncoder &encoder) const;
 };
 
 SystemValues macOSValues();
 
-/// Without a GPU no hardware decoder helps; "none" keeps the tool from looking for one. veryfast costs
-/// about 70 % of the default preset's time for about half a decibel.
+/// Hardware decoding was never measured to help; "none" keeps the tool from looking for it. Why the
+/// preset is veryfast: docs/performance.md.
 SystemValues linuxValues(const QString &fontFile);
 
 /// The row of the system that this program was built for. Looks the font up: some milliseconds.

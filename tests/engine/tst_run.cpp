@@ -37,6 +37,8 @@ private Q_SLOTS:
     void failedEncodeKeepsItsProgress();
     void encoderIsChosenByDuration_data();
     void encoderIsChosenByDuration();
+    void failedHardwareEncodeIsTriedInSoftware_data();
+    void failedHardwareEncodeIsTriedInSoftware();
     void missingToolFailsEveryJob();
     void queueEditsDuringARun();
     void outputFolderThatCannotBeMade();
@@ -44,6 +46,11 @@ private Q_SLOTS:
     void interruptionLeavesFilesAndNoChild();
 
 private:
+    void useEncoder(const QString &name)
+    {
+        m_engine->setEncoderChoice(media::EncoderChoice(media::VideoEncoder{.name = name}));
+    }
+
     QUuid addClip(const QString &name)
     {
         m_script->touch(name);
@@ -95,6 +102,7 @@ void TestRun::init()
     m_script = std::make_unique<StandInScript>();
     m_notifications = std::make_unique<MemoryNotificationCenter>(true);
     m_engine = std::make_unique<BurnInEngine>(m_preferences, *m_notifications);
+    useEncoder(QStringLiteral("libx264")); // whatever this machine has
 }
 
 void TestRun::clipsBecomeProxies()
@@ -185,6 +193,50 @@ void TestRun::encoderIsChosenByDuration()
     run(clipOf(duration) + "note @/calls\nwhen part_\nerr frame=9\\r\nend\nwrite-output\n");
     QCOMPARE(job(id).status, JobStatus::done());
     QCOMPARE(m_script->contents(QStringLiteral("calls")).count("-ss\n"), pieces);
+}
+
+void TestRun::failedHardwareEncodeIsTriedInSoftware_data()
+{
+    QTest::addColumn<QByteArray>("duration");
+    QTest::addColumn<QByteArray>("script");
+    QTest::addColumn<QByteArrayList>("encoders"); // of each call that encodes
+    QTest::addColumn<bool>("done");
+    const QByteArray hardware = "h264_nvenc";
+    const QByteArray software = "libx264";
+    const QByteArray failing = "write-output\nerr frame=9 time=00:00:01.00\\r\nexit 1\n";
+    QTest::newRow("it works") << QByteArray("60") << QByteArray("write-output\n") << QByteArrayList{hardware}
+                              << true;
+    QTest::newRow("single pass") << QByteArray("60")
+                                 << QByteArray("when h264_nvenc\n" + failing + "end\nwrite-output\n")
+                                 << QByteArrayList{hardware, software} << true;
+    QTest::newRow("second piece") << QByteArray("100")
+                                  << QByteArray("when h264_nvenc part_0001\n" + failing +
+                                                "end\nerr frame=9\\r\nwrite-output\n")
+                                  << QByteArrayList{hardware, hardware, software, software} << true;
+    QTest::newRow("both fail") << QByteArray("60") << QByteArray(failing)
+                               << QByteArrayList{hardware, software} << false;
+}
+
+void TestRun::failedHardwareEncodeIsTriedInSoftware()
+{
+    QFETCH(QByteArray, duration);
+    QFETCH(QByteArray, script);
+    QFETCH(bool, done);
+    useEncoder(QStringLiteral("h264_nvenc"));
+    const QUuid id = addClip(QStringLiteral("a.mov"));
+    run(clipOf(duration) + "note @/calls\n" + script);
+    QCOMPARE(job(id).status.isSuccessful(), done);
+    QByteArrayList encoders;
+    const QByteArrayList arguments = m_script->contents(QStringLiteral("calls")).split('\n');
+    for (qsizetype at = 0; at + 1 < arguments.size(); ++at) {
+        if (arguments[at] == "-c:v")
+            encoders.append(arguments[at + 1]);
+    }
+    QTEST(encoders, "encoders");
+    QStringList left = {QStringLiteral("manifest.csv")};
+    if (done)
+        left.prepend(QStringLiteral("a_proxy.mp4"));
+    QCOMPARE(proxies(), left);
 }
 
 void TestRun::missingToolFailsEveryJob()

@@ -1,6 +1,7 @@
 // The system's own tools on small clips made on the spot; each proxy is opened again and judged.
 
 #include "media/chunked_encode.h"
+#include "media/encoder_trial.h"
 #include "media/probe.h"
 #include "media/single_pass_encode.h"
 #include "support/real_tools.h"
@@ -23,6 +24,7 @@ private Q_SLOTS:
     void silentClipWithoutBurnIn();
     void joinedProxy();
     void soundBeyondTheLastPicture();
+    void encoderTrial();
 
 private:
     QString path(const QString &name) const { return m_folder.filePath(name); }
@@ -198,6 +200,15 @@ void TestRealEncodes::soundBeyondTheLastPicture()
                          "-count_frames -select_streams v:0 -show_entries stream=duration,nb_read_frames"),
                      proxy),
              QStringLiteral("4.000000,100"));
+}
+
+void TestRealEncodes::encoderTrial()
+{
+    const SystemValues system = currentSystemValues();
+    QCOMPARE(encoderTrialFailure(system, QualityPreset::tiny), std::nullopt);
+    const auto failure =
+        encoderTrialFailure(system.with({.name = QStringLiteral("h264_no")}), QualityPreset::tiny);
+    QVERIFY(failure && failure->contains(QStringLiteral("Unknown encoder 'h264_no'")));
 }
 
 QTEST_GUILESS_MAIN(TestRealEncodes)

@@ -9,6 +9,7 @@
 //   endless N        N bytes without a line break to standard error
 //   close-err        closes standard error
 //   write-output     writes an MP4 without any content at the last argument
+//   write-empty      makes an empty file there
 //   write-torn       writes one there that breaks off
 //   wait-for FILE    until that file exists
 //   touch FILE       makes that file
@@ -118,6 +119,7 @@ const std::map<std::string, std::function<void(const std::string &)>> operations
                                                           "moov",
                                                           16);
      }},
+    {"write-empty", [](const std::string &) { std::ofstream out(commandLine.back()); }},
     {"write-torn",
      [](const std::string &) {
          std::ofstream(commandLine.back()) << std::string("\0\0\0\x08"

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "engine/model/quality_preset.h"
+#include "media/system_values.h"
+
+#include <optional>
+#include <stop_token>
+
+namespace marrowcut::media
+{
+
+/// Which encoder makes the proxies. Owned by whoever owns the run; one thread at a time.
+class EncoderChoice
+{
+public:
+    /// The best that works here, found out by trial the first time that it is needed, and kept.
+    EncoderChoice() = default;
+    /// This one, without a trial.
+    explicit EncoderChoice(VideoEncoder encoder)
+        : m_encoder(std::move(encoder))
+    {
+    }
+
+    /// The encoder: the first of the system's hardware encoders that passes its trial, else the one that
+    /// always works. Hardware that shows no sign of itself is not tried. The first call blocks for the
+    /// trials. Throws Interrupted, and tries again when called again.
+    const VideoEncoder &settle(const SystemValues &system, QualityPreset preset,
+                               const std::stop_token &stop = {});
+
+private:
+    std::optional<VideoEncoder> m_encoder;
+};
+
+} // namespace marrowcut::media

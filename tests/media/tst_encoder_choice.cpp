@@ -1,0 +1,115 @@
+// Which encoder is chosen over stand-in tools that pretend.
+
+#include "media/encoder_choice.h"
+#include "media/encoder_trial.h"
+#include "platform/interrupted.h"
+#include "support/stand_in_script.h"
+
+#include <QTest>
+#include <QThread>
+
+#include <thread>
+
+using namespace marrowcut;
+using namespace marrowcut::media;
+
+class TestEncoderChoice : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void firstThatWorksIsChosen_data();
+    void firstThatWorksIsChosen();
+    void failureIsToldInTheToolsWords();
+    void trialsAreMadeOnceAndOnlyWhereHardwareShows();
+    void interruptedTrialIsNoAnswer();
+
+private:
+    /// The Linux row, as on a machine that may have any hardware.
+    static SystemValues anywhere()
+    {
+        SystemValues system = linuxValues(QStringLiteral("/f.ttf"));
+        for (VideoEncoder &encoder : system.hardwareEncoders)
+            encoder.signs.clear();
+        return system;
+    }
+
+    StandInScript m_script;
+};
+
+void TestEncoderChoice::firstThatWorksIsChosen_data()
+{
+    QTest::addColumn<QByteArray>("script");
+    QTest::addColumn<QString>("chosen");
+    const QByteArray counted = "when ffprobe -count_frames\nout 10\\n\nend\n";
+    const QByteArray secondWorks = "when h264_qsv\nwrite-output\nend\n";
+    const QString second = QStringLiteral("h264_qsv");
+    QTest::newRow("first works") << QByteArray(counted + "write-output\n") << QStringLiteral("h264_nvenc");
+    QTest::newRow("first fails") << QByteArray(counted + "when h264_nvenc\nwrite-output\nexit 1\nend\n" +
+                                               secondWorks)
+                                 << second;
+    QTest::newRow("first writes an empty file")
+        << QByteArray(counted + "when h264_nvenc\nwrite-empty\nend\n" + secondWorks) << second;
+    QTest::newRow("first writes no file") << QByteArray(counted + secondWorks) << second;
+    QTest::newRow("files without their pictures")
+        << QByteArray("when ffprobe\nout 9\\n\nend\nwrite-output\n") << QStringLiteral("libx264");
+    QTest::newRow("none works") << QByteArray("exit 1\n") << QStringLiteral("libx264");
+}
+
+void TestEncoderChoice::firstThatWorksIsChosen()
+{
+    QFETCH(QByteArray, script);
+    m_script.set(script);
+    QTEST(EncoderChoice().settle(anywhere(), QualityPreset::standard).name, "chosen");
+}
+
+void TestEncoderChoice::failureIsToldInTheToolsWords()
+{
+    const SystemValues system = anywhere();
+    m_script.set("note @/call\nerr Cannot load libcuda.so.1\\n\nexit 1\n");
+    QCOMPARE(encoderTrialFailure(system.with(system.hardwareEncoders[0]), QualityPreset::tiny),
+             QStringLiteral("Cannot load libcuda.so.1"));
+    const QByteArray call = m_script.contents(QStringLiteral("call"));
+    QVERIFY(call.contains("\nlavfi\n-i\n"));
+    QVERIFY(call.contains("scale=480:-2,drawtext="));
+    QVERIFY(call.contains("\n-c:v\nh264_nvenc\n-b:v\n700k\n"));
+
+    m_script.set("ignore-term\nwait-for @/never\n");
+    QCOMPARE(encoderTrialFailure(system, QualityPreset::standard, std::chrono::milliseconds(50)),
+             QStringLiteral("It did not end in time."));
+}
+
+void TestEncoderChoice::trialsAreMadeOnceAndOnlyWhereHardwareShows()
+{
+    m_script.set("note @/trials\nexit 1\n");
+    EncoderChoice choice;
+    choice.settle(anywhere(), QualityPreset::standard);
+    choice.settle(anywhere(), QualityPreset::tiny);
+    QCOMPARE(m_script.contents(QStringLiteral("trials")).count("-c:v"), 2);
+
+    SystemValues bare = anywhere();
+    for (VideoEncoder &encoder : bare.hardwareEncoders)
+        encoder.signs = {m_script.path(QStringLiteral("no such device"))};
+    QCOMPARE(EncoderChoice().settle(bare, QualityPreset::standard), bare.videoEncoder);
+    QCOMPARE(EncoderChoice(bare.hardwareEncoders[1]).settle(bare, QualityPreset::standard).name,
+             QStringLiteral("h264_qsv"));
+    QCOMPARE(m_script.contents(QStringLiteral("trials")).count("-c:v"), 2);
+}
+
+void TestEncoderChoice::interruptedTrialIsNoAnswer()
+{
+    m_script.set("touch @/there\nwait-for @/never\n");
+    std::stop_source stop;
+    std::jthread stopper([&] {
+        while (!QFile::exists(m_script.path(QStringLiteral("there"))))
+            QThread::msleep(2);
+        stop.request_stop();
+    });
+    EncoderChoice choice;
+    QVERIFY_EXCEPTION_THROWN(choice.settle(anywhere(), QualityPreset::standard, stop.get_token()),
+                             Interrupted);
+    m_script.set("when ffprobe\nout 10\\n\nend\nwrite-output\n");
+    QCOMPARE(choice.settle(anywhere(), QualityPreset::standard).name, QStringLiteral("h264_nvenc"));
+}
+
+QTEST_GUILESS_MAIN(TestEncoderChoice)
+#include "tst_encoder_choice.moc"
