@@ -13,6 +13,7 @@ import time
 from pathlib import Path
 
 PROGRAM = Path(os.path.abspath(sys.argv[1]))
+WINDOW_PROGRAM = PROGRAM.with_name("marrowcut")  # may be missing
 HEADER = ("source_filename,proxy_filename,source_timecode,frame_rate,duration_seconds,audio_channels,file_date,"
           "status,processed_at")
 
@@ -50,12 +51,12 @@ def clips():
 class Workplace:
     """A folder for one check, the program installed in it, and the clips."""
 
-    def __init__(self):
+    def __init__(self, program=PROGRAM):
         self.folder = Path(tempfile.mkdtemp(prefix="marrowcut-"))
         self.tools = self.folder / "installed/share/marrowcut"
         self.tools.mkdir(parents=True)
         (self.folder / "installed/bin").mkdir()
-        self.program = Path(shutil.copy(PROGRAM, self.folder / "installed/bin"))
+        self.program = Path(shutil.copy(program, self.folder / "installed/bin"))
         for tool in ("ffmpeg", "ffprobe"):
             wrapper = self.tools / tool
             wrapper.write_text(WRAPPER.format(tool=tool, real=shutil.which(tool)))

@@ -1,10 +1,19 @@
-"""The program ended by signals at many moments of a chunked run: no child outlives it, nothing unfinished stands under
-a final name, and the next run finishes everything. --moments N sets how many."""
+"""The program ended at many moments of a chunked run, by signals and by closing its window: no child outlives it,
+nothing unfinished stands under a final name, and the next run finishes everything. --moments N sets how many."""
 
+import os
 import shutil
+import subprocess
+import sys
 import time
+from pathlib import Path
 
-from harness import SIGNALS, Failure, Workplace, argument, check, report
+from harness import SIGNALS, WINDOW_PROGRAM, Failure, Workplace, argument, check, report
+
+sys.path.insert(0, os.fspath(Path(__file__).parent.parent / "tests/support"))
+from desktop import Desktop, wait_until  # noqa: E402
+
+CLOSED = "closed window"
 
 
 def prepare(place, number):
@@ -22,32 +31,66 @@ def whole_run(place):
     return time.monotonic() - begin
 
 
-def kill_at(place, number, name, moment):
-    folder = prepare(place, number)
+def kill_at(place, folder, name, moment):
     process = place.start(folder)
     time.sleep(moment)
     process.send_signal(SIGNALS[name])
     process.communicate(timeout=60)
     place.check_no_children()
+
+
+def close_at(desktop, folder, moment):
+    """In the window: "Go", and at the moment the window is closed twice, for the first time may only ask."""
+    with Workplace(WINDOW_PROGRAM) as place:
+        process = place.start(folder, extra=desktop.environment)
+        window = wait_until(lambda: windows(desktop), what="the window")[0]
+        desktop.run("xdotool", "windowactivate", "--sync", window, "key", "Return")
+        wait_until((folder / "marrowcut_proxies").is_dir, what="the run")
+        time.sleep(moment)
+        while process.poll() is None:
+            desktop.run("xdotool", "key", "alt+F4")
+        process.communicate(timeout=60)
+        check(process.returncode == 0, f"exit status {process.returncode}")
+        place.check_no_children()
+
+
+def windows(desktop):
+    found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", "^Marrowcut$"], stdout=subprocess.PIPE,
+                           stderr=subprocess.DEVNULL, env=desktop.environment)
+    return found.stdout.decode().split()
+
+
+def end_at(place, desktop, number, name, moment):
+    folder = prepare(place, number)
+    if name == CLOSED:
+        close_at(desktop, folder, moment)
+    else:
+        kill_at(place, folder, name, moment)
     place.judge(folder, {})
     status, output = place.run(folder)
     check(status == 0, f"the next run: {output}")
     place.judge(folder, {"a.mov": 91, "b.mov": 10})
 
 
-def main():
-    moments = argument("--moments", 50)
-    names = list(SIGNALS)
+def try_all(desktop, moments):
     failures = []
+    names = [*SIGNALS, CLOSED] if WINDOW_PROGRAM.exists() else list(SIGNALS)
     with Workplace() as place:
         duration = whole_run(place)
         for number in range(moments):
             name = names[number % len(names)]
             moment = duration * number / moments
             try:
-                kill_at(place, number, name, moment)
-            except Failure as problem:
+                end_at(place, desktop, number, name, moment)
+            except (Failure, AssertionError, subprocess.SubprocessError) as problem:
                 failures.append(f"{name} after {moment:.2f} s: {problem}")
+    return failures
+
+
+def main():
+    moments = argument("--moments", 50)
+    with Desktop(window_manager=True) as desktop:
+        failures = try_all(desktop, moments)
     report("kills", moments, failures)
 
 
