@@ -1,6 +1,7 @@
 #include "command_line.h"
 
 #include "engine/video_files.h"
+#include "media/system_values.h"
 #include "platform/utf8.h"
 
 #include <QCommandLineParser>
@@ -23,6 +24,8 @@ A clip whose proxy exists is left alone.
 Options:
   --quality PRESET  standard, smaller or tiny; without it the preset last chosen in the
                     window, else standard
+  --encoder NAME    auto, libx264, h264_nvenc or h264_qsv; auto takes the best that works
+                    on this machine
   --no-burn-in      leave the picture without text
   --notify          show a desktop notification at the end
   --quiet           print failures only
@@ -30,10 +33,10 @@ Options:
   --files-from FILE read more names from FILE, - for standard input, each ended by a NUL
                     character as find -print0 writes them
   --help            show this help
-  --version         show the version
+  --version         show the version; with --verbose also the encoder that is used
 
 Exit status: 0 every clip has its proxy, 1 some failed, 2 wrong usage or nothing to do,
-3 ffmpeg or ffprobe is missing, 130 interrupted.
+3 ffmpeg, ffprobe or the named encoder is missing or does not work, 130 interrupted.
 )";
 
 /// Absolute, "." and doubled slashes taken out. ".." stays: where links are involved, only the file
@@ -57,16 +60,18 @@ void addPath(const QString &path, Request &request)
 
 CommandLine usageError(const QString &problem)
 {
-    return {.request = {}, .output = {}, .error = problem};
+    return {.error = problem};
 }
 
 void addKnownOptions(QCommandLineParser &parser)
 {
-    for (const QString &name : {QStringLiteral("no-burn-in"), QStringLiteral("notify"),
-                                QStringLiteral("quiet"), QStringLiteral("json"), QStringLiteral("version")})
+    for (const QString &name :
+         {QStringLiteral("no-burn-in"), QStringLiteral("notify"), QStringLiteral("quiet"),
+          QStringLiteral("json"), QStringLiteral("version"), QStringLiteral("verbose")})
         parser.addOption(QCommandLineOption(name));
     parser.addOption(QCommandLineOption(QStringList{QStringLiteral("help"), QStringLiteral("h")}));
     parser.addOption({QStringLiteral("quality"), {}, QStringLiteral("preset")});
+    parser.addOption({QStringLiteral("encoder"), {}, QStringLiteral("name"), QStringLiteral("auto")});
     parser.addOption({QStringLiteral("files-from"), {}, QStringLiteral("file")});
 }
 
@@ -86,6 +91,7 @@ QStringList decoded(std::span<char *> arguments, Request &request)
 void readOptions(const QCommandLineParser &parser, Request &request)
 {
     request.quality = QualityPreset::fromRawValue(parser.value(QStringLiteral("quality")));
+    request.encoder = parser.value(QStringLiteral("encoder"));
     request.burnIn = !parser.isSet(QStringLiteral("no-burn-in"));
     request.notify = parser.isSet(QStringLiteral("notify"));
     request.quiet = parser.isSet(QStringLiteral("quiet"));
@@ -96,12 +102,32 @@ void readOptions(const QCommandLineParser &parser, Request &request)
         addPath(path, request);
 }
 
+CommandLine versionAnswer(const QString &version, const QCommandLineParser &parser)
+{
+    CommandLine answer = {.output = QStringLiteral("marrowcut-cli %1\n").arg(version)};
+    if (parser.isSet(QStringLiteral("verbose")))
+        answer.encoderToTell = parser.value(QStringLiteral("encoder"));
+    return answer;
+}
+
+/// What is wrong with the named encoder, or nothing.
+QString encoderProblem(const QString &name)
+{
+    const QStringList known = QStringList{QStringLiteral("auto")} + media::encoderNames();
+    if (known.contains(name))
+        return QString();
+    return QStringLiteral("Unknown encoder '%1': it is %2 or %3.")
+        .arg(name, known.first(known.size() - 1).join(QStringLiteral(", ")), known.last());
+}
+
 /// What is wrong with a request that was read, or nothing.
 QString problemOf(const Request &request, const QCommandLineParser &parser)
 {
     if (!request.quality && parser.isSet(QStringLiteral("quality")))
         return QStringLiteral("Unknown quality '%1': it is standard, smaller or tiny.")
             .arg(parser.value(QStringLiteral("quality")));
+    if (parser.isSet(QStringLiteral("verbose")))
+        return QStringLiteral("--verbose goes with --version only.");
     if (request.json && request.quiet)
         return QStringLiteral("--json and --quiet exclude each other.");
     if (request.items.isEmpty() && request.unusableNames.isEmpty() && !request.namesFrom)
@@ -134,14 +160,16 @@ CommandLine parseCommandLine(std::span<char *> arguments, const QString &version
     if (!parser.parse(decoded(arguments, request)))
         return usageError(parser.errorText());
     if (parser.isSet(QStringLiteral("help")))
-        return {.request = {}, .output = QString::fromLatin1(usage), .error = {}};
+        return {.output = QString::fromLatin1(usage)};
+    if (const QString problem = encoderProblem(parser.value(QStringLiteral("encoder"))); !problem.isEmpty())
+        return usageError(problem);
     if (parser.isSet(QStringLiteral("version")))
-        return {.request = {}, .output = QStringLiteral("marrowcut-cli %1\n").arg(version), .error = {}};
+        return versionAnswer(version, parser);
 
     readOptions(parser, request);
     if (const QString problem = problemOf(request, parser); !problem.isEmpty())
         return usageError(problem);
-    return {.request = request, .output = {}, .error = {}};
+    return {.request = request};
 }
 
 } // namespace marrowcut::cli

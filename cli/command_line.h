@@ -15,6 +15,7 @@ namespace marrowcut::cli
 
 struct Request {
     std::optional<QualityPreset> quality; ///< absent: the remembered one
+    QString encoder;                      ///< one of media::encoderNames(), or "auto"
     bool burnIn = true;
     bool notify = false;
     bool quiet = false;
@@ -25,9 +26,10 @@ struct Request {
 };
 
 struct CommandLine {
-    std::optional<Request> request; ///< absent: there is nothing more to do than print
-    QString output;                 ///< the answer to --help and --version
-    QString error;                  ///< what is wrong with the usage
+    std::optional<Request> request = {}; ///< absent: there is nothing more to do than print
+    QString output = {};                 ///< the answer to --help and --version
+    QString error = {};                  ///< what is wrong with the usage
+    QString encoderToTell = {};          ///< the answer goes on with what this choice comes to, unless empty
 };
 
 /// Takes names, separated by NUL, into what the request names. Empty ones don't count.

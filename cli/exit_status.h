@@ -8,7 +8,7 @@ enum ExitStatus {
     allDone = 0,          ///< every clip has its proxy
     someFailed = 1,       ///< at least one clip, or an item that was named, could not be done
     nothingToDo = 2,      ///< wrong usage, or no clips in what was named
-    toolMissing = 3,      ///< ffmpeg or ffprobe is not where it belongs
+    toolMissing = 3,      ///< a tool is not where it belongs, or the named encoder does not work
     wasInterrupted = 130, ///< ended by a signal
 };
 

@@ -1,5 +1,6 @@
 #include "headless_run.h"
 
+#include "encoder_request.h"
 #include "exit_status.h"
 #include "json_reporter.h"
 #include "live_reporter.h"
@@ -68,6 +69,14 @@ void HeadlessRun::tellRefused(const QList<RefusedItem> &refused)
         if (!m_request.quiet || isFailure(item.reason) || m_engine.jobs().isEmpty())
             m_reporter->refused(item);
     }
+}
+
+QString HeadlessRun::chooseEncoder()
+{
+    QString problem;
+    if (auto choice = cli::chooseEncoder(m_request.encoder, m_engine.qualityPreset(), problem))
+        m_engine.setEncoderChoice(*std::move(choice));
+    return problem;
 }
 
 void HeadlessRun::start()

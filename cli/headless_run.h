@@ -21,6 +21,8 @@ public:
 
     /// Queues the items and tells of those that give no clip. False when there is nothing to do.
     bool queueItems();
+    /// Settles on the encoder that was asked for. What is wrong with it, or nothing. Blocks for its trial.
+    QString chooseEncoder();
     void start();
     /// Breaks off. Returns whether the run's thread has ended in time.
     bool interrupt();

@@ -1,4 +1,5 @@
 #include "command_line.h"
+#include "encoder_request.h"
 #include "exit_status.h"
 #include "headless_run.h"
 #include "name_list.h"
@@ -62,6 +63,20 @@ bool toolsAreThere()
     return complete;
 }
 
+int tellEncoder(const QString &asked)
+{
+    if (!toolsAreThere())
+        return toolMissing;
+    QString problem;
+    const QString name = encoderInUse(asked, problem);
+    if (!problem.isEmpty()) {
+        complain(problem);
+        return toolMissing;
+    }
+    QTextStream(stdout) << "encoder: " << name << '\n';
+    return allDone;
+}
+
 /// Runs the request to its end; the desktop's answers, where they are wanted, included.
 int runRequest(const Request &request)
 {
@@ -77,6 +92,10 @@ int runRequest(const Request &request)
         return nothingToDo;
     if (!toolsAreThere())
         return toolMissing;
+    if (const QString problem = run.chooseEncoder(); !problem.isEmpty()) {
+        complain(problem);
+        return toolMissing;
+    }
 
     TerminationSignals signalSource; // until here a signal ends the program by itself
     QObject::connect(&signalSource, &TerminationSignals::received, &run, [&run] {
@@ -106,11 +125,14 @@ int main(int argc, char *argv[])
     QTextStream(stdout) << commandLine.output;
     if (!commandLine.error.isEmpty())
         return wrongUsage(commandLine.error);
-    if (!commandLine.request)
+    if (!commandLine.request && commandLine.encoderToTell.isEmpty())
         return allDone;
 
-    if (const QString problem = completeNames(*commandLine.request, input); !problem.isEmpty())
-        return wrongUsage(problem);
+    if (commandLine.request) {
+        const QString problem = completeNames(*commandLine.request, input);
+        if (!problem.isEmpty())
+            return wrongUsage(problem);
+    }
     const QCoreApplication application(argc, argv);
-    return runRequest(*commandLine.request);
+    return commandLine.request ? runRequest(*commandLine.request) : tellEncoder(commandLine.encoderToTell);
 }

@@ -49,6 +49,19 @@ SystemValues linuxValues(const QString &fontFile)
     };
 }
 
+QStringList encoderNames()
+{
+#ifdef Q_OS_MACOS
+    const SystemValues system = macOSValues();
+#else
+    const SystemValues system = linuxValues(QString());
+#endif
+    QStringList names = {system.videoEncoder.name};
+    for (const VideoEncoder &encoder : system.hardwareEncoders)
+        names.append(encoder.name);
+    return names;
+}
+
 SystemValues currentSystemValues()
 {
 #ifdef Q_OS_MACOS

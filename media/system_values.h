@@ -26,6 +26,9 @@ SystemValues macOSValues();
 /// preset is veryfast: docs/performance.md.
 SystemValues linuxValues(const QString &fontFile);
 
+/// What --encoder can name on the system that this program was built for.
+QStringList encoderNames();
+
 /// The row of the system that this program was built for. Looks the font up: some milliseconds.
 SystemValues currentSystemValues();
 

@@ -9,6 +9,10 @@ _marrowcut_cli() {
         COMPREPLY=($(compgen -W 'standard smaller tiny' -- "$cur"))
         return
         ;;
+    --encoder)
+        COMPREPLY=($(compgen -W 'auto libx264 h264_nvenc h264_qsv' -- "$cur"))
+        return
+        ;;
     --files-from)
         _filedir
         return
@@ -17,8 +21,8 @@ _marrowcut_cli() {
     $split && return
 
     if [[ $cur == -* ]]; then
-        COMPREPLY=($(compgen -W '--quality --no-burn-in --notify --quiet --json --files-from --help --version' \
-            -- "$cur"))
+        COMPREPLY=($(compgen -W '--quality --encoder --no-burn-in --notify --quiet --json --files-from \
+            --help --version --verbose' -- "$cur"))
     else
         _filedir '@(mxf|mov|mp4)'
     fi

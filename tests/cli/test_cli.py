@@ -50,7 +50,7 @@ class CliTest(unittest.TestCase):
         return subprocess.run([PROGRAM, *map(os.fspath, arguments)], capture_output=True, cwd=self.folder, **keywords)
 
     def with_stand_ins(self, script, tools=("ffmpeg", "ffprobe")):
-        """A copy of the program whose tools follow a script."""
+        """The command of a copy of the program whose tools follow a script."""
         installed = self.folder / "installed"
         (installed / "bin").mkdir(parents=True)
         (installed / "share/marrowcut").mkdir(parents=True)
@@ -59,7 +59,7 @@ class CliTest(unittest.TestCase):
             (installed / "share/marrowcut" / tool).symlink_to(STAND_IN)
         (self.folder / "script").write_text(script)
         self.environment["MARROWCUT_STAND_IN_SCRIPT"] = os.fspath(self.folder / "script")
-        return installed / "bin/marrowcut-cli"
+        return [installed / "bin/marrowcut-cli", "--encoder", "libx264"]  # whatever this machine has
 
     def hanging_encoder(self):
         (self.folder / "a.mov").touch()
@@ -159,7 +159,7 @@ class CliTest(unittest.TestCase):
                          {"clips": 3, "done": 2, "failed": 1, "refused": 2})
 
     def test_json_lines_come_at_once_up_to_the_interruption(self):
-        process = subprocess.Popen([self.hanging_encoder(), "--json", "a.mov"], cwd=self.folder, env=self.environment,
+        process = subprocess.Popen([*self.hanging_encoder(), "--json", "a.mov"], cwd=self.folder, env=self.environment,
                                    stdout=subprocess.PIPE, stderr=subprocess.PIPE)
         while json.loads(process.stdout.readline())["event"] != "progress":
             pass
@@ -194,7 +194,7 @@ class CliTest(unittest.TestCase):
         (self.folder / "a.mov").touch()
         program = self.with_stand_ins("when avg_frame_rate\nout 25/1\\n\nend\nwhen ffprobe\nexit 0\nend\n"
                                       "err keys:\nstdin\nerr \\n\nexit 1\n")
-        result = subprocess.run([program, "--files-from", "-"], input=b"a.mov\0", capture_output=True, cwd=self.folder,
+        result = subprocess.run([*program, "--files-from", "-"], input=b"a.mov\0", capture_output=True, cwd=self.folder,
                                 env=self.environment)
         self.assertRegex(result.stdout.decode(), r"    keys:\n")
 
@@ -207,6 +207,8 @@ class CliTest(unittest.TestCase):
             ([], "No clip or folder was named."),
             (["--nonsense", "x"], "nonsense"),
             (["--quality", "Tiny", "x"], "Unknown quality 'Tiny'"),
+            (["--encoder", "h265", "x"], "Unknown encoder 'h265'"),
+            (["--verbose", "x"], "--verbose goes with --version only."),
             (["--json", "--quiet", "x"], "--json and --quiet exclude each other."),
             (["gone.mov"], f"{self.folder}/gone.mov: no such file or folder"),
             (["notes.txt"], "not an MXF, MOV or MP4 file"),
@@ -232,11 +234,31 @@ class CliTest(unittest.TestCase):
     def test_missing_tool(self):
         (self.folder / "a.mov").touch()
         program = self.with_stand_ins("", tools=["ffprobe"])
-        result = subprocess.run([program, "a.mov"], capture_output=True, cwd=self.folder, env=self.environment)
+        result = subprocess.run([*program, "a.mov"], capture_output=True, cwd=self.folder, env=self.environment)
         self.assertEqual(result.returncode, 3)
-        expected = f"marrowcut-cli: ffmpeg is missing: it was expected at {program.parents[1]}/share/marrowcut/ffmpeg\n"
+        expected = f"marrowcut-cli: ffmpeg is missing: it was expected at {program[0].parents[1]}/share/marrowcut/ffmpeg\n"
         self.assertEqual(result.stderr.decode(), expected)
         self.assertFalse(self.proxies.exists())
+
+    def test_named_encoder_makes_its_trial_first(self):
+        (self.folder / "a.mov").touch()
+        probe = "when avg_frame_rate\nout 25/1\\n\nend\nwhen -count_frames\nout 10\\n\nend\nwhen ffprobe\nexit 0\nend\n"
+        program = self.with_stand_ins(probe + "when h264_nvenc\nwrite-output\nend\n"
+                                      "when h264_qsv\nerr no such card\\n\nexit 1\nend\n")[0]
+
+        def run(*arguments):
+            result = subprocess.run([program, *arguments], capture_output=True, cwd=self.folder, env=self.environment)
+            return result.returncode, result.stdout.decode(), result.stderr.decode()
+
+        complaint = "marrowcut-cli: h264_qsv does not work here: no such card\n"
+        self.assertEqual(run("--encoder", "h264_qsv", "a.mov"), (3, "", complaint))
+        self.assertFalse(self.proxies.exists())
+        version = subprocess.check_output([program, "--version"], text=True)
+        self.assertEqual(run("--version", "--verbose", "--encoder", "h264_qsv"), (3, version, complaint))
+        self.assertEqual(run("--version", "--verbose", "--encoder", "h264_nvenc"),
+                         (0, version + "encoder: h264_nvenc\n", ""))
+        self.assertEqual(run("--encoder", "h264_nvenc", "a.mov")[0], 0)
+        self.assertEqual(os.listdir(self.proxies).count("a_proxy.mp4"), 1)
 
     # How it ends early
 
@@ -244,7 +266,7 @@ class CliTest(unittest.TestCase):
         program = self.hanging_encoder()
         for number in (signal.SIGINT, signal.SIGTERM, signal.SIGHUP):
             with self.subTest(signal=number):
-                process = subprocess.Popen([program, "a.mov"], cwd=self.folder, env=self.environment,
+                process = subprocess.Popen([*program, "a.mov"], cwd=self.folder, env=self.environment,
                                            stdout=subprocess.PIPE, stderr=subprocess.PIPE)
                 encoder = self.encoder_pid()
                 process.send_signal(number)
@@ -255,7 +277,7 @@ class CliTest(unittest.TestCase):
                 (self.folder / "pid.part").unlink()
 
     def test_killed_program_takes_its_encoder_along(self):
-        process = subprocess.Popen([self.hanging_encoder(), "a.mov"], cwd=self.folder, env=self.environment,
+        process = subprocess.Popen([*self.hanging_encoder(), "a.mov"], cwd=self.folder, env=self.environment,
                                    stdout=subprocess.DEVNULL)
         encoder = self.encoder_pid()
         process.kill()
@@ -266,7 +288,7 @@ class CliTest(unittest.TestCase):
 
     def on_terminal(self, program, *arguments):
         terminal, other_end = pty.openpty()
-        process = subprocess.Popen([program, *arguments], stdin=other_end, stdout=other_end, stderr=other_end,
+        process = subprocess.Popen([*program, *arguments], stdin=other_end, stdout=other_end, stderr=other_end,
                                    cwd=self.folder, env=dict(self.environment, TERM="xterm"), start_new_session=True)
         os.close(other_end)
         return process, terminal
@@ -283,7 +305,7 @@ class CliTest(unittest.TestCase):
     def test_live_lines(self):
         make_clip(self.folder / "a.mov", seconds=8)
         (self.folder / "b\x1b[2J.mov").write_text("nothing")
-        process, terminal = self.on_terminal(PROGRAM, ".")
+        process, terminal = self.on_terminal([PROGRAM], ".")
         output = self.read_all(terminal)
         self.assertEqual(process.wait(), 1)
         self.assertRegex(output, r"a\.mov +█*░*  +\d+%")
