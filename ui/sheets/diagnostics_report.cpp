@@ -1,8 +1,6 @@
 #include "ui/sheets/diagnostics_report.h"
 
 #include "media/ffmpeg_locator.h"
-#include "media/process_runner.h"
-#include "platform/interrupted.h"
 #include "ui/sheets/diagnostics_text.h"
 
 #include <QClipboard>
@@ -11,23 +9,7 @@
 namespace marrowcut
 {
 
-namespace
-{
-
 using namespace std::chrono_literals;
-
-QString askFFmpeg(const QString &path, const std::stop_token &stop)
-{
-    try {
-        const auto result = ProcessRunner::run(path, {QStringLiteral("-version")}, {.stop = stop});
-        return ffmpegVersionLine(result.stdout);
-    } catch (const ProcessRunner::LaunchError &) {
-    } catch (const Interrupted &) {
-    }
-    return ffmpegVersionLine(QString());
-}
-
-} // namespace
 
 DiagnosticsReport::DiagnosticsReport(JobsProvider jobs, QObject *parent)
     : DiagnosticsReport(std::move(jobs), FFmpegLocator::ffmpegPath(), 5s, parent)
@@ -38,51 +20,45 @@ DiagnosticsReport::DiagnosticsReport(JobsProvider jobs, const QString &ffmpegPat
                                      std::chrono::milliseconds limit, QObject *parent)
     : QObject(parent)
     , m_jobs(std::move(jobs))
-    , m_ffmpegPath(ffmpegPath)
+    , m_toShow(ffmpegPath, limit)
+    , m_toCopy(ffmpegPath, limit)
 {
-    m_limit.setSingleShot(true);
-    m_limit.setInterval(limit);
-    connect(&m_limit, &QTimer::timeout, this, [this] { m_fetch.request_stop(); });
 }
 
 void DiagnosticsReport::open()
 {
+    ++m_opening;
     setCopied(false);
-    build(QStringLiteral("…"));
-    fetchFFmpegVersion([] {});
+    const Draft draft = draftOfNow();
+    show(draft(QStringLiteral("…")));
+    m_toShow.ask([this, draft](const QString &versionLine) {
+        if (!m_copied) // else what was copied is shown, which is newer
+            show(draft(versionLine));
+    });
 }
 
 void DiagnosticsReport::copyToClipboard()
 {
-    fetchFFmpegVersion([this] {
-        QGuiApplication::clipboard()->setText(m_reportText);
-        setCopied(true);
-    });
-}
-
-void DiagnosticsReport::fetchFFmpegVersion(const std::function<void()> &whenBuilt)
-{
-    const int number = ++m_fetchNumber;
-    const auto take = [this, number, whenBuilt](const QString &versionLine) {
-        if (number != m_fetchNumber) // a later one has taken its place
+    m_toCopy.ask([this, draft = draftOfNow(), opening = m_opening](const QString &versionLine) {
+        const QString text = draft(versionLine);
+        QGuiApplication::clipboard()->setText(text);
+        if (opening != m_opening) // another sheet stands there by now
             return;
-        m_limit.stop();
-        build(versionLine);
-        whenBuilt();
-    };
-    m_limit.start();
-    m_fetch = std::jthread([this, take, path = m_ffmpegPath](const std::stop_token &stop) {
-        const QString versionLine = askFFmpeg(path, stop);
-        QMetaObject::invokeMethod(
-            this, [take, versionLine] { take(versionLine); }, Qt::QueuedConnection);
+        setCopied(true);
+        show(text);
     });
 }
 
-void DiagnosticsReport::build(const QString &versionLine)
+DiagnosticsReport::Draft DiagnosticsReport::draftOfNow() const
 {
-    DiagnosticsFacts facts = DiagnosticsFacts::current();
-    facts.ffmpegVersionLine = versionLine;
-    m_reportText = diagnosticsText(facts, m_jobs());
+    return [facts = DiagnosticsFacts::current(), jobs = m_jobs()](const QString &versionLine) {
+        return diagnosticsText(facts, jobs, versionLine);
+    };
+}
+
+void DiagnosticsReport::show(const QString &text)
+{
+    m_reportText = text;
     Q_EMIT reportTextChanged();
 }
 

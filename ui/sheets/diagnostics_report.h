@@ -1,35 +1,35 @@
 #pragma once
 
 #include "engine/model/proxy_job.h"
+#include "ui/sheets/ffmpeg_version_question.h"
 
 #include <QList>
 #include <QObject>
-#include <QTimer>
 #include <QtQml/qqmlregistration.h>
 
 #include <chrono>
 #include <functional>
-#include <thread>
 
 namespace marrowcut
 {
 
-/// The report behind the diagnostics sheet. Main thread only; ffmpeg is asked for its version on a
-/// thread of its own, for at most the limit (five seconds unless given), and is ended when the report is
-/// destroyed.
+/// The report behind the diagnostics sheet. Main thread only.
+///
+/// A report is of the moment of opening or of the press on the copy button; only ffmpeg's version line comes
+/// later, within the limit (five seconds unless given).
 class DiagnosticsReport : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Made by the application")
-    /// The report as last built.
+    /// The report of the opening, or what was copied since. Its version line is "…" until it is known.
     Q_PROPERTY(QString reportText READ reportText NOTIFY reportTextChanged)
     /// Whether the report was copied since the sheet was opened.
     Q_PROPERTY(bool copied READ copied NOTIFY copiedChanged)
 public:
     using JobsProvider = std::function<QList<ProxyJob>()>;
 
-    /// The jobs are asked for each time that the report is built.
+    /// The jobs are asked for each time that a report is begun.
     explicit DiagnosticsReport(JobsProvider jobs, QObject *parent = nullptr);
     DiagnosticsReport(JobsProvider jobs, const QString &ffmpegPath, std::chrono::milliseconds limit,
                       QObject *parent = nullptr);
@@ -37,9 +37,10 @@ public:
     QString reportText() const { return m_reportText; }
     bool copied() const { return m_copied; }
 
-    /// For a sheet that opens: builds the report and forgets that an earlier one was copied.
+    /// For a sheet that opens: begins its report and forgets that an earlier one was copied.
     Q_INVOKABLE void open();
-    /// Builds a fresh report and puts it on the clipboard once it is complete.
+    /// Puts a fresh report on the clipboard once it is complete, also when the sheet was closed meanwhile. A
+    /// later press replaces one that is not yet carried out.
     Q_INVOKABLE void copyToClipboard();
 
 Q_SIGNALS:
@@ -47,17 +48,19 @@ Q_SIGNALS:
     void copiedChanged();
 
 private:
-    void fetchFFmpegVersion(const std::function<void()> &whenBuilt);
-    void build(const QString &versionLine);
+    /// All but the version line, which it takes.
+    using Draft = std::function<QString(const QString &versionLine)>;
+
+    Draft draftOfNow() const;
+    void show(const QString &text);
     void setCopied(bool copied);
 
     const JobsProvider m_jobs;
-    const QString m_ffmpegPath;
     QString m_reportText;
     bool m_copied = false;
-    int m_fetchNumber = 0;
-    QTimer m_limit;
-    std::jthread m_fetch; // last: its end is awaited before anything else goes
+    int m_opening = 0; // how many times the sheet was opened
+    FFmpegVersionQuestion m_toShow;
+    FFmpegVersionQuestion m_toCopy;
 };
 
 } // namespace marrowcut

@@ -29,7 +29,7 @@ QString ownSystemVersion()
         .arg(QSysInfo::prettyProductName(), QSysInfo::kernelType(), QSysInfo::kernelVersion());
 }
 
-QStringList factLines(const DiagnosticsFacts &facts)
+QStringList factLines(const DiagnosticsFacts &facts, const QString &ffmpegVersionLine)
 {
     const QString timestamp = facts.generated.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
     return {QStringLiteral("Marrowcut diagnostic report"),
@@ -38,7 +38,7 @@ QStringList factLines(const DiagnosticsFacts &facts)
             QStringLiteral("App version: ") + facts.versionString,
             QStringLiteral("macOS: ") + facts.systemVersion,
             facts.architectureLine,
-            QStringLiteral("ffmpeg: ") + facts.ffmpegVersionLine,
+            QStringLiteral("ffmpeg: ") + ffmpegVersionLine,
             QString()};
 }
 
@@ -75,13 +75,13 @@ DiagnosticsFacts DiagnosticsFacts::current()
     return {.generated = QDateTime::currentDateTime(),
             .versionString = readVersionKeys(resourceFolder()).text(),
             .systemVersion = ownSystemVersion(),
-            .architectureLine = ownArchitectureLine(),
-            .ffmpegVersionLine = QString()};
+            .architectureLine = ownArchitectureLine()};
 }
 
-QString diagnosticsText(const DiagnosticsFacts &facts, const QList<ProxyJob> &jobs)
+QString diagnosticsText(const DiagnosticsFacts &facts, const QList<ProxyJob> &jobs,
+                        const QString &ffmpegVersionLine)
 {
-    return (factLines(facts) + failedFilesSection(jobs)).join(u'\n');
+    return (factLines(facts, ffmpegVersionLine) + failedFilesSection(jobs)).join(u'\n');
 }
 
 QString ffmpegVersionLine(const QString &standardOutput)

@@ -31,9 +31,8 @@ QString text(const QList<ProxyJob> &jobs)
     return diagnosticsText({.generated = QDateTime(QDate(2026, 3, 11), QTime(9, 41, 2)),
                             .versionString = QStringLiteral("2.3 (41)"),
                             .systemVersion = QStringLiteral("System 12"),
-                            .architectureLine = QStringLiteral("Architecture: Intel (x86_64)"),
-                            .ffmpegVersionLine = QStringLiteral("ffmpeg version 5")},
-                           jobs);
+                            .architectureLine = QStringLiteral("Architecture: Intel (x86_64)")},
+                           jobs, QStringLiteral("ffmpeg version 5"));
 }
 
 QString factsText(const QString &section)
@@ -85,24 +84,47 @@ private Q_SLOTS:
         QCOMPARE(ffmpegVersionLine(QString()), QStringLiteral("unavailable"));
     }
 
-    void copyBuildsAFreshReport()
+    void aCopyIsOfItsPress()
     {
+        QFile::remove(m_mayAnswer);
         QList<ProxyJob> jobs;
-        DiagnosticsReport report([&jobs] { return jobs; },
-                                 tool(QStringLiteral("[ \"$*\" = -version ] && echo run $$; exit 3")), 60s);
+        DiagnosticsReport report([&jobs] { return jobs; }, waitingTool(), 60s);
         report.open();
-        QTRY_VERIFY(report.reportText().contains(QStringLiteral("ffmpeg: run ")));
-        const QString opened = report.reportText();
-        QVERIFY(opened.endsWith(QStringLiteral("No failed files this session.")));
-
-        jobs << failedJob(QStringLiteral("late.mxf"));
+        QVERIFY(report.reportText().contains(QStringLiteral("\nffmpeg: …\n")));
+        jobs << failedJob(QStringLiteral("a.mxf"));
         report.copyToClipboard();
+        jobs << failedJob(QStringLiteral("b.mxf")); // too late for both
+        answer();
+
         QTRY_VERIFY(report.copied());
         const QString copied = QGuiApplication::clipboard()->text();
-        QCOMPARE(copied, report.reportText());
-        QVERIFY(copied.contains(QStringLiteral("- late.mxf")));
-        QVERIFY(copied.section(u'\n', 6, 6) != opened.section(u'\n', 6, 6));
+        QVERIFY(copied.contains(QStringLiteral("\nffmpeg: run ")));
+        QVERIFY(copied.endsWith(failedSection(QStringLiteral("a.mxf"))));
+        QCOMPARE(report.reportText(), copied);
 
+        report.copyToClipboard();
+        QTRY_VERIFY(QGuiApplication::clipboard()->text().contains(QStringLiteral("- b.mxf")));
+        QVERIFY(QGuiApplication::clipboard()->text().section(u'\n', 6, 6) != copied.section(u'\n', 6, 6));
+    }
+
+    void aSheetThatReopensIsFresh()
+    {
+        QFile::remove(m_mayAnswer);
+        QList<ProxyJob> jobs{failedJob(QStringLiteral("a.mxf"))};
+        DiagnosticsReport report([&jobs] { return jobs; }, waitingTool(), 60s);
+        report.open();
+        report.copyToClipboard();
+        jobs.clear();
+        report.open(); // closed meanwhile; the press was made all the same
+        QGuiApplication::clipboard()->clear();
+        answer();
+        QTRY_VERIFY(QGuiApplication::clipboard()->text().endsWith(failedSection(QStringLiteral("a.mxf"))));
+        QTRY_VERIFY(report.reportText().contains(QStringLiteral("\nffmpeg: run ")));
+        QVERIFY(report.reportText().endsWith(QStringLiteral("No failed files this session.")));
+        QVERIFY(!report.copied());
+
+        report.copyToClipboard();
+        QTRY_VERIFY(report.copied());
         report.open();
         QVERIFY(!report.copied());
     }
@@ -128,12 +150,28 @@ private Q_SLOTS:
         DiagnosticsReport report([] { return QList<ProxyJob>(); }, tool(QStringLiteral("exec sleep 600")),
                                  600s);
         report.open();
-        report.copyToClipboard(); // replaces the first question
+        report.copyToClipboard();
+        report.copyToClipboard(); // replaces the first
         QCoreApplication::processEvents();
         QVERIFY(!report.copied());
     }
 
 private:
+    static QString failedSection(const QString &name)
+    {
+        return QStringLiteral("\n\nFailed files (1):\n\n- %1\n  Failed: encode error").arg(name);
+    }
+
+    /// Names its process, so that no two runs answer alike, once answer() was called.
+    QString waitingTool()
+    {
+        return tool(QStringLiteral("[ \"$*\" = -version ] || exit; "
+                                   "until [ -e '%1' ]; do sleep 0.01; done; echo run $$; exit 3")
+                        .arg(m_mayAnswer));
+    }
+
+    void answer() const { QVERIFY(QFile(m_mayAnswer).open(QIODevice::WriteOnly)); }
+
     QString tool(const QString &script)
     {
         QFile file(m_folder.filePath(QStringLiteral("tool%1").arg(++m_toolCount)));
@@ -144,6 +182,7 @@ private:
     }
 
     QTemporaryDir m_folder;
+    const QString m_mayAnswer = m_folder.filePath(QStringLiteral("answer"));
     int m_toolCount = 0;
 };
 
