@@ -41,6 +41,12 @@ Item {
         radius: 3
         color: root.isHovering ? Qt.alpha(Theme.accentFill, 0.85) : "transparent"
 
+        SoftShadow {
+            anchors.fill: label
+            visible: !root.isHovering // then the background casts it
+            caster: label
+        }
+
         MockupText {
             id: label
 
@@ -50,8 +56,6 @@ Item {
             font.weight: root.weight
             text: root.isHovering ? root.explanation : root.display
             color: "white"
-            style: Text.Outline
-            styleColor: Qt.rgba(0, 0, 0, 0.35)
         }
     }
 }
