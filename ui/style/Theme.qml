@@ -35,5 +35,5 @@ QtObject {
     readonly property int bodySize: 13
     readonly property int headlineSize: 13 // bold
     readonly property int subheadlineSize: 11
-    readonly property string monospaced: "DejaVu Sans Mono"
+    readonly property string monospaced: SystemFonts.monospaced
 }
