@@ -44,7 +44,5 @@ Item {
         anchors.bottom: parent.bottom
         anchors.bottomMargin: 16
         text: root.report.reportText
-        Accessible.role: Accessible.StaticText
-        Accessible.name: text
     }
 }

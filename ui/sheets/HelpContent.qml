@@ -6,18 +6,33 @@ import Marrowcut.Style
 Flickable {
     id: root
 
+    function scrollTo(y: real) {
+        contentY = Math.max(0, Math.min(y, contentHeight - height));
+    }
+
+    objectName: "helpContent"
     clip: true
     contentWidth: width
     contentHeight: paragraphs.height + 48
     boundsBehavior: Flickable.StopAtBounds
-    Keys.onUpPressed: scrollBar.decrease()
-    Keys.onDownPressed: scrollBar.increase()
+    Keys.onPressed: event => {
+        const line = 40;
+        const page = height - line;
+        const targets = {
+            [Qt.Key_Up]: contentY - line,
+            [Qt.Key_Down]: contentY + line,
+            [Qt.Key_PageUp]: contentY - page,
+            [Qt.Key_PageDown]: contentY + page,
+            [Qt.Key_Home]: 0,
+            [Qt.Key_End]: contentHeight
+        };
+        event.accepted = event.key in targets;
+        if (event.accepted)
+            scrollTo(targets[event.key]);
+    }
 
     ScrollBar.vertical: ScrollBar {
-        id: scrollBar
-
         policy: ScrollBar.AlwaysOn
-        stepSize: 0.1
     }
 
     Column {
@@ -30,6 +45,7 @@ Flickable {
 
         HelpText {
             text: "How Marrowcut works"
+            Accessible.role: Accessible.Heading
             font.pixelSize: Theme.headlineSize
             font.bold: true
         }
@@ -67,7 +83,7 @@ Flickable {
 
         CreditLine {
             topPadding: 6
-            onLinkFocusedChanged: if (linkFocused) root.contentY = root.contentHeight - root.height
+            onLinkFocusedChanged: if (linkFocused) root.scrollTo(root.contentHeight)
         }
     }
 }

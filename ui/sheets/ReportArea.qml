@@ -2,16 +2,37 @@ import QtQuick
 import QtQuick.Controls
 import Marrowcut.Style
 
-// Plain text to read and select, scrolling with a bar that is always shown.
+// Plain text to read and select, scrolling with a bar that is always shown. A text that is replaced keeps its
+// selection and its place as far as it stays the same.
 Rectangle {
     id: root
 
     required property string text
 
+    // Only what differs is exchanged: the rest of the document, selected or not, never notices.
+    function show(after: string) {
+        const before = area.text;
+        const shorter = Math.min(before.length, after.length);
+        let start = 0;
+        while (start < shorter && before.charAt(start) === after.charAt(start))
+            ++start;
+        let same = 0; // at the end
+        while (same < shorter - start && before.charAt(before.length - 1 - same) === after.charAt(after.length - 1 - same))
+            ++same;
+        const place = flickable.contentY; // a text area that changes scrolls to its cursor
+        area.remove(start, before.length - same);
+        area.insert(start, after.slice(start, after.length - same));
+        flickable.contentY = Math.max(0, Math.min(place, flickable.contentHeight - flickable.height));
+    }
+
     color: Theme.base
     border.color: area.activeFocus ? Theme.accent : Theme.separator
+    onTextChanged: show(text)
 
     Flickable {
+        id: flickable
+
+        objectName: "reportPlace"
         anchors.fill: parent
         anchors.margins: 1
         clip: true
@@ -31,7 +52,6 @@ Rectangle {
             rightPadding: 12 + bar.width
             readOnly: true
             selectByMouse: true
-            text: root.text
             textFormat: TextEdit.PlainText
             wrapMode: TextEdit.Wrap
             color: Theme.primary

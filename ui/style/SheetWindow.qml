@@ -2,7 +2,8 @@ import QtQuick
 
 // A modal sheet: a dialog window of fixed size over its transient parent, with a "Close" button in a row at the
 // bottom that takes further buttons as children. The content above the row is made anew each time that the sheet is
-// shown. The button, Return, Escape and the window manager emit dismissed; the owner then sets shown to false.
+// shown; it gets the keys that nobody else takes. The button, Return (except on another button), Escape and the
+// window manager emit dismissed; the owner then sets shown to false.
 ThemedWindow {
     id: root
 
@@ -14,6 +15,11 @@ ThemedWindow {
 
     signal dismissed()
 
+    function pressReturn() {
+        const button = activeFocusItem as PushButton;
+        button ? button.clicked() : dismissed();
+    }
+
     flags: Qt.Dialog
     modality: Qt.WindowModal
     minimumWidth: width
@@ -24,15 +30,20 @@ ThemedWindow {
     onClosing: dismissed()
 
     Shortcut {
-        sequences: ["Return", "Enter", "Escape"]
+        sequences: ["Return", "Enter"]
+        onActivated: root.pressReturn()
+    }
+
+    Shortcut {
+        sequence: "Escape"
         onActivated: root.dismissed()
     }
 
     FocusScope {
         anchors.fill: parent
         focus: true
-        Keys.onReturnPressed: root.dismissed()
-        Keys.onEnterPressed: root.dismissed()
+        Keys.onReturnPressed: root.pressReturn()
+        Keys.onEnterPressed: root.pressReturn()
         Keys.onEscapePressed: root.dismissed()
         Keys.forwardTo: [loader.item]
 

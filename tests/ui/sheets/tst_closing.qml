@@ -45,6 +45,14 @@ TestCase {
             onDismissed: helpState.showDiagnostics = false
             report: TestDesktop.report
         }
+
+        ReportArea {
+            id: area
+
+            width: 300
+            height: 100
+            text: ""
+        }
     }
 
     SignalSpy {
@@ -107,8 +115,21 @@ TestCase {
         helpState.showDiagnostics = false;
     }
 
-    function test_linkScrollsIntoView() {
+    function test_scrollingHelp() {
         show(help, "showHelp");
+        const content = findChild(help, "helpContent");
+        const end = content.contentHeight - content.height;
+        const places = [[Qt.Key_Up, 0], [Qt.Key_End, end], [Qt.Key_Down, end], [Qt.Key_Home, 0]];
+        for (const [key, place] of places) {
+            keyClick(key);
+            compare(content.contentY, place);
+        }
+        for (const [forth, back] of [[Qt.Key_Down, Qt.Key_Up], [Qt.Key_PageDown, Qt.Key_PageUp]]) {
+            keyClick(forth);
+            verify(content.contentY > 0 && content.contentY < content.height);
+            keyClick(back);
+            compare(content.contentY, 0);
+        }
         keyClick(Qt.Key_Tab);
         tryVerify(() => help.activeFocusItem.url !== undefined);
         const bottom = help.activeFocusItem.mapToItem(help.contentItem, 0, help.activeFocusItem.height).y;
@@ -120,17 +141,38 @@ TestCase {
         show(diagnostics, "showDiagnostics");
         const copyButton = findChild(diagnostics, "copyButton");
         compare(copyButton.text, "Copy to Clipboard");
-        mouseClick(copyButton);
+        copyButton.forceActiveFocus();
+        keyClick(Qt.Key_Return);
         tryCompare(copyButton, "text", "Copied");
         const report = TestDesktop.clipboardText();
         verify(report.startsWith("Marrowcut diagnostic report\n"));
         verify(report.endsWith("\n  Conversion failed!"));
         compare(findChild(diagnostics, "reportText").text, report);
-        keyClick(Qt.Key_Return);
-        tryVerify(() => !diagnostics.visible);
+        helpState.showDiagnostics = false;
         show(diagnostics, "showDiagnostics");
         compare(copyButton.text, "Copy to Clipboard");
         helpState.showDiagnostics = false;
+    }
+
+    function test_newTextKeepsSelectionAndPlace() {
+        const lines = "\n" + "line\n".repeat(40);
+        const document = findChild(area, "reportText");
+        const flickable = findChild(area, "reportPlace");
+        area.text = "head 1" + lines + "end";
+        document.select(1, document.length - 3);
+        flickable.contentY = 120;
+        // longer, shorter, with a sign that the document keeps as another, with signs of two units each
+        for (const head of ["head 22", "head 3", "he", "he\u00a0\ud83d\ude00", "he\u00a0\ud83d\ude01"]) {
+            const shown = (head + lines).replace("\u00a0", " ");
+            area.text = head + lines + "end";
+            compare(document.text, shown + "end");
+            compare(document.selectedText.replace(/\u2029/g, "\n").replace("\u00a0", " "), shown.slice(1));
+            compare(flickable.contentY, 120);
+        }
+        for (const text of ["other", ""]) {
+            area.text = text;
+            compare(document.text, text);
+        }
     }
 
     function test_keysInTheReport() {
