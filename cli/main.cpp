@@ -3,9 +3,9 @@
 #include "exit_status.h"
 #include "headless_run.h"
 #include "name_list.h"
+#include "notification_module.h"
 
 #include "media/ffmpeg_locator.h"
-#include "platform/desktop_notifications.h"
 #include "platform/preference_store.h"
 #include "platform/process_setup.h"
 #include "platform/resource_folder.h"
@@ -17,6 +17,7 @@
 #include <QTimer>
 
 #include <cstdlib>
+#include <memory>
 
 using namespace marrowcut;
 using namespace marrowcut::cli;
@@ -83,11 +84,10 @@ int runRequest(const Request &request)
     const SettingsPreferenceStore remembered;
     MemoryPreferenceStore preferences; // a choice made here is not remembered
     QualityPreset::setSaved(preferences, QualityPreset::saved(remembered));
-    DesktopNotifications desktop(QStringLiteral("marrowcut"));
-    MemoryNotificationCenter silence(false);
-    NotificationCenter &notifications = request.notify ? static_cast<NotificationCenter &>(desktop) : silence;
+    const std::unique_ptr<NotificationCenter> notifications =
+        request.notify ? loadNotificationModule() : std::make_unique<MemoryNotificationCenter>(false);
 
-    HeadlessRun run(preferences, notifications, request);
+    HeadlessRun run(preferences, *notifications, request);
     if (!run.queueItems())
         return nothingToDo;
     if (!toolsAreThere())
@@ -103,12 +103,8 @@ int runRequest(const Request &request)
             std::_Exit(wasInterrupted); // the system holds the run's thread; the child dies with us
         QCoreApplication::exit(wasInterrupted);
     });
-    QObject::connect(&run, &HeadlessRun::ended, &desktop, [&desktop](int status) {
-        const auto leave = [status] { QCoreApplication::exit(status); };
-        if (desktop.isIdle())
-            leave();
-        else
-            QObject::connect(&desktop, &DesktopNotifications::becameIdle, leave);
+    QObject::connect(&run, &HeadlessRun::ended, &run, [&notifications](int status) {
+        notifications->whenIdle([status] { QCoreApplication::exit(status); });
     });
     QTimer::singleShot(0, &run, &HeadlessRun::start);
     return QCoreApplication::exec();

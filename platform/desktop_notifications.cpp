@@ -51,6 +51,14 @@ void DesktopNotifications::add(const NotificationRequest &request)
     call(message, [](bool) {});
 }
 
+void DesktopNotifications::whenIdle(std::function<void()> then)
+{
+    if (m_pendingCalls == 0)
+        then();
+    else
+        connect(this, &DesktopNotifications::becameIdle, this, std::move(then), Qt::SingleShotConnection);
+}
+
 void DesktopNotifications::call(const QDBusMessage &message, std::function<void(bool)> answer)
 {
     ++m_pendingCalls;
@@ -74,3 +82,5 @@ void DesktopNotifications::finishCall(bool succeeded, const std::function<void(b
 }
 
 } // namespace marrowcut
+
+#include "moc_desktop_notifications.cpp" // in this object: a program that does without it does without D-Bus

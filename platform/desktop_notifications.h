@@ -21,9 +21,7 @@ public:
 
     void requestAuthorization(std::function<void(bool granted)> answer) override;
     void add(const NotificationRequest &request) override;
-
-    /// Whether no answer of the server is awaited. A program that ends before is not heard.
-    bool isIdle() const { return m_pendingCalls == 0; }
+    void whenIdle(std::function<void()> then) override;
 
 Q_SIGNALS:
     /// The last awaited answer has come.

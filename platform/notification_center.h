@@ -29,6 +29,10 @@ public:
 
     /// Shows a notification. Whether that succeeds is not told.
     virtual void add(const NotificationRequest &request) = 0;
+
+    /// Calls back once no answer of the desktop is awaited; at once where that is so. A program that ends
+    /// before is not heard.
+    virtual void whenIdle(std::function<void()> then) { then(); }
 };
 
 /// Keeps the requests instead of showing them: for tests, and for runs that shall not notify.
