@@ -2,10 +2,10 @@
 
 #include "engine/video_files.h"
 #include "media/system_values.h"
+#include "platform/absolute_path.h"
 #include "platform/utf8.h"
 
 #include <QCommandLineParser>
-#include <QDir>
 
 namespace marrowcut::cli
 {
@@ -38,20 +38,6 @@ Options:
 Exit status: 0 every clip has its proxy, 1 some failed, 2 wrong usage or nothing to do,
 3 ffmpeg, ffprobe or the named encoder is missing or does not work, 130 interrupted.
 )";
-
-/// Absolute, "." and doubled slashes taken out. ".." stays: where links are involved, only the file
-/// system knows what it means.
-QString absolutePath(const QString &path)
-{
-    const QString absolute =
-        path.startsWith(QLatin1Char('/')) ? path : QDir::currentPath() + QLatin1Char('/') + path;
-    QStringList kept;
-    for (const QString &part : absolute.split(QLatin1Char('/'), Qt::SkipEmptyParts)) {
-        if (part != QLatin1String("."))
-            kept.append(part);
-    }
-    return QLatin1Char('/') + kept.join(QLatin1Char('/'));
-}
 
 void addPath(const QString &path, Request &request)
 {

@@ -1,9 +1,9 @@
-#include "command_line.h"
+#include "ui/shell/command_line.h"
 
+#include "platform/absolute_path.h"
 #include "platform/utf8.h"
 
 #include <QCommandLineParser>
-#include <QDir>
 
 namespace marrowcut
 {
@@ -20,17 +20,6 @@ Options:
   --help            show this help
   --version         show the version
 )";
-
-/// Absolute, "." and doubled slashes taken out. ".." stays: where links are involved, only the file
-/// system knows what it means.
-QString absolutePath(const QString &path)
-{
-    const QString absolute =
-        path.startsWith(QLatin1Char('/')) ? path : QDir::currentPath() + QLatin1Char('/') + path;
-    QStringList parts = absolute.split(QLatin1Char('/'), Qt::SkipEmptyParts);
-    parts.removeAll(QStringLiteral("."));
-    return QLatin1Char('/') + parts.join(QLatin1Char('/'));
-}
 
 QUrl itemUrl(const QString &argument)
 {
