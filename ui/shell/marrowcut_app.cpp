@@ -1,4 +1,4 @@
-#include "marrowcut_app.h"
+#include "ui/shell/marrowcut_app.h"
 
 #include <QCoreApplication>
 #include <QDesktopServices>

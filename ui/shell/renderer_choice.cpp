@@ -1,4 +1,4 @@
-#include "renderer_choice.h"
+#include "ui/shell/renderer_choice.h"
 
 #include <QOffscreenSurface>
 #include <QOpenGLContext>
