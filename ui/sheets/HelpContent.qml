@@ -6,29 +6,17 @@ import Marrowcut.Style
 Flickable {
     id: root
 
-    function scrollTo(y: real) {
-        contentY = Math.max(0, Math.min(y, contentHeight - height));
-    }
-
     objectName: "helpContent"
     clip: true
     contentWidth: width
     contentHeight: paragraphs.height + 48
     boundsBehavior: Flickable.StopAtBounds
-    Keys.onPressed: event => {
-        const line = 40;
-        const page = height - line;
-        const targets = {
-            [Qt.Key_Up]: contentY - line,
-            [Qt.Key_Down]: contentY + line,
-            [Qt.Key_PageUp]: contentY - page,
-            [Qt.Key_PageDown]: contentY + page,
-            [Qt.Key_Home]: 0,
-            [Qt.Key_End]: contentHeight
-        };
-        event.accepted = event.key in targets;
-        if (event.accepted)
-            scrollTo(targets[event.key]);
+    Keys.forwardTo: [scrollKeys]
+
+    ScrollKeys {
+        id: scrollKeys
+
+        view: root
     }
 
     ScrollBar.vertical: ScrollBar {
@@ -83,7 +71,7 @@ Flickable {
 
         CreditLine {
             topPadding: 6
-            onLinkFocusedChanged: if (linkFocused) root.scrollTo(root.contentHeight)
+            onLinkFocusedChanged: if (linkFocused) scrollKeys.scrollToEnd()
         }
     }
 }

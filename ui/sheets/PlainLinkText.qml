@@ -38,7 +38,7 @@ Text {
 
     FocusRing {
         visible: root.activeFocus
-        distance: 3
+        distance: 2
         innerRadius: 1
     }
 }

@@ -22,11 +22,12 @@ Rectangle {
         const place = flickable.contentY; // a text area that changes scrolls to its cursor
         area.remove(start, before.length - same);
         area.insert(start, after.slice(start, after.length - same));
-        flickable.contentY = Math.max(0, Math.min(place, flickable.contentHeight - flickable.height));
+        scrollKeys.scrollTo(place);
     }
 
     color: Theme.base
     border.color: area.activeFocus ? Theme.accent : Theme.separator
+    border.width: area.activeFocus ? 2 : 1
     onTextChanged: show(text)
 
     Flickable {
@@ -34,9 +35,18 @@ Rectangle {
 
         objectName: "reportPlace"
         anchors.fill: parent
-        anchors.margins: 1
+        anchors.margins: 2
+        topMargin: 10 // a text area clips at its own padding
+        bottomMargin: 10
+        contentY: -topMargin
         clip: true
         boundsBehavior: Flickable.StopAtBounds
+
+        ScrollKeys {
+            id: scrollKeys
+
+            view: flickable
+        }
 
         ScrollBar.vertical: ScrollBar {
             id: bar
@@ -48,10 +58,13 @@ Rectangle {
             id: area
 
             objectName: "reportText"
-            padding: 12
-            rightPadding: 12 + bar.width
+            topPadding: 0
+            bottomPadding: 0
+            leftPadding: 10
+            rightPadding: 10 + bar.width
             readOnly: true
             selectByMouse: true
+            persistentSelection: true
             textFormat: TextEdit.PlainText
             wrapMode: TextEdit.Wrap
             color: Theme.primary
@@ -63,6 +76,7 @@ Rectangle {
             Accessible.name: "Report"
             // A text area would take Return and Tab for itself.
             Keys.priority: Keys.BeforeItem
+            Keys.forwardTo: [scrollKeys]
             Keys.onTabPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
             Keys.onBacktabPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
         }

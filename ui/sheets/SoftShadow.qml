@@ -10,6 +10,7 @@ Item {
     Repeater {
         model: 16
 
+        // qmllint disable unqualified
         MockupText {
             required property int index
             readonly property bool isOuter: index % 2 === 0
@@ -22,5 +23,6 @@ Item {
             text: root.caster.text
             color: Qt.rgba(0, 0, 0, isOuter ? 0.1 : 0.16)
         }
+        // qmllint enable unqualified
     }
 }

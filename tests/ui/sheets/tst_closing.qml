@@ -177,11 +177,55 @@ TestCase {
 
     function test_keysInTheReport() {
         show(diagnostics, "showDiagnostics");
-        for (const [key, name] of [[Qt.Key_Tab, "reportText"], [Qt.Key_Tab, "copyButton"], [Qt.Key_Backtab, "reportText"]]) {
+        const document = findChild(diagnostics, "reportText");
+        const flickable = findChild(diagnostics, "reportPlace");
+        const focus = (key, item) => {
             keyClick(key);
-            tryVerify(() => diagnostics.activeFocusItem.objectName === name);
-        }
+            tryVerify(() => item.activeFocus);
+        };
+        const copyButton = findChild(diagnostics, "copyButton");
+        focus(Qt.Key_Tab, document);
+        keyClick(Qt.Key_End);
+        verify(flickable.atYEnd && !flickable.atYBeginning);
+        keyClick(Qt.Key_Home);
+        verify(flickable.atYBeginning);
+        keySequence(StandardKey.SelectAll);
+        keySequence(StandardKey.Copy);
+        compare(TestDesktop.clipboardText(), document.text);
+        focus(Qt.Key_Tab, copyButton);
+        mouseClick(copyButton);
+        tryCompare(copyButton, "text", "Copied");
+        compare(document.selectedText.length, document.length);
+        focus(Qt.Key_Backtab, document);
         keyClick(Qt.Key_Return);
         tryVerify(() => !diagnostics.visible);
+    }
+
+    // What a screen reader says of a sheet: every text that shows, as it reads, under one heading.
+    function test_textsAreNamed_data() {
+        return [
+            {tag: "help", sheet: help, flag: "showHelp", links: 1},
+            {tag: "about", sheet: about, flag: "showAbout", links: 2},
+            {tag: "report", sheet: diagnostics, flag: "showDiagnostics", links: 0}
+        ];
+    }
+
+    function test_textsAreNamed(data) {
+        show(data.sheet, data.flag);
+        const roles = [];
+        const visit = item => {
+            const role = item.Accessible.role;
+            roles.push(role);
+            if (item instanceof Text && item.text && role !== Accessible.NoRole)
+                compare(item.Accessible.name, item.text.replace(/\*\*/g, ""));
+            if (item instanceof Text && item.wrapMode === Text.Wrap)
+                verify(role !== Accessible.NoRole, item.text);
+            for (let i = 0; i < item.children.length; ++i)
+                visit(item.children[i]);
+        };
+        visit(data.sheet.contentItem);
+        const count = role => roles.filter(each => each === role).length;
+        compare([count(Accessible.Heading), count(Accessible.Link)], [1, data.links]);
+        helpState[data.flag] = false;
     }
 }

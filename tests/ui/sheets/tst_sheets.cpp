@@ -40,7 +40,7 @@ private:
     {
         auto job = marrowcut::ProxyJob::forSource(QUrl(QStringLiteral("file:///clips/A001.mxf")));
         job.status = marrowcut::JobStatus::failed(QStringLiteral("encode error"));
-        job.errorDetail = QStringLiteral("Invalid data found when processing input\nConversion failed!");
+        job.errorDetail = QStringLiteral("Invalid data\n").repeated(24) + QStringLiteral("Conversion failed!");
         return {job};
     }
 
