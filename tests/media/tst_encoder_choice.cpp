@@ -105,8 +105,8 @@ void TestEncoderChoice::interruptedTrialIsNoAnswer()
         stop.request_stop();
     });
     EncoderChoice choice;
-    QVERIFY_EXCEPTION_THROWN(choice.settle(anywhere(), QualityPreset::standard, stop.get_token()),
-                             Interrupted);
+    QVERIFY_THROWS_EXCEPTION(Interrupted,
+                             choice.settle(anywhere(), QualityPreset::standard, stop.get_token()));
     m_script.set("when ffprobe\nout 10\\n\nend\nwrite-output\n");
     QCOMPARE(choice.settle(anywhere(), QualityPreset::standard).name, QStringLiteral("h264_nvenc"));
 }

@@ -143,8 +143,8 @@ void TestProcessRunner::launchFailures()
 {
     const auto never = [](const QString &) { QFAIL("a line without a child"); };
     for (const QString &path : {m_script.path(QStringLiteral("missing")), m_script.folder()}) {
-        QVERIFY_EXCEPTION_THROWN(ProcessRunner::run(path, {}), ProcessRunner::LaunchError);
-        QVERIFY_EXCEPTION_THROWN(ProcessRunner::runStreaming(path, {}, never), ProcessRunner::LaunchError);
+        QVERIFY_THROWS_EXCEPTION(ProcessRunner::LaunchError, ProcessRunner::run(path, {}));
+        QVERIFY_THROWS_EXCEPTION(ProcessRunner::LaunchError, ProcessRunner::runStreaming(path, {}, never));
     }
 }
 
@@ -161,14 +161,13 @@ void TestProcessRunner::stopKillsTheChild()
     m_script.set(script);
     std::stop_source source;
     const auto stopAtFirstLine = [&](const QString &) { source.request_stop(); };
-    QVERIFY_EXCEPTION_THROWN(ProcessRunner::runStreaming(FFmpegLocator::ffmpegPath(), {}, stopAtFirstLine,
-                                                         {.stop = source.get_token()}),
-                             Interrupted);
+    QVERIFY_THROWS_EXCEPTION(Interrupted,
+                             ProcessRunner::runStreaming(FFmpegLocator::ffmpegPath(), {}, stopAtFirstLine,
+                                                         {.stop = source.get_token()}));
     QVERIFY(!processLives(m_script.contents(QStringLiteral("pid")).toLongLong()));
     // A stop that came before is heard before anything is started.
-    QVERIFY_EXCEPTION_THROWN(
-        ProcessRunner::run(m_script.path(QStringLiteral("missing")), {}, {.stop = source.get_token()}),
-        Interrupted);
+    QVERIFY_THROWS_EXCEPTION(Interrupted, ProcessRunner::run(m_script.path(QStringLiteral("missing")), {},
+                                                             {.stop = source.get_token()}));
 }
 
 QTEST_GUILESS_MAIN(TestProcessRunner)
