@@ -25,11 +25,12 @@ require_packages() {
     } >&2
 }
 
-# build PRESET: configures the first time, then builds what has changed.
+# build PRESET [TARGET...]: configures the first time, then builds what has changed, all of it or the targets.
 build() {
-    local tree="$root/build/$1"
+    local preset=$1 tree="$root/build/$1"
+    shift
     if [ ! -e "$tree/build.ninja" ]; then
-        (cd "$root" && cmake --preset "$1" --log-level=NOTICE) >&2
+        (cd "$root" && cmake --preset "$preset" --log-level=NOTICE) >&2
     fi
-    cmake --build "$tree" -- --quiet >&2
+    cmake --build "$tree" ${1+--target "$@"} -- --quiet >&2
 }
