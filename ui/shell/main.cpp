@@ -1,6 +1,6 @@
-#include "command_line.h"
-#include "marrowcut_app.h"
-#include "renderer_choice.h"
+#include "ui/shell/command_line.h"
+#include "ui/shell/marrowcut_app.h"
+#include "ui/shell/renderer_choice.h"
 
 #include "platform/process_setup.h"
 #include "platform/resource_folder.h"
@@ -21,6 +21,8 @@ namespace
 {
 
 constexpr int endedBySignal = 130;
+/// A wrong colour for a moment is better than no window.
+constexpr auto colorSchemePatience = std::chrono::milliseconds(250);
 
 void complain(const QString &problem)
 {
@@ -68,8 +70,9 @@ int main(int argc, char *argv[])
 
     const QGuiApplication application(argc, argv);
     introduceToDesktop();
-    DesktopColorScheme::instance(); // asks the desktop before the first window shows
+    DesktopColorScheme *scheme = DesktopColorScheme::instance(); // asks the desktop meanwhile
     QQuickStyle::setStyle(QStringLiteral("Fusion"));
     chooseRenderer();
+    scheme->awaitDesktop(colorSchemePatience);
     return runWindow(commandLine.items);
 }

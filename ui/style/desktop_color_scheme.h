@@ -1,11 +1,9 @@
 #pragma once
 
-#include <QDBusPendingCall>
-#include <QDBusVariant>
 #include <QObject>
 #include <QtQml/qqmlregistration.h>
 
-#include <optional>
+#include <chrono>
 
 class QJSEngine;
 class QQmlEngine;
@@ -13,10 +11,12 @@ class QQmlEngine;
 namespace marrowcut
 {
 
+class PortalColorScheme;
+
 /// Whether the desktop asks for dark windows, followed while the program runs. Main thread only.
 ///
-/// The desktop portal is asked without waiting for it. Until it answers, and where there is none, the
-/// platform's own palette decides.
+/// The desktop portal is asked on first use. Until it answers, and where there is none, the platform's own
+/// palette decides.
 class DesktopColorScheme : public QObject
 {
     Q_OBJECT
@@ -28,10 +28,13 @@ public:
     enum Choice { Desktop, Light, Dark };
     Q_ENUM(Choice)
 
-    /// The one instance, made on first use and owned by the application. Calling this early in main()
-    /// gives the portal time to answer before the first window shows.
+    /// The one instance, made on first use and owned by the application.
     static DesktopColorScheme *instance();
     static DesktopColorScheme *create(QQmlEngine *, QJSEngine *);
+
+    /// Runs the event loop until the portal has answered, or for so long: a window made afterwards shows its
+    /// first frame in the right colours. Returns at once where there is nothing to wait for.
+    void awaitDesktop(std::chrono::milliseconds limit);
 
     bool dark() const { return m_dark; }
 
@@ -47,18 +50,13 @@ Q_SIGNALS:
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
-private Q_SLOTS:
-    void onSettingChanged(const QString &group, const QString &key, const QDBusVariant &value);
-
 private:
     explicit DesktopColorScheme(QObject *parent);
-    void askPortal();
-    void takeReply(const QDBusPendingCall &call);
     void update();
     bool wanted() const;
 
+    PortalColorScheme *m_portal;
     Choice m_choice;
-    std::optional<bool> m_portalDark;
     bool m_dark = false;
 };
 

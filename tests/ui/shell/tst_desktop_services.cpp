@@ -2,12 +2,12 @@
 #include "platform/sleep_inhibitor.h"
 #include "platform/taskbar_progress.h"
 
-#include <QDBusConnection>
+#include "support/private_bus.h"
+
 #include <QDBusContext>
 #include <QDBusMessage>
 #include <QDBusUnixFileDescriptor>
 #include <QDir>
-#include <QProcess>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -89,13 +89,6 @@ class DesktopServicesTest : public QObject
 private Q_SLOTS:
     void initTestCase()
     {
-        m_daemon.start(
-            QStringLiteral("dbus-daemon"),
-            {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address")});
-        QVERIFY(m_daemon.waitForReadyRead());
-        const QByteArray address = m_daemon.readLine().trimmed();
-        qputenv("DBUS_SESSION_BUS_ADDRESS", address);
-        qputenv("DBUS_SYSTEM_BUS_ADDRESS", address);
         QVERIFY(m_clips.isValid());
         QVERIFY(QDir(m_clips.path()).mkdir(QStringLiteral("Shoot #3")));
     }
@@ -109,11 +102,9 @@ private Q_SLOTS:
         viewer.reveal(folder); // nobody is there to answer
         QTRY_COMPARE(opened, QList{folder});
 
-        QDBusConnection bus = serverBus();
         FakeFileManager fileManager;
-        QVERIFY(bus.registerObject(QStringLiteral("/org/freedesktop/FileManager1"), &fileManager,
-                                   QDBusConnection::ExportAllSlots));
-        QVERIFY(bus.registerService(QStringLiteral("org.freedesktop.FileManager1")));
+        QVERIFY(m_bus.serve(QStringLiteral("org.freedesktop.FileManager1"),
+                            QStringLiteral("/org/freedesktop/FileManager1"), &fileManager));
         viewer.reveal(folder);
         QTRY_COMPARE(fileManager.shown, QStringList{QString::fromLatin1(folder.toEncoded())});
         QVERIFY(fileManager.shown.first().endsWith(QStringLiteral("Shoot%20%233")));
@@ -135,11 +126,9 @@ private Q_SLOTS:
     {
         SleepInhibitor inhibitor;
         inhibitor.setHeld(true); // refused: there is no login manager
-        QDBusConnection bus = serverBus();
         FakeLoginManager logind;
-        QVERIFY(bus.registerObject(QStringLiteral("/org/freedesktop/login1"), &logind,
-                                   QDBusConnection::ExportAllSlots));
-        QVERIFY(bus.registerService(QStringLiteral("org.freedesktop.login1")));
+        QVERIFY(m_bus.serve(QStringLiteral("org.freedesktop.login1"),
+                            QStringLiteral("/org/freedesktop/login1"), &logind));
 
         SleepInhibitor heard;
         heard.setHeld(true);
@@ -156,8 +145,9 @@ private Q_SLOTS:
     void taskbarProgress()
     {
         TaskbarListener listener;
-        QVERIFY(serverBus().connect(QString(), QString(), QStringLiteral("com.canonical.Unity.LauncherEntry"),
-                                    QStringLiteral("Update"), &listener, SLOT(update(QString, QVariantMap))));
+        QVERIFY(
+            m_bus.server().connect(QString(), QString(), QStringLiteral("com.canonical.Unity.LauncherEntry"),
+                                   QStringLiteral("Update"), &listener, SLOT(update(QString, QVariantMap))));
         TaskbarProgress progress(QStringLiteral("marrowcut"));
         progress.show(std::nullopt);
         progress.show(0.25);
@@ -167,21 +157,8 @@ private Q_SLOTS:
                                                     QStringLiteral("application://marrowcut.desktop 0 0")}));
     }
 
-    void cleanupTestCase()
-    {
-        QDBusConnection::disconnectFromBus(QStringLiteral("server"));
-        m_daemon.terminate();
-        m_daemon.waitForFinished();
-    }
-
 private:
-    static QDBusConnection serverBus()
-    {
-        return QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"),
-                                             QStringLiteral("server"));
-    }
-
-    QProcess m_daemon;
+    PrivateBus m_bus;
     QTemporaryDir m_clips;
 };
 

@@ -1,28 +1,35 @@
 #include "ui/style/desktop_color_scheme.h"
 
-#include <QDBusConnection>
+#include "support/private_bus.h"
+
+#include <QDBusContext>
+#include <QDBusMessage>
 #include <QDBusVariant>
 #include <QGuiApplication>
-#include <QProcess>
 #include <QSignalSpy>
 #include <QTest>
 
-using marrowcut::DesktopColorScheme;
+using namespace marrowcut;
 
-/// Stands in for the desktop portal, on a message bus of its own.
-class FakePortal : public QObject
+/// Stands in for the desktop portal. It answers when it is told to.
+class FakePortal : public QObject, protected QDBusContext
 {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
 public:
-    explicit FakePortal(const QString &address)
-        : m_bus(QDBusConnection::connectToBus(address, QStringLiteral("portal")))
+    const QString appearance = QStringLiteral("org.freedesktop.appearance");
+
+    explicit FakePortal(const QDBusConnection &bus)
+        : m_bus(bus)
     {
-        m_bus.registerObject(QStringLiteral("/org/freedesktop/portal/desktop"), this,
-                             QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllSignals);
-        m_bus.registerService(QStringLiteral("org.freedesktop.portal.Desktop"));
     }
 
+    bool isAsked() const { return m_question.type() != QDBusMessage::InvalidMessage; }
+    void answer(uint scheme)
+    {
+        const QDBusVariant inner(scheme);
+        m_bus.send(m_question.createReply(QVariant::fromValue(QDBusVariant(QVariant::fromValue(inner)))));
+    }
     void change(const QString &group, uint scheme)
     {
         Q_EMIT SettingChanged(group, QStringLiteral("color-scheme"), QDBusVariant(scheme));
@@ -31,18 +38,18 @@ public:
 public Q_SLOTS:
     QDBusVariant Read(const QString &group, const QString &key)
     {
-        const bool known = group == appearance && key == QStringLiteral("color-scheme");
-        return QDBusVariant(QVariant::fromValue(QDBusVariant(known ? 1U : 0U)));
+        if (group == appearance && key == QStringLiteral("color-scheme"))
+            m_question = message();
+        setDelayedReply(true);
+        return QDBusVariant();
     }
 
 Q_SIGNALS:
     void SettingChanged(const QString &group, const QString &key, const QDBusVariant &value);
 
-public:
-    const QString appearance = QStringLiteral("org.freedesktop.appearance");
-
 private:
     QDBusConnection m_bus;
+    QDBusMessage m_question;
 };
 
 class DesktopColorSchemeTest : public QObject
@@ -53,28 +60,32 @@ private Q_SLOTS:
     void initTestCase()
     {
         qunsetenv("MARROWCUT_COLOR_SCHEME");
-        m_daemon.start(
-            QStringLiteral("dbus-daemon"),
-            {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address")});
-        QVERIFY(m_daemon.waitForReadyRead());
-        const QByteArray address = m_daemon.readLine().trimmed();
-        qputenv("DBUS_SESSION_BUS_ADDRESS", address);
-        m_portal = std::make_unique<FakePortal>(QString::fromUtf8(address));
+        QVERIFY(m_bus.serve(QStringLiteral("org.freedesktop.portal.Desktop"),
+                            QStringLiteral("/org/freedesktop/portal/desktop"), &m_portal));
     }
 
-    void followsThePortal()
+    void theFirstAnswerIsAwaitedForAWhile()
     {
         DesktopColorScheme *scheme = DesktopColorScheme::instance();
-        QVERIFY(!scheme->dark()); // the palette's answer until the portal's is there
-        QTRY_VERIFY(scheme->dark());
+        scheme->awaitDesktop(std::chrono::milliseconds(1)); // in vain
+        QVERIFY(!scheme->dark());                           // the palette's answer
+        QTRY_VERIFY(m_portal.isAsked());
+        m_portal.answer(1);
+        scheme->awaitDesktop(std::chrono::hours(1));
+        QVERIFY(scheme->dark());
+        scheme->awaitDesktop(std::chrono::hours(1)); // nothing is left to wait for
+    }
 
+    void changesAreFollowed()
+    {
+        DesktopColorScheme *scheme = DesktopColorScheme::instance();
         QSignalSpy changes(scheme, &DesktopColorScheme::darkChanged);
-        m_portal->change(m_portal->appearance, 2);
+        m_portal.change(m_portal.appearance, 2);
         QTRY_VERIFY(!scheme->dark());
-        m_portal->change(QStringLiteral("org.example.other"), 2);
-        m_portal->change(m_portal->appearance, 1);
+        m_portal.change(QStringLiteral("org.example.other"), 2);
+        m_portal.change(m_portal.appearance, 1);
         QTRY_VERIFY(scheme->dark());
-        m_portal->change(m_portal->appearance, 0); // no preference: the palette again
+        m_portal.change(m_portal.appearance, 0); // no preference: the palette again
         QTRY_VERIFY(!scheme->dark());
         QCOMPARE(changes.count(), 3);
     }
@@ -88,16 +99,9 @@ private Q_SLOTS:
         QVERIFY(!scheme->dark());
     }
 
-    void cleanupTestCase()
-    {
-        m_portal.reset();
-        m_daemon.terminate();
-        m_daemon.waitForFinished();
-    }
-
 private:
-    QProcess m_daemon;
-    std::unique_ptr<FakePortal> m_portal;
+    PrivateBus m_bus;
+    FakePortal m_portal{m_bus.server()};
 };
 
 QTEST_MAIN(DesktopColorSchemeTest)
