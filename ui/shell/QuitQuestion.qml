@@ -56,6 +56,8 @@ T.Popup {
             spacing: 8
 
             PushButton {
+                id: quitButton
+
                 objectName: "quitButton"
                 text: "Quit"
                 onClicked: root.quit()
@@ -71,7 +73,13 @@ T.Popup {
         }
 
         Shortcut {
-            sequences: ["Return", "Enter", "Escape"]
+            sequences: ["Return", "Enter"]
+            enabled: root.opened
+            onActivated: quitButton.activeFocus ? root.quit() : root.keepRunning()
+        }
+
+        Shortcut {
+            sequence: "Escape"
             enabled: root.opened
             onActivated: root.keepRunning()
         }

@@ -1,4 +1,4 @@
-#include "marrowcut_app.h"
+#include "ui/shell/marrowcut_app.h"
 
 #include "support/stand_in_script.h"
 
@@ -81,22 +81,32 @@ private Q_SLOTS:
         QVERIFY(m_app->queue()->isRunning());
     }
 
-    void quittingAgainDoesNotAsk()
+    void askingAgainQuits_data()
     {
-        startRun();
-        QTest::keyClick(m_window, Qt::Key_Q, Qt::ControlModifier);
-        QTRY_VERIFY(m_app->isAskingToQuit());
-        QTimer::singleShot(0, m_window, [this] { m_window->close(); });
-        QCOMPARE(QCoreApplication::exec(), 0);
-        QVERIFY(toolIsGone());
+        QTest::addColumn<std::function<void(QQuickWindow *)>>("again");
+        const auto row = [](const char *name, const std::function<void(QQuickWindow *)> &again) {
+            QTest::newRow(name) << again;
+        };
+        row("Ctrl+Q", [](QQuickWindow *window) { QTest::keyClick(window, Qt::Key_Q, Qt::ControlModifier); });
+        row("closing", [](QQuickWindow *window) { window->close(); });
+        row("Return on Quit", [](QQuickWindow *window) {
+            QTest::keyClick(window, Qt::Key_Backtab, Qt::ShiftModifier);
+            QTest::keyClick(window, Qt::Key_Return);
+        });
+        row("a click on Quit", [](QQuickWindow *window) {
+            auto *button = window->findChild<QQuickItem *>(QStringLiteral("quitButton"));
+            const QPointF middle = button->mapToScene(button->boundingRect().center());
+            QTest::mouseClick(window, Qt::LeftButton, {}, middle.toPoint());
+        });
     }
 
-    void theQuitButtonQuits()
+    void askingAgainQuits()
     {
+        QFETCH(std::function<void(QQuickWindow *)>, again);
         startRun();
-        m_window->close();
-        auto *button = m_window->findChild<QObject *>(QStringLiteral("quitButton"));
-        QTimer::singleShot(0, button, [button] { QMetaObject::invokeMethod(button, "clicked"); });
+        QTest::keyClick(m_window, Qt::Key_Q, Qt::ControlModifier);
+        QTRY_COMPARE(m_window->activeFocusItem()->objectName(), QStringLiteral("keepRunningButton"));
+        QTimer::singleShot(0, m_window, [this, again] { again(m_window); });
         QCOMPARE(QCoreApplication::exec(), 0);
         QVERIFY(toolIsGone());
     }
@@ -164,6 +174,8 @@ private:
     std::unique_ptr<QQmlApplicationEngine> m_engine;
     QQuickWindow *m_window = nullptr;
 };
+
+Q_DECLARE_METATYPE(std::function<void(QQuickWindow *)>)
 
 QTEST_MAIN(QuittingTest)
 #include "tst_quitting.moc"
