@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Controls
 import Marrowcut.Style
 
 // Says more about its parent while the pointer rests there. Without text there is nothing to say.
@@ -7,7 +6,9 @@ Item {
     id: root
 
     required property string text
+    readonly property TipWindow shownTip: loader.item as TipWindow
 
+    objectName: "hoverTip"
     anchors.fill: parent
 
     HoverHandler {
@@ -16,32 +17,14 @@ Item {
 
     // Made only when wanted: every row has some.
     Loader {
+        id: loader
+
         active: pointer.hovered && root.text.length > 0
 
         // qmllint disable unqualified
-        sourceComponent: ToolTip {
-            objectName: "tip"
-            parent: root
-            visible: true
-            delay: 700
+        sourceComponent: TipWindow {
             text: root.text
-            verticalPadding: 4
-            horizontalPadding: 8
-
-            // Names and the tools' messages come from outside: no markup in them counts.
-            contentItem: Text {
-                text: root.text
-                textFormat: Text.PlainText
-                font.pixelSize: 11
-                color: Theme.primary
-                wrapMode: Text.Wrap
-            }
-
-            background: Rectangle {
-                radius: 5
-                color: Theme.controlFill
-                border.color: Theme.controlBorder
-            }
+            target: root
         }
         // qmllint enable unqualified
     }

@@ -46,6 +46,12 @@ ColumnLayout {
         ListView {
             id: list
 
+            function openMenu() {
+                const row = currentItem as JobRow;
+                if (row)
+                    row.requestMenu(Qt.point(12, row.height));
+            }
+
             objectName: "jobList"
             anchors.fill: parent
             topMargin: 4
@@ -56,17 +62,21 @@ ColumnLayout {
             boundsBehavior: Flickable.StopAtBounds
             Accessible.role: Accessible.List
             Accessible.name: "Jobs"
+            Keys.onMenuPressed: openMenu()
+            Keys.onPressed: event => {
+                if (event.key === Qt.Key_F10 && event.modifiers & Qt.ShiftModifier)
+                    openMenu();
+            }
 
+            // It fits into the rows' padding.
             ScrollBar.vertical: ScrollBar {
-                id: scrollBar
-
                 policy: size < 1 ? ScrollBar.AlwaysOn : ScrollBar.AlwaysOff
+                minimumSize: 24 / Math.max(24, height) // else it cannot be caught in a long list
             }
 
             // qmllint disable unqualified
             delegate: JobRow {
                 width: list.width
-                trailingPadding: scrollBar.size < 1 ? scrollBar.width + 4 : 12
                 includeColumnWidth: root.includeColumnWidth
                 burnInColumnWidth: root.burnInColumnWidth
                 burnInShare: root.burnInShare
@@ -74,9 +84,16 @@ ColumnLayout {
                 onBurnInToggled: root.queue.toggleBurnIn(jobId)
                 onRemoveRequested: root.queue.removeFromQueue(jobId)
                 onRetryRequested: root.queue.retry(jobId)
+                onMenuRequested: place => errorMenu.openFor(this, place)
                 onFocusEntered: list.currentIndex = index
             }
             // qmllint enable unqualified
+        }
+
+        ErrorMenu {
+            id: errorMenu
+
+            onCopyRequested: jobId => root.queue.copyError(jobId)
         }
 
         Divider {

@@ -18,11 +18,11 @@ FocusScope {
     required property bool isSelected
     required property bool burnInEnabled
     required property string errorText
+    required property string errorSummary
     required property string accessibleText
     required property int includeColumnWidth
     required property int burnInColumnWidth
     required property real burnInShare
-    required property real trailingPadding
     readonly property bool isQueued: statusKind === JobListModel.Queued
     readonly property bool isFailed: statusKind === JobListModel.Failed
     readonly property bool isTabStop: ListView.isCurrentItem
@@ -31,19 +31,33 @@ FocusScope {
     signal burnInToggled()
     signal removeRequested()
     signal retryRequested()
+    signal menuRequested(point place)
     signal focusEntered()
+
+    // A row that has not failed has no menu.
+    function requestMenu(place: point) {
+        if (isFailed)
+            menuRequested(place);
+    }
 
     implicitHeight: 36
     // What has the focus stays a tab stop until it has passed it on; here and in the controls.
     activeFocusOnTab: isTabStop && !isQueued && !isFailed || Window.activeFocusItem === root
     Accessible.role: Accessible.ListItem
     Accessible.name: accessibleText
+    Accessible.description: errorSummary
+    Accessible.onPressAction: requestMenu(Qt.point(0, height))
     onActiveFocusChanged: if (activeFocus) focusEntered()
+
+    TapHandler {
+        acceptedButtons: Qt.RightButton
+        onTapped: eventPoint => root.requestMenu(eventPoint.position)
+    }
 
     Rectangle {
         anchors.fill: parent
         anchors.leftMargin: 5
-        anchors.rightMargin: root.trailingPadding - 7
+        anchors.rightMargin: 5
         visible: root.activeFocus
         radius: 6
         color: Theme.accent
@@ -53,7 +67,7 @@ FocusScope {
     RowLayout {
         anchors.fill: parent
         anchors.leftMargin: 12
-        anchors.rightMargin: root.trailingPadding
+        anchors.rightMargin: 12
         anchors.topMargin: 4
         anchors.bottomMargin: 4
         spacing: 8

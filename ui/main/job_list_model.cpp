@@ -45,8 +45,8 @@ QList<int> changedRoles(const ProxyJob &before, const ProxyJob &after)
         roles += JobListModel::IsSelectedRole;
     if (before.burnInEnabled != after.burnInEnabled)
         roles += JobListModel::BurnInEnabledRole;
-    if (before.errorDetail != after.errorDetail)
-        roles += JobListModel::ErrorTextRole;
+    if (statusChanged || before.errorDetail != after.errorDetail)
+        roles += {JobListModel::ErrorTextRole, JobListModel::ErrorSummaryRole};
     return roles;
 }
 
@@ -90,6 +90,8 @@ QVariant JobListModel::data(const QModelIndex &index, int role) const
         return job.burnInEnabled;
     case ErrorTextRole:
         return JobRow::errorText(job);
+    case ErrorSummaryRole:
+        return JobRow::errorSummary(job);
     case AccessibleTextRole:
         return JobRow::accessibleText(job);
     default:
@@ -100,11 +102,17 @@ QVariant JobListModel::data(const QModelIndex &index, int role) const
 QHash<int, QByteArray> JobListModel::roleNames() const
 {
     return {
-        {JobIdRole, "jobId"},           {NameRole, "name"},
-        {StatusTextRole, "statusText"}, {StatusKindRole, "statusKind"},
-        {EtaTextRole, "etaText"},       {ProgressRole, "progress"},
-        {IsSelectedRole, "isSelected"}, {BurnInEnabledRole, "burnInEnabled"},
-        {ErrorTextRole, "errorText"},   {AccessibleTextRole, "accessibleText"},
+        {JobIdRole, "jobId"},
+        {NameRole, "name"},
+        {StatusTextRole, "statusText"},
+        {StatusKindRole, "statusKind"},
+        {EtaTextRole, "etaText"},
+        {ProgressRole, "progress"},
+        {IsSelectedRole, "isSelected"},
+        {BurnInEnabledRole, "burnInEnabled"},
+        {ErrorTextRole, "errorText"},
+        {ErrorSummaryRole, "errorSummary"},
+        {AccessibleTextRole, "accessibleText"},
     };
 }
 

@@ -25,7 +25,8 @@ public:
         ProgressRole,   ///< of the bar, 0.0 to 1.0
         IsSelectedRole,
         BurnInEnabledRole,
-        ErrorTextRole,
+        ErrorTextRole,    ///< all that is known of a failure
+        ErrorSummaryRole, ///< one line of it
         AccessibleTextRole,
     };
 

@@ -1,5 +1,6 @@
 #include "ui/main/job_row.h"
 
+#include "engine/failure_advice.h"
 #include "engine/model/remaining_time_text.h"
 
 #include <algorithm>
@@ -14,6 +15,17 @@ namespace
 QString percentText(double fraction)
 {
     return QStringLiteral("%1 percent").arg(static_cast<int>(std::clamp(fraction, 0.0, 1.0) * 100));
+}
+
+QString detailOf(const ProxyJob &job)
+{
+    return job.errorDetail.value_or(QString()).trimmed();
+}
+
+QString joined(QStringList texts, const QString &separator)
+{
+    texts.removeAll(QString());
+    return texts.join(separator);
 }
 
 } // namespace
@@ -33,8 +45,19 @@ QString etaText(const ProxyJob &job)
 
 QString errorText(const ProxyJob &job)
 {
-    const QString detail = job.errorDetail.value_or(QString()).trimmed();
-    return detail.mid(detail.lastIndexOf(QLatin1Char('\n')) + 1).trimmed();
+    return joined({failureAdvice(job), detailOf(job)}, QStringLiteral("\n\n"));
+}
+
+QString errorSummary(const ProxyJob &job)
+{
+    const QString advice = failureAdvice(job);
+    return advice.isEmpty() ? detailOf(job).section(QLatin1Char('\n'), -1).trimmed() : advice;
+}
+
+QString errorReport(const ProxyJob &job)
+{
+    const QString heading = job.fileName() + QLatin1Char('\n') + job.status.label();
+    return joined({heading, errorText(job)}, QStringLiteral("\n\n"));
 }
 
 QString accessibleText(const ProxyJob &job)

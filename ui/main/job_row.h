@@ -12,8 +12,14 @@ double barValue(const ProxyJob &job);
 /// "· 1m left" while encoding with more than a second to go; else empty.
 QString etaText(const ProxyJob &job);
 
-/// The last line that the tools wrote before the job failed; empty when there is none.
+/// What can be done about a failure and what the tools said of it, with an empty line between them.
 QString errorText(const ProxyJob &job);
+
+/// The first of these that there is, as one line: the advice, the last line of the tools.
+QString errorSummary(const ProxyJob &job);
+
+/// Name, status and error of a failed job, complete enough for an email.
+QString errorReport(const ProxyJob &job);
 
 /// The whole row in words, such as "A001.mxf, Encoding…, 40 percent".
 QString accessibleText(const ProxyJob &job);

@@ -2,7 +2,11 @@
 
 #include "engine/output_paths.h"
 #include "platform/file_viewer.h"
+#include "ui/main/job_row.h"
 #include "ui/main/queue_source.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
 
 #include <algorithm>
 #include <utility>
@@ -76,6 +80,14 @@ void QueueViewModel::toggleBurnIn(const QString &jobId)
 void QueueViewModel::retry(const QString &jobId)
 {
     m_source.retry(QUuid(jobId));
+}
+
+void QueueViewModel::copyError(const QString &jobId)
+{
+    const QList<ProxyJob> &jobs = m_source.jobs();
+    const auto job = std::ranges::find(jobs, QUuid(jobId), &ProxyJob::id);
+    if (job != jobs.end())
+        QGuiApplication::clipboard()->setText(JobRow::errorReport(*job));
 }
 
 void QueueViewModel::toggleAllSelected()

@@ -68,6 +68,8 @@ public:
     Q_INVOKABLE void toggleSelected(const QString &jobId);
     Q_INVOKABLE void toggleBurnIn(const QString &jobId);
     Q_INVOKABLE void retry(const QString &jobId);
+    /// Puts name, status and error of a failed job on the clipboard.
+    Q_INVOKABLE void copyError(const QString &jobId);
     /// Selects all queued jobs, or none when all are selected.
     Q_INVOKABLE void toggleAllSelected();
     Q_INVOKABLE void clearCompleted();

@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Controls
+import Marrowcut.Style
 
 // The menus. F10 or Alt with the underlined letter opens them.
 MenuBar {

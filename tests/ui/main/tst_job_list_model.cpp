@@ -1,7 +1,9 @@
 #include "ui/main/job_list_model.h"
+#include "ui/main/job_row.h"
 
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QTest>
 
 using namespace marrowcut;
@@ -94,6 +96,8 @@ private Q_SLOTS:
             runs.append(Watched::rows(signal, 1));
         QCOMPARE(runs.join(QLatin1Char(' ')), QStringLiteral("5-6 3-3 0-1"));
         QCOMPARE(shownNames(watched.model), QStringLiteral("2.mxf 4.mxf 7.mxf"));
+        watched.model.mirror({});
+        QCOMPARE(watched.model.rowCount(), 0);
         QVERIFY(watched.changed.isEmpty() && watched.reset.isEmpty());
     }
 
@@ -114,16 +118,6 @@ private Q_SLOTS:
         QCOMPARE(shownNames(watched.model), QStringLiteral("1.mxf 2.mxf 3.mxf new.mov"));
         QCOMPARE(watched.model.index(1).data(JobListModel::StatusTextRole).toString(),
                  QStringLiteral("Encoding…"));
-    }
-
-    void removingEverythingLeavesNothing()
-    {
-        Watched watched;
-        watched.model.mirror(manyJobs(3));
-        watched.model.mirror({});
-        QCOMPARE(watched.model.rowCount(), 0);
-        QCOMPARE(watched.removed.size(), 1);
-        QVERIFY(watched.reset.isEmpty());
     }
 
     void changesNameTheirRoles()
@@ -212,14 +206,43 @@ private Q_SLOTS:
         QTEST(row.data(JobListModel::AccessibleTextRole).toString(), "spoken");
     }
 
-    void theLastLineOfAnErrorIsShown()
+    void whatIsSaidOfAFailure_data()
     {
-        QList<ProxyJob> jobs = manyJobs(2);
-        jobs[0].errorDetail = QStringLiteral("frame= 10\nDisk full\n\n");
-        JobListModel model;
-        model.mirror(jobs);
-        QCOMPARE(model.index(0).data(JobListModel::ErrorTextRole).toString(), QStringLiteral("Disk full"));
-        QCOMPARE(model.index(1).data(JobListModel::ErrorTextRole).toString(), QString());
+        QTest::addColumn<bool>("clipIsThere");
+        QTest::addColumn<QString>("complaint");
+        QTest::addColumn<QString>("summary");
+        const auto missing = QStringLiteral("out.mp4: No such file or directory");
+        QTest::newRow("disk full") << true
+                                   << QStringLiteral("av_interleaved_write_frame(): No space left on device")
+                                   << QStringLiteral("The disk is full. Make room on it, then retry.");
+        QTest::newRow("clip gone")
+            << false << missing
+            << QStringLiteral("The clip is not there any more. Connect its disk again, then retry.");
+        QTest::newRow("folder cannot be made")
+            << true << missing
+            << QStringLiteral(
+                   "Nothing can be written beside the clip. Change the permissions of %1, then retry.");
+        QTest::newRow("unknown") << true << QStringLiteral("Odd thing") << QStringLiteral("Odd thing");
+    }
+
+    void whatIsSaidOfAFailure()
+    {
+        QFETCH(bool, clipIsThere);
+        QFETCH(QString, complaint);
+        QFETCH(QString, summary);
+        const QTemporaryDir folder;
+        ProxyJob job = ProxyJob::forSource(QUrl::fromLocalFile(folder.filePath(QStringLiteral("a.mxf"))));
+        if (clipIsThere)
+            QVERIFY(QFile(folder.filePath(QStringLiteral("a.mxf"))).open(QIODevice::WriteOnly));
+        job.errorDetail = QStringLiteral("frame= 10\n%1\n\n").arg(complaint);
+        QCOMPARE(JobRow::errorSummary(job), complaint); // no advice before it has failed
+        job.status = JobStatus::failed(QStringLiteral("encode error"));
+        if (summary.contains(QStringLiteral("%1")))
+            summary = summary.arg(folder.path());
+        QCOMPARE(JobRow::errorSummary(job), summary);
+        QVERIFY(JobRow::errorText(job).endsWith(QStringLiteral("frame= 10\n") + complaint));
+        job.errorDetail.reset();
+        QCOMPARE(JobRow::errorReport(job), QStringLiteral("a.mxf\nFailed: encode error"));
     }
 };
 

@@ -1,6 +1,8 @@
 #include "ui/sheets/diagnostics_report.h"
 
+#include <QClipboard>
 #include <QDragEnterEvent>
+#include <QGuiApplication>
 #include <QMimeData>
 #include <QQmlEngine>
 #include <QQuickItem>
@@ -41,6 +43,12 @@ public:
         QDropEvent drop(place, offered, &m_mimeData, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(item->window(), &drop);
         return drop.isAccepted() ? drop.dropAction() : Qt::IgnoreAction;
+    }
+    Q_INVOKABLE QString takeClipboard()
+    {
+        const QString text = QGuiApplication::clipboard()->text();
+        QGuiApplication::clipboard()->clear();
+        return text;
     }
 
 private:

@@ -1,6 +1,7 @@
 import QtQuick
 import QtTest
 import Marrowcut.Style
+import Marrowcut.Tests
 
 WindowCase {
     id: test
@@ -109,18 +110,54 @@ WindowCase {
         keyClick(Qt.Key_Escape);
         tryCompare(title, "showBurnInHelp", false);
         tryCompare(findChild(title, "burnInHelp"), "visible", false);
+        mouseClick(title);
+        tryCompare(findChild(title, "burnInHelp"), "opened", true);
+        mouseClick(content, 400, 20);
+        tryCompare(title, "showBurnInHelp", false);
     }
 
-    function test_tips() {
+    function tipOf(index: int, name: string): Window {
+        mouseMove(piece(index, name), 5, 5);
+        const place = findChild(piece(index, name), "hoverTip");
+        tryVerify(() => place.shownTip !== null && place.shownTip.visible);
+        return place.shownTip;
+    }
+
+    function test_tipsSayMore() {
+        const markup = "<b>A<br>".repeat(30) + ".mxf";
+        queue.add("/clips/" + markup, "failed:encode error");
+        queue.setErrorDetail(0, "frame= 10\n<i>Odd</i>\n".repeat(20));
+        const tip = tipOf(0, "status");
+        verify(tip.text.startsWith("frame= 10\n<i>Odd</i>\nframe"));
+        compare(findChild(tip, "tipText").lineCount, 40);
+        verify(tip.height > 400 && tip.y >= 0 && tip.y + tip.height <= tip.Screen.height);
+        verify(findChild(tipOf(0, "name"), "tipText").lineCount < 5); // wrapped, but not at each "<br>"
+        compare(findChild(piece(0, "status"), "hoverTip").shownTip, null);
+        compare(piece(0, "name").lineCount, 1);
+    }
+
+    function test_copyError_data(): list<var> {
+        return [
+            {tag: "right click", open: () => mouseClick(row(0), 60, 10, Qt.RightButton)},
+            {tag: "menu key", open: () => keyClick(Qt.Key_Menu)},
+            {tag: "Shift+F10", open: () => keyClick(Qt.Key_F10, Qt.ShiftModifier)}
+        ];
+    }
+
+    function test_copyError(data: var) {
         queue.add("/clips/A001.mxf", "failed:encode error");
-        queue.setErrorDetail(0, "frame= 10\nDisk full");
-        mouseMove(piece(0, "status"), 5, 5);
-        tryVerify(() => findChild(piece(0, "status"), "tip") !== null);
-        compare(findChild(piece(0, "status"), "tip").text, "Disk full");
-        tryCompare(findChild(piece(0, "status"), "tip"), "opened", true);
-        mouseMove(piece(0, "name"), 5, 5);
-        tryVerify(() => findChild(piece(0, "status"), "tip") === null);
-        compare(findChild(piece(0, "name"), "tip"), null);
+        queue.setErrorDetail(0, "frame= 10\nNo space left on device\n");
+        queue.add("/clips/A002.mxf");
+        mouseClick(row(1), 200, 10, Qt.RightButton); // has nothing to copy
+        const menu = findChild(content, "errorMenu");
+        verify(!menu.visible);
+        piece(0, "retryButton").forceActiveFocus();
+        data.open();
+        tryCompare(menu, "opened", true);
+        keyClick(Qt.Key_Return);
+        tryCompare(menu, "visible", false);
+        compare(TestDesktop.takeClipboard(), "A001.mxf\nFailed: encode error\n\nThe disk is full. Make room on it, then retry.\n\nframe= 10\nNo space left on device");
+        compare(queue.startCount, 0);
     }
 
     function test_longNamesAreShortenedInTheMiddle() {

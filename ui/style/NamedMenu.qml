@@ -1,14 +1,19 @@
 import QtQuick
 import QtQuick.Controls
-import Marrowcut.Style
 
-// A menu that stands out from the window in dark too, and whose items are read without the mark of the underlined
-// letter.
+// A menu that stands out from the window in dark too. Its items are read without the mark of the underlined letter, and
+// can be pressed by assistive technology.
 Menu {
     padding: 4
 
     delegate: MenuItem {
+        id: item
+
         Accessible.name: text.replace("&", "")
+        Accessible.onPressAction: {
+            item.menu.dismiss();
+            item.action.trigger();
+        }
     }
 
     background: Rectangle {
