@@ -13,6 +13,14 @@ T.Popup {
     signal keepRunning()
     signal quit()
 
+    function pressReturn() {
+        const button = contentItem.Window.activeFocusItem as PushButton;
+        if (button)
+            button.clicked();
+        else
+            keepRunning();
+    }
+
     parent: T.Overlay.overlay
     x: Math.round((parent.width - width) / 2)
     y: Math.round((parent.height - height) / 2)
@@ -56,8 +64,6 @@ T.Popup {
             spacing: 8
 
             PushButton {
-                id: quitButton
-
                 objectName: "quitButton"
                 text: "Quit"
                 onClicked: root.quit()
@@ -75,7 +81,7 @@ T.Popup {
         Shortcut {
             sequences: ["Return", "Enter"]
             enabled: root.opened
-            onActivated: quitButton.activeFocus ? root.quit() : root.keepRunning()
+            onActivated: root.pressReturn()
         }
 
         Shortcut {
