@@ -20,6 +20,15 @@ QString clip(int number)
     return QStringLiteral("/clips/%1.mxf").arg(number);
 }
 
+struct EngineQueue {
+    MemoryPreferenceStore preferences;
+    MemoryNotificationCenter notifications{false};
+    BurnInEngine engine{preferences, notifications};
+    EngineQueueSource source{engine};
+    MemoryFileViewer viewer;
+    QueueViewModel shown{source, viewer};
+};
+
 } // namespace
 
 class QueueViewModelTest : public QObject
@@ -45,29 +54,6 @@ private Q_SLOTS:
         QVERIFY(!shown.hasSelectedQueuedJobs());
     }
 
-    void derivedValues()
-    {
-        ScriptedQueue queue;
-        QueueViewModel &shown = *queue.viewModel();
-        QVERIFY(shown.isEmpty());
-        QCOMPARE(shown.outputDir(), QUrl());
-        QCOMPARE(shown.overallProgress(), 0.0);
-        queue.add(QStringLiteral("/one day/a.mxf"), QStringLiteral("done"));
-        queue.add(QStringLiteral("/other/b.mxf"), QStringLiteral("failed:encode error"), 0.3);
-        QTRY_COMPARE(shown.doneText(), QStringLiteral("1 of 2 done"));
-        QCOMPARE(shown.overallProgress(), 1.0);
-        QVERIFY(shown.hasCompletedJobs());
-        QVERIFY(!shown.hasQueuedJobs() && !shown.allQueuedSelected());
-        QCOMPARE(shown.outputDirPath(), QStringLiteral("/one day/marrowcut_proxies"));
-        shown.revealOutput();
-        QCOMPARE(queue.revealed(), QList{shown.outputDir()});
-        shown.clearCompleted();
-        QTRY_VERIFY(shown.isEmpty());
-        QCOMPARE(shown.outputDirPath(), QString());
-        shown.revealOutput();
-        QCOMPARE(queue.revealed().size(), 1);
-    }
-
     void selectionButtonActsOnTheStateOfTheMoment()
     {
         ScriptedQueue queue;
@@ -80,34 +66,17 @@ private Q_SLOTS:
         QVERIFY(!queue.isSelected(0) && !queue.isSelected(1));
     }
 
-    void aDropIsPostedItemByItem()
-    {
-        ScriptedQueue queue;
-        const QList<QUrl> files = {QUrl(QStringLiteral("file:///a%20%23b.mov")),
-                                   QUrl(QStringLiteral("file:///d"))};
-        QVERIFY(!QueueViewModel::acceptsDrop({QUrl(QStringLiteral("https://quorvane.example/a.mov"))}));
-        QVERIFY(QueueViewModel::acceptsDrop(files));
-        queue.viewModel()->handleDrop(
-            {files[0], QUrl(QStringLiteral("https://quorvane.example/c.mov")), files[1]});
-        QVERIFY(queue.enqueued().isEmpty());
-        QTRY_COMPARE(queue.enqueued(), files);
-    }
-
     void presetsFollowAndAreRemembered()
     {
-        MemoryPreferenceStore preferences;
-        MemoryNotificationCenter notifications(false);
-        BurnInEngine engine(preferences, notifications);
-        EngineQueueSource source(engine);
-        MemoryFileViewer viewer;
-        QueueViewModel shown(source, viewer);
+        EngineQueue queue;
+        QueueViewModel &shown = queue.shown;
         QCOMPARE(shown.presetNames(), (QStringList{QStringLiteral("standard"), QStringLiteral("smaller"),
                                                    QStringLiteral("tiny")}));
         QCOMPARE(shown.presetIndex(), 0);
         shown.choosePreset(2);
         QTRY_COMPARE(shown.presetIndex(), 2);
         QVERIFY(shown.presetDescription().contains(QStringLiteral("6 megabytes")));
-        QCOMPARE(preferences.value(QStringLiteral("qualityPreset")), QStringLiteral("tiny"));
+        QCOMPARE(queue.preferences.value(QStringLiteral("qualityPreset")), QStringLiteral("tiny"));
     }
 
     void anEngineIsEditedThroughIt()
@@ -115,12 +84,8 @@ private Q_SLOTS:
         QTemporaryDir folder;
         for (const QString &name : {QStringLiteral("a.mxf"), QStringLiteral("b.mov")})
             QVERIFY(QFile(folder.filePath(name)).open(QIODevice::WriteOnly));
-        MemoryPreferenceStore preferences;
-        MemoryNotificationCenter notifications(false);
-        BurnInEngine engine(preferences, notifications);
-        EngineQueueSource source(engine);
-        MemoryFileViewer viewer;
-        QueueViewModel shown(source, viewer);
+        EngineQueue queue;
+        QueueViewModel &shown = queue.shown;
         shown.handleDrop({QUrl::fromLocalFile(folder.path())});
         QTRY_COMPARE(shown.jobs()->rowCount(), 2);
         const QString id = shown.jobs()->index(0).data(JobListModel::JobIdRole).toString();

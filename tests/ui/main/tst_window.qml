@@ -112,7 +112,7 @@ WindowCase {
     }
 
     function test_dropEnqueuesEachItemByItself() {
-        verify(TestDesktop.dragOver(content, Qt.point(50, 50), files));
+        verify(TestDesktop.dragOver(content, Qt.point(50, 50), [files[0], Qt.url("https://quorvane.example/c.mov"), files[1]]));
         compare(TestDesktop.drop(content, Qt.point(50, 50)), Qt.CopyAction);
         compare(queue.enqueued, []);
         tryCompare(queue, "enqueued", files);

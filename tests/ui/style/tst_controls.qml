@@ -28,22 +28,6 @@ Item {
         property int clicks: 0
     }
 
-    BorderlessButton {
-        id: opener
-
-        y: 100
-        text: "Burn-in"
-        onClicked: popover.open()
-
-        Popover {
-            id: popover
-
-            contentItem: Text {
-                text: "why"
-            }
-        }
-    }
-
     TestCase {
         name: "Controls"
         when: windowShown
@@ -92,19 +76,6 @@ Item {
             mouseClick(mark);
             compare(mark.clicks, 3);
             verify(mark.checked);
-        }
-
-        function test_popoverStaysOnItsButton() {
-            mouseClick(opener);
-            tryCompare(popover, "opened", true);
-            mouseClick(opener);
-            verify(popover.opened);
-            keyClick(Qt.Key_Escape);
-            tryCompare(popover, "visible", false);
-            mouseClick(opener);
-            tryCompare(popover, "opened", true);
-            mouseClick(scene, 390, 290);
-            tryCompare(popover, "visible", false);
         }
     }
 }
