@@ -17,10 +17,12 @@ Item {
         }
 
         Text {
-            Layout.fillWidth: true
+            // Lines of about one length: no single word is left over for the last.
+            readonly property real available: parent.width - 2 * 40
+            readonly property real lines: Math.ceil(implicitWidth / available)
+
             Layout.alignment: Qt.AlignHCenter
-            Layout.leftMargin: 40
-            Layout.rightMargin: 40
+            Layout.preferredWidth: lines > 1 ? Math.min(available, implicitWidth / lines * 1.1) : implicitWidth
             text: "Drop a large video file (or a folder of them) to make burned-in proxies."
             font.pixelSize: Theme.subheadlineSize
             color: Theme.secondary
