@@ -12,6 +12,7 @@ ThemedWindow {
     required property DiagnosticsReport report
     property alias helpState: helpState
     property bool isAskingToQuit: false
+    readonly property alias menuBarHeight: menuBar.height
 
     title: "Marrowcut"
     width: 480
@@ -29,6 +30,8 @@ ThemedWindow {
         report: root.report
 
         menuBar: MainMenuBar {
+            id: menuBar
+
             width: root.width
         }
     }

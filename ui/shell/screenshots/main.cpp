@@ -1,5 +1,6 @@
-// marrowcut-screenshots DIR: pictures of every state of the window, made by the application's own views on a
-// scripted queue, in light and dark, in three sizes, at both scales. Needs no display.
+// marrowcut-screenshots DIR [STATE]: pictures of every state of the window, or of one, made by the
+// application's own views on a scripted queue, in light and dark, in three sizes, at both scales. Needs no
+// display.
 
 #include "states.h"
 
@@ -66,7 +67,8 @@ public:
 private:
     void takeInSize(const State &state, QQuickWindow &window, QSize size)
     {
-        window.resize(size);
+        const int menuBarHeight = window.property("menuBarHeight").toInt(); // above the content
+        window.resize(size.width(), size.height() + menuBarHeight);
         for (const auto choice : {DesktopColorScheme::Light, DesktopColorScheme::Dark}) {
             DesktopColorScheme::instance()->setChoice(choice);
             settle(100);
@@ -89,17 +91,19 @@ int takeAll(int argc, char *argv[])
     const QGuiApplication application(argc, argv);
     QQuickStyle::setStyle(QStringLiteral("Fusion"));
     Photographer photographer{QDir(QString::fromLocal8Bit(argv[1]))};
-    for (const State &state : allStates())
-        photographer.take(state);
+    for (const State &state : allStates()) {
+        if (argc == 2 || state.name == QString::fromLocal8Bit(argv[2]))
+            photographer.take(state);
+    }
     return EXIT_SUCCESS;
 }
 
 /// A process has one scale: each is a run of this program of its own.
-int takeAtBothScales(const QString &program, const QString &folder)
+int takeAtBothScales(const QStringList &arguments)
 {
     for (const QString &scale : {QStringLiteral("1"), QStringLiteral("2")}) {
         qputenv(scaleVariable, scale.toLatin1());
-        if (QProcess::execute(program, {folder}) != 0)
+        if (QProcess::execute(QStringLiteral("/proc/self/exe"), arguments) != 0)
             return EXIT_FAILURE;
     }
     return EXIT_SUCCESS;
@@ -109,12 +113,15 @@ int takeAtBothScales(const QString &program, const QString &folder)
 
 int main(int argc, char *argv[])
 {
-    if (argc != 2 || !QDir().mkpath(QString::fromLocal8Bit(argv[1]))) {
-        QTextStream(stderr) << "Usage: marrowcut-screenshots DIR\n";
+    if (argc < 2 || argc > 3 || !QDir().mkpath(QString::fromLocal8Bit(argv[1]))) {
+        QTextStream(stderr) << "Usage: marrowcut-screenshots DIR [STATE]\n";
         return 2;
     }
     qputenv("QT_QPA_PLATFORM", "offscreen");
     if (qEnvironmentVariableIsSet(scaleVariable))
         return takeAll(argc, argv);
-    return takeAtBothScales(QStringLiteral("/proc/self/exe"), QString::fromLocal8Bit(argv[1]));
+    QStringList arguments;
+    for (int index = 1; index < argc; ++index)
+        arguments.append(QString::fromLocal8Bit(argv[index]));
+    return takeAtBothScales(arguments);
 }

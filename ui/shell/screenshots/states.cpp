@@ -70,16 +70,33 @@ void openAdvanced(const Stage &stage)
     press(stage, QStringLiteral("advancedButton"));
 }
 
+void openErrorMenu(const Stage &stage)
+{
+    finish(stage);
+    QGuiApplication::processEvents();
+    auto *list = stage.window.findChild<QObject *>(QStringLiteral("jobList"));
+    list->setProperty("currentIndex", 1);
+    QMetaObject::invokeMethod(list, "openMenu");
+}
+
+/// Returns whether the window would take what is dragged over it.
+bool drag(QQuickWindow &window, const QMimeData &files)
+{
+    const QPoint place(100, 100);
+    QDragEnterEvent enter(place, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&window, &enter);
+    QDragMoveEvent move(place, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&window, &move);
+    return move.isAccepted();
+}
+
 void dragOver(const Stage &stage)
 {
     queueThree(stage);
-    QGuiApplication::processEvents(); // nothing is under the pointer before the window is laid out
     QMimeData files;
     files.setUrls({QUrl::fromLocalFile(clip(QStringLiteral("A009.mxf")))});
-    QDragEnterEvent enter(QPoint(100, 100), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(&stage.window, &enter);
-    QDragMoveEvent move(QPoint(100, 100), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(&stage.window, &move);
+    while (!drag(stage.window, files)) // nothing is under the pointer before the window is laid out
+        QGuiApplication::processEvents();
 }
 
 /// Opens the sheet of a flag of the HelpState.
@@ -99,6 +116,11 @@ QList<State> allStates()
         {QStringLiteral("empty"), [](const Stage &) {}},
         {QStringLiteral("tiny"),
          [](const Stage &stage) { stage.queue.setQualityPreset(QualityPreset::tiny); }},
+        {QStringLiteral("tiny-queued"),
+         [](const Stage &stage) {
+             queueThree(stage);
+             stage.queue.setQualityPreset(QualityPreset::tiny);
+         }},
         {QStringLiteral("queued"), queueThree},
         {QStringLiteral("advanced"), openAdvanced},
         {QStringLiteral("burn-in-help"),
@@ -110,6 +132,7 @@ QList<State> allStates()
         {QStringLiteral("running"), run},
         {QStringLiteral("every-form"), everyForm},
         {QStringLiteral("finished"), finish},
+        {QStringLiteral("error-menu"), openErrorMenu},
         {QStringLiteral("many"), queueMany},
         {QStringLiteral("quitting"),
          [](const Stage &stage) {
