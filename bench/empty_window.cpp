@@ -1,4 +1,5 @@
-// The least that a Qt Quick program can show: what the application's start is measured against.
+// The least that a Qt Quick program can show: what the application's start is measured against. With the
+// argument "software" it draws without OpenGL, as the application does where there is no graphics hardware.
 
 #include <QGuiApplication>
 #include <QQuickView>
@@ -6,8 +7,9 @@
 
 int main(int argc, char *argv[])
 {
-    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     const QGuiApplication application(argc, argv);
+    if (QCoreApplication::arguments().contains(QStringLiteral("software")))
+        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     QQuickView view;
     view.setTitle(QStringLiteral("Empty"));
     view.resize(480, 460);
