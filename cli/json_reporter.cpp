@@ -1,5 +1,6 @@
 #include "json_reporter.h"
 
+#include "engine/failure_advice.h"
 #include "engine/output_paths.h"
 #include "engine/queue_summary.h"
 #include "refusal.h"
@@ -52,6 +53,7 @@ void writeFailed(const ProxyJob &job, const QJsonValue &manifestLine)
     QJsonObject fields = clipFields(job);
     fields.insert(QStringLiteral("message"), job.status.message());
     fields.insert(QStringLiteral("detail"), job.errorDetail.value_or(QString()));
+    fields.insert(QStringLiteral("advice"), failureAdvice(job));
     fields.insert(QStringLiteral("manifest"), manifestLine);
     write(QStringLiteral("failed"), fields);
 }

@@ -1,6 +1,7 @@
 #include "plain_reporter.h"
 
 #include "console_text.h"
+#include "engine/failure_advice.h"
 #include "engine/output_paths.h"
 #include "engine/queue_summary.h"
 
@@ -31,8 +32,8 @@ QString closingLine(const ProxyJob &job)
 QString indentedDetail(const ProxyJob &job)
 {
     QString lines;
-    for (const QString &line :
-         job.errorDetail.value_or(QString()).split(QLatin1Char('\n'), Qt::SkipEmptyParts))
+    const QString text = job.errorDetail.value_or(QString()) + QLatin1Char('\n') + failureAdvice(job);
+    for (const QString &line : text.split(QLatin1Char('\n'), Qt::SkipEmptyParts))
         lines += QStringLiteral("    ") + printable(line) + QLatin1Char('\n');
     return lines;
 }

@@ -18,6 +18,8 @@ struct Advice {
 };
 
 constexpr std::array knownComplaints = {
+    Advice{"Error setting option rate to value 0/0", "The clip tells no frame rate, so its timecode cannot "
+                                                     "be drawn. Switch burn-in off for it, then retry."},
     Advice{"No space left on device", "The disk is full. Make room on it, then retry."},
     Advice{"Disk quota exceeded", "Your share of the disk is used up. Make room, then retry."},
     Advice{"Read-only file system",

@@ -113,7 +113,7 @@ class CliTest(unittest.TestCase):
         (self.folder / "b.mov").write_text("nothing")
         result = self.run_cli("--quiet", ".")
         self.assertEqual((result.returncode, result.stdout), (1, b""))
-        self.assertRegex(result.stderr.decode(), r"^b\.mov: Failed: could not read metadata\n    ")
+        self.assertRegex(result.stderr.decode(), r"^b\.mov: Failed: could not read metadata\n(    .*\n)+    The clip is ")
 
     def test_bare_environment(self):
         make_clip(self.folder / "a.mov")
@@ -153,6 +153,7 @@ class CliTest(unittest.TestCase):
         failed, summary = events[-2:]
         self.assertEqual(failed["message"], "could not read metadata")
         self.assertIn("broken.mxf", failed["detail"])
+        self.assertIn("damaged", failed["advice"])
         self.assertEqual((self.proxies / "manifest.csv").read_text().split("\n", 1)[1],
                          done["manifest"] + "\n" + failed["manifest"] + "\n")
         self.assertEqual({key: summary[key] for key in ("clips", "done", "failed", "refused")},
