@@ -205,7 +205,7 @@ void TestRealEncodes::soundBeyondTheLastPicture()
 void TestRealEncodes::encoderTrial()
 {
     const SystemValues system = currentSystemValues();
-    QCOMPARE(encoderTrialFailure(system, QualityPreset::tiny), std::nullopt);
+    QCOMPARE(encoderTrialFailure(system, QualityPreset::tiny, std::chrono::minutes(5)), std::nullopt);
     const auto failure =
         encoderTrialFailure(system.with({.name = QStringLiteral("h264_no")}), QualityPreset::tiny);
     QVERIFY(failure && failure->contains(QStringLiteral("Unknown encoder 'h264_no'")));
