@@ -4,8 +4,9 @@ import Marrowcut.Main
 import Marrowcut.Sheets
 import Marrowcut.Style
 
-// The content of the one window, from its menu bar to its lower edge.
-Item {
+// The content of the one window, from its menu bar to its lower edge. The focus comes back to where it was when a menu
+// or a popover has closed: Qt gives it to nobody.
+FocusScope {
     id: root
 
     required property QueueViewModel queue
@@ -13,6 +14,15 @@ Item {
     required property DiagnosticsReport report
     property alias menuBar: menuBarPlace.data
     readonly property alias isTargeted: dropTarget.isTargeted
+    readonly property Item focusItem: Window.activeFocusItem
+
+    function takeStrayFocus() {
+        if (Window.active && (focusItem === null || focusItem === Window.contentItem))
+            forceActiveFocus(Qt.TabFocusReason);
+    }
+
+    focus: true
+    onFocusItemChanged: Qt.callLater(takeStrayFocus)
 
     ColumnLayout {
         anchors.fill: parent

@@ -19,7 +19,7 @@ NamedMenu {
     objectName: "errorMenu"
 
     Action {
-        text: "&Copy Error"
+        text: "Copy Error"
         onTriggered: root.copyRequested(root.jobId)
     }
 }

@@ -11,25 +11,32 @@ MenuBar {
     signal helpRequested()
     signal reportRequested()
 
+    background: Rectangle {
+        color: Theme.window
+
+        Divider {
+            anchors.bottom: parent.bottom
+            width: parent.width
+        }
+    }
+
     // A screen reader would spell the mark of the underlined letter.
     delegate: MenuBarItem {
         Accessible.name: text.replace("&", "")
     }
 
     NamedMenu {
-        id: applicationMenu
-
         title: "&Marrowcut"
 
         Action {
-            text: "&About Marrowcut"
+            text: "About Marrowcut"
             onTriggered: root.aboutRequested()
         }
 
         MenuSeparator {}
 
         Action {
-            text: "&Quit"
+            text: "Quit"
             shortcut: "Ctrl+Q"
             onTriggered: root.quitRequested()
         }
@@ -39,18 +46,18 @@ MenuBar {
         title: "&Help"
 
         Action {
-            text: "Marrowcut &Help"
+            text: "Marrowcut Help"
             onTriggered: root.helpRequested()
         }
 
         Action {
-            text: "&Report a Problem…"
+            text: "Report a Problem…"
             onTriggered: root.reportRequested()
         }
     }
 
     Shortcut {
         sequence: "F10"
-        onActivated: applicationMenu.open()
+        onActivated: root.itemAt(0).triggered() // qmllint disable missing-property
     }
 }

@@ -1,15 +1,13 @@
 import QtQuick
 import QtQuick.Controls
 
-// A menu that stands out from the window in dark too. Its items are read without the mark of the underlined letter, and
-// can be pressed by assistive technology.
+// A menu that stands out from the window in dark too. Its items can be pressed by assistive technology.
 Menu {
     padding: 4
 
     delegate: MenuItem {
         id: item
 
-        Accessible.name: text.replace("&", "")
         Accessible.onPressAction: {
             item.menu.dismiss();
             item.action.trigger();

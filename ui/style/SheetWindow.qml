@@ -2,7 +2,7 @@ import QtQuick
 
 // A modal sheet: a dialog window of fixed size over its transient parent, with a "Close" button in a row at the
 // bottom that takes further buttons as children. The content above the row is made anew each time that the sheet is
-// shown; it gets the keys that nobody else takes. The button, Return (except on another button), Escape and the
+// shown; it gets the keys that nobody else takes. The button, Return (except where another button shows the focus), Escape and the
 // window manager emit dismissed; the owner then sets shown to false.
 ThemedWindow {
     id: root
@@ -17,7 +17,7 @@ ThemedWindow {
 
     function pressReturn() {
         const button = activeFocusItem as PushButton;
-        button ? button.clicked() : dismissed();
+        button && button.visualFocus ? button.clicked() : dismissed();
     }
 
     flags: Qt.Dialog

@@ -156,6 +156,7 @@ WindowCase {
         tryCompare(menu, "opened", true);
         keyClick(Qt.Key_Return);
         tryCompare(menu, "visible", false);
+        tryCompare(piece(0, "retryButton"), "activeFocus", true);
         compare(TestDesktop.takeClipboard(), "A001.mxf\nFailed: encode error\n\nThe disk is full. Make room on it, then retry.\n\nframe= 10\nNo space left on device");
         compare(queue.startCount, 0);
     }

@@ -164,7 +164,7 @@ TestCase {
         show(diagnostics, "showDiagnostics");
         const copyButton = findChild(diagnostics, "copyButton");
         compare(copyButton.text, "Copy to Clipboard");
-        copyButton.forceActiveFocus();
+        copyButton.forceActiveFocus(Qt.TabFocusReason);
         keyClick(Qt.Key_Return);
         tryCompare(copyButton, "text", "Copied");
         const report = TestDesktop.clipboardText();
