@@ -7,6 +7,7 @@
 #include "platform/termination_signals.h"
 #include "ui/style/desktop_color_scheme.h"
 
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QIcon>
 #include <QQmlApplicationEngine>
@@ -38,6 +39,15 @@ void introduceToDesktop()
         QIcon(QStringLiteral(":/qt-project.org/imports/Marrowcut/Style/icons/marrowcut.svg")));
 }
 
+/// The window opens all the same, as it would after a drop.
+void tellMissing(const QList<QUrl> &items)
+{
+    for (const QUrl &item : items) {
+        if (const QString path = item.toLocalFile(); !QFileInfo::exists(path))
+            QTextStream(stderr) << "marrowcut: no such file or folder: " << path << '\n';
+    }
+}
+
 int runWindow(const QList<QUrl> &items)
 {
     MarrowcutApp app;
@@ -49,6 +59,7 @@ int runWindow(const QList<QUrl> &items)
     engine.load(QUrl(QStringLiteral("qrc:/qt-project.org/imports/Marrowcut/Shell/MainWindow.qml")));
     if (engine.rootObjects().isEmpty())
         return EXIT_FAILURE;
+    tellMissing(items);
     app.queue()->handleDrop(items);
     return QCoreApplication::exec();
 }
