@@ -86,7 +86,7 @@ def report(ours, shell):
     print(f"wall time: median ratio {wall:.3f} over {len(ours)} rounds ({min(ratios(0)):.3f} to {max(ratios(0)):.3f}); "
           f"limit {WALL_LIMIT}: {verdict(wall <= WALL_LIMIT)}")
     print(f"no tool was running: {statistics.median(own[0]):.2%} of the program's wall time, "
-          f"{statistics.median(own[1]):.2%} of the shell's; the program's is {extra:+.2%} of a run; "
+          f"{statistics.median(own[1]):.2%} of the shell's; the difference is {extra:+.2%} of a run; "
           f"limit {OWN_LIMIT:+.0%}: {verdict(extra <= OWN_LIMIT)}")
     print(f"processor time: median ratio {statistics.median(ratios(2)):.3f}; besides the tools, recorders included, "
           f"{statistics.median(run[2] - run[3] for run in ours):.2f} s for the program, "

@@ -54,10 +54,11 @@ def panel(number, picture, curves, names):
         places = [(x_axis.at(x), y_axis.at(y)) for x, y in curve]
         parts.append(f'<path d="{line_path(places)}" fill="none" stroke="{colour}" stroke-width="1.5"/>')
         for (x, y), name in zip(places, names):
-            parts.append(f'<circle cx="{x:.1f}" cy="{y:.1f}" r="3" fill="{colour}"><title>{name}, {quality}</title></circle>')
+            parts.append(f'<circle cx="{x:.1f}" cy="{y:.1f}" r="3" fill="{colour}">'
+                         f"<title>{name}, {quality}</title></circle>")
         if quality == "standard":
-            parts += [text(x, y - 7, name.split()[-1], colour=colour, extra=' font-size="9"')
-                      for (x, y), name in zip(places, names)]
+            parts += [text(x, y + (15 if index % 2 else -7), name.split()[-1], colour=colour, extra=' font-size="9"')
+                      for index, ((x, y), name) in enumerate(zip(places, names))]  # in turns: neighbours may be close
     return parts
 
 
