@@ -42,7 +42,7 @@ void QueueRunner::processJob(const QUuid &id, QualityPreset preset)
     const OutputPaths paths = OutputPaths::forSource(job->sourceURL);
     QDir().mkpath(paths.outDir);
     const FolderLock lock(paths.outDir, m_stop); // the window and the command line may run at once
-    if (QFileInfo::exists(paths.finalOutput)) {
+    if (QFileInfo(paths.finalOutput).isFile()) {
         finish(id, JobStatus::skipped());
         return;
     }

@@ -21,6 +21,10 @@ namespace marrowcut::media
 namespace
 {
 
+/// After an hour of neither pictures nor sound the container's duration is taken as wrong: a damaged one can
+/// say tens of thousands of pieces.
+constexpr int emptyPiecesAtMost = 40;
+
 /// One chunked run: its folder, the parts that are finished, and what the tools said.
 class ChunkedEncode
 {
@@ -55,8 +59,12 @@ private:
             piece.length = std::min(m_chunkSeconds, duration - piece.start);
             if (!encode(piece))
                 return false;
+            if (m_emptyPieces == emptyPiecesAtMost)
+                break;
         }
-        return true;
+        if (!m_anyPictures)
+            m_tail.append(noPictures());
+        return m_anyPictures;
     }
 
     bool encode(const Piece &piece)
@@ -64,9 +72,11 @@ private:
         const QString name = QString::asprintf("part_%04lld.mp4", piece.index);
         const QString path = m_workFolder + QLatin1Char('/') + name;
         std::optional<qint64> pictures;
+        bool hasSound = false;
         const auto onLine = [&](const QString &line) {
             m_tail.append(line);
             publishLine(line, piece);
+            hasSound = hasSound || parseTimeSeconds(line).value_or(0) > 0;
             if (const auto count = parseFrameCount(line))
                 pictures = count;
         };
@@ -79,7 +89,9 @@ private:
         } catch (const ProcessRunner::LaunchError &) {
             return false;
         }
-        keepPart(name, pictures ? *pictures > 0 : hasVideoStream(path));
+        const bool hasPictures = pictures ? *pictures > 0 : hasVideoStream(path);
+        keepPart(name, hasPictures);
+        m_emptyPieces = hasPictures || hasSound ? 0 : m_emptyPieces + 1;
         return true;
     }
 
@@ -171,6 +183,7 @@ private:
     StderrTail m_tail;
     QStringList m_parts;
     bool m_anyPictures = false;
+    int m_emptyPieces = 0; ///< in a row, up to the last one
 };
 
 } // namespace

@@ -3,6 +3,7 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <cerrno>
 #include <cstdio>
 #include <filesystem>
 
@@ -22,10 +23,14 @@ void removeFolder(const QString &path)
 
 bool moveIntoPlace(const QString &finished, const QString &finalPath)
 {
-    removeIfThere(finalPath);
     // Not QFile::rename: where renaming fails, that falls back to copying, which could leave half a
     // file under the final name.
-    std::rename(QFile::encodeName(finished).constData(), QFile::encodeName(finalPath).constData());
+    const QByteArray from = QFile::encodeName(finished);
+    const QByteArray to = QFile::encodeName(finalPath);
+    if (std::rename(from.constData(), to.constData()) != 0 && errno == EISDIR) {
+        removeIfThere(finalPath); // an empty folder
+        std::rename(from.constData(), to.constData());
+    }
     return QFileInfo(finalPath).isFile();
 }
 

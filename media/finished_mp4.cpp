@@ -31,6 +31,11 @@ qint64 boxSize(QFile &file, QByteArray &type)
 
 } // namespace
 
+QString noPictures()
+{
+    return QStringLiteral("The encoder reported success, but its file has no pictures. Is the clip damaged?");
+}
+
 QString unfinishedFile()
 {
     return QStringLiteral("The encoder reported success, but its file is not complete. Is the disk full?");

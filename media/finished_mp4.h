@@ -10,7 +10,9 @@ namespace marrowcut::media
 /// Source: ISO/IEC 14496-12, "Object-structured file organization".
 bool isFinishedMp4(const QString &path);
 
-/// What an encode that failed for that reason says below the tool's own last lines.
+/// What an encode that failed for that reason, or because it gave no picture, says below the tool's own last
+/// lines.
 QString unfinishedFile();
+QString noPictures();
 
 } // namespace marrowcut::media

@@ -4,6 +4,7 @@
 #include "media/probe_answers.h"
 #include "media/process_runner.h"
 
+#include <QFileInfo>
 #include <QStringList>
 
 namespace marrowcut::media
@@ -51,10 +52,19 @@ private:
     const std::stop_token &m_stop;
 };
 
+/// A pipe or a device, which ffprobe would wait for without end.
+bool isNoFile(const QString &source)
+{
+    const QFileInfo info(source);
+    return info.exists() && !info.isFile() && !info.isDir();
+}
+
 } // namespace
 
 std::optional<ProbedMetadata> probe(const QString &source, const std::stop_token &stop)
 {
+    if (isNoFile(source))
+        return std::nullopt;
     const Query query(source, stop);
     ProbeAnswers answers;
     answers.timecode = query.entry(QStringLiteral("format_tags=timecode"));
@@ -70,6 +80,8 @@ std::optional<ProbedMetadata> probe(const QString &source, const std::stop_token
 
 QString probeFailureDetail(const QString &source, const std::stop_token &stop)
 {
+    if (isNoFile(source))
+        return QStringLiteral("This is not a file.");
     const Query query(source, stop);
     const QString complaint =
         query.run({QStringLiteral("-show_format"), QStringLiteral("-show_streams")}).stderr.trimmed();

@@ -31,6 +31,7 @@ EncodeResult runSinglePass(const EncodeJob &job, const QString &finalOutput, con
                            const EncodeContext &context)
 {
     StderrTail tail;
+    std::optional<qint64> pictures;
     qint32 status = 1;
     try {
         status = ProcessRunner::runStreaming(FFmpegLocator::ffmpegPath(),
@@ -38,16 +39,19 @@ EncodeResult runSinglePass(const EncodeJob &job, const QString &finalOutput, con
                                              [&](const QString &line) {
                                                  tail.append(line);
                                                  publishLine(line, job, context.publish);
+                                                 if (const auto count = parseFrameCount(line))
+                                                     pictures = count;
                                              },
                                              {.stop = context.stop});
     } catch (const ProcessRunner::LaunchError &) {
         status = 1; // a tool that is not there is a failed encode
     }
 
-    if (status == 0 && isFinishedMp4(tmpOutput))
+    const bool isFinished = isFinishedMp4(tmpOutput);
+    if (status == 0 && isFinished && pictures != 0)
         return {moveIntoPlace(tmpOutput, finalOutput), tail.text()};
     if (status == 0)
-        tail.append(unfinishedFile());
+        tail.append(isFinished ? noPictures() : unfinishedFile());
     removeIfThere(tmpOutput);
     return {false, tail.text()};
 }

@@ -46,6 +46,7 @@ private Q_SLOTS:
     void failedJoinKeepsTheParts();
     void pieceWithoutPicturesIsLeftOut_data();
     void pieceWithoutPicturesIsLeftOut();
+    void absurdDurationEndsTheRun();
     void joinInFolderWithAddressCharacters();
     void brokenPartsAndJoins_data();
     void brokenPartsAndJoins();
@@ -183,6 +184,8 @@ void TestEncoders::singlePassFailureLeavesNothing_data()
     QTest::newRow("death by signal") << QByteArray(
         "write-output\nerr No space left on device\\n\nsignal 9\n");
     QTest::newRow("success without a file") << QByteArray("err No space left on device\\n\n");
+    QTest::newRow("success without a picture")
+        << QByteArray("write-output\nerr No space left on device\\nframe=    0 fps=0.0 time=N/A \\r\n");
     QTest::newRow("success with a torn file") << QByteArray("write-torn\nerr No space left on device\\n\n");
 }
 
@@ -271,7 +274,7 @@ void TestEncoders::pieceWithoutPicturesIsLeftOut_data()
     QTest::newRow("by its streams, without statistics")
         << QByteArray("when ffprobe part_0000\nout 0\\n\nend\n") << QByteArray("file 'part_0000.mp4'\n");
     QTest::newRow("no piece has pictures") << QByteArray("when part_\nerr frame=    0\\n\nend\n")
-                                           << QByteArray("file 'part_0000.mp4'\nfile 'part_0001.mp4'\n");
+                                           << QByteArray(); // then there is nothing to join
 }
 
 void TestEncoders::pieceWithoutPicturesIsLeftOut()
@@ -280,6 +283,14 @@ void TestEncoders::pieceWithoutPicturesIsLeftOut()
     QFETCH(QByteArray, list);
     chunked(script + "when ffprobe\nexit 0\nend\nwrite-output\nwhen concat\nexit 1\nend\n", 90.02);
     QCOMPARE(m_script->contents(QStringLiteral("out/.chunks_A.1/concat.txt")), list);
+}
+
+void TestEncoders::absurdDurationEndsTheRun()
+{
+    const QByteArray nothing = "when part_\nerr frame=    0 time=N/A\\r\nend\n";
+    const QByteArray first = "when part_0000\nerr frame=9\\r\nend\n";
+    QVERIFY(chunked("note @/calls\nwrite-output\n" + nothing + first, 2e9).success);
+    QCOMPARE(m_script->contents(QStringLiteral("calls")).count("\n-ss\n"), 41);
 }
 
 void TestEncoders::joinInFolderWithAddressCharacters()
