@@ -32,7 +32,9 @@ QString closingLine(const ProxyJob &job)
 QString indentedDetail(const ProxyJob &job)
 {
     QString lines;
-    const QString text = job.errorDetail.value_or(QString()) + QLatin1Char('\n') + failureAdvice(job);
+    QString text = job.errorDetail.value_or(QString());
+    if (const QString advice = failureAdvice(job); !advice.isEmpty())
+        text += QStringLiteral("\nWhat to do: ") + advice;
     for (const QString &line : text.split(QLatin1Char('\n'), Qt::SkipEmptyParts))
         lines += QStringLiteral("    ") + printable(line) + QLatin1Char('\n');
     return lines;

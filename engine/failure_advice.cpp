@@ -17,18 +17,24 @@ struct Advice {
     const char *text;
 };
 
+constexpr const char *damaged = "The clip is damaged, or no video. Copy it from the card again, then retry.";
+
 constexpr std::array knownComplaints = {
-    Advice{"Error setting option rate to value 0/0", "The clip tells no frame rate, so its timecode cannot "
-                                                     "be drawn. Switch burn-in off for it, then retry."},
     Advice{"No space left on device", "The disk is full. Make room on it, then retry."},
     Advice{"Disk quota exceeded", "Your share of the disk is used up. Make room, then retry."},
     Advice{"Read-only file system",
            "The clip's disk cannot be written to. Copy the clip to another disk and add it from there."},
-    Advice{"moov atom not found",
-           "The clip is incomplete: its recording or copying was broken off. Copy it from the card again."},
     Advice{"Input/output error", "The disk could not be read or written. Check its connection, then retry."},
-    Advice{"Invalid data found when processing input",
-           "The clip is damaged, or no video. Copy it from the card again, then retry."},
+    Advice{"Is a directory", "This is a folder with the name of a clip. Add the clips in it instead."},
+    Advice{"moov atom not found", "The clip is incomplete, or no video. If its recording or copying was "
+                                  "broken off, copy it from the card again."},
+    Advice{"Could not find codec parameters", damaged},
+    Advice{
+        "Error setting option rate to value 0/0",
+        "The clip tells no frame rate, so its timecode cannot be drawn. Without burn-in it can be encoded."},
+    Advice{"Invalid data found when processing input", damaged},
+    Advice{"Cannot determine format of input stream", damaged},
+    Advice{"has no pictures", damaged},
 };
 
 /// A folder that could not be made is reported like a clip that is gone: the file system knows which it is.

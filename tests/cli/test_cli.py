@@ -113,7 +113,7 @@ class CliTest(unittest.TestCase):
         (self.folder / "b.mov").write_text("nothing")
         result = self.run_cli("--quiet", ".")
         self.assertEqual((result.returncode, result.stdout), (1, b""))
-        self.assertRegex(result.stderr.decode(), r"^b\.mov: Failed: could not read metadata\n(    .*\n)+    The clip is ")
+        self.assertRegex(result.stderr.decode(), r"^b\.mov: Failed: could not read metadata\n(    .*\n)+    What to do: The clip is ")
 
     def test_bare_environment(self):
         make_clip(self.folder / "a.mov")
