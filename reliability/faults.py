@@ -2,6 +2,7 @@
 a final name unless it is whole, the manifest holds whole lines, the status says what happened, no child is left."""
 
 import os
+import re
 import shutil
 import subprocess
 import sys
@@ -23,6 +24,8 @@ STEPS = [
     ("encode crashes", SINGLE, '[ $tool = ffmpeg ] && { echo x >"$output"; kill -SEGV $$; }', ENCODE_ERROR),
     ("encode is killed", SINGLE, '[ $tool = ffmpeg ] && { echo x >"$output"; kill -KILL $$; }', ENCODE_ERROR),
     ("encode writes no file", SINGLE, '[ $tool = ffmpeg ] && exit 0', ENCODE_ERROR),
+    ("encode ends well without a picture", SINGLE,
+     '[ $tool = ffmpeg ] && { "$real" "${@:1:$#-1}" -frames:v 0 -y "$output"; exit $?; }', ENCODE_ERROR),
     ("move fails", SINGLE, '[ $tool = ffmpeg ] && { "$real" "$@"; mkdir -p "{final}/x"; exit 0; }', ENCODE_ERROR),
     ("source gone before the encode", SINGLE, '[[ $* == *creation_time* ]] && rm "{source}"', ENCODE_ERROR),
     ("source gone before the probe", SINGLE, 'rm -f "{source}"', METADATA),
@@ -67,6 +70,19 @@ def break_tool(place, name):
     return f'[[ $tool == ffmpeg && $* == */b.mov* ]] && {{ mv "{place.tools}/{tool}" "{place.tools}/away"; {replace}; }}'
 
 
+def check_manifest(folder, outcomes, may_be_missing=False):
+    """One whole line for each clip, of nine fields, with its outcome; on a full disk a line or all may be missing."""
+    path = folder / "marrowcut_proxies/manifest.csv"
+    lines = path.read_text().splitlines()[1:] if path.is_file() else []
+    found = {}
+    for line in lines:
+        fields = line.split(",")
+        check(len(fields) == 9 and re.fullmatch(r"\d{4}-\d\d-\d\dT\d\d:\d\d:\d\dZ", fields[8]), f"manifest: {line!r}")
+        found[fields[0]] = fields[7]
+    check(len(lines) == len(found), f"manifest: a clip twice: {lines}")
+    check(found == outcomes or (may_be_missing and not found), f"manifest: {found}")
+
+
 def run_three(place, folder, kind, fault, status, order):
     """a and b are sound, c meets the fault in a folder of its own."""
     sound = place.folder / "sound"
@@ -85,6 +101,9 @@ def run_three(place, folder, kind, fault, status, order):
     check(f"c.mov: {expected}\n" in output, f"status is not {expected!r}: {output}")
     check(code == (0 if status is None else 1), f"exit status {code}")
     place.judge(sound, {"a.mov": 10, "b.mov": 91 if b_is_long else 10})
+    check_manifest(sound, {"a.mov": "done", "b.mov": "done"})
+    outcome = {METADATA: "failed: metadata", ENCODE_ERROR: "failed: encode error", None: "done"}[status]
+    check_manifest(folder, {"c.mov": outcome}, may_be_missing=True)
     place.judge(folder, {} if status else {"c.mov": 10 if kind == SINGLE else 91})
 
 
