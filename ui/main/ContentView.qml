@@ -22,7 +22,14 @@ FocusScope {
     }
 
     focus: true
-    onFocusItemChanged: Qt.callLater(takeStrayFocus)
+    onFocusItemChanged: afterClosing.restart()
+
+    Timer {
+        id: afterClosing
+
+        interval: 0
+        onTriggered: root.takeStrayFocus()
+    }
 
     ColumnLayout {
         anchors.fill: parent

@@ -134,9 +134,9 @@ private Q_SLOTS:
     void menuCommandsRaiseTheirSheets()
     {
         const QList<std::pair<QString, const char *>> commands = {
-            {QStringLiteral("&About Marrowcut"), "showAbout"},
-            {QStringLiteral("Marrowcut &Help"), "showHelp"},
-            {QStringLiteral("&Report a Problem…"), "showDiagnostics"}};
+            {QStringLiteral("About Marrowcut"), "showAbout"},
+            {QStringLiteral("Marrowcut Help"), "showHelp"},
+            {QStringLiteral("Report a Problem…"), "showDiagnostics"}};
         HelpState *state = m_app->helpState();
         for (const auto &[text, flag] : commands) {
             action(text)->metaObject()->invokeMethod(action(text), "trigger");
