@@ -49,13 +49,23 @@ SystemValues linuxValues(const QString &fontFile)
     };
 }
 
-QStringList encoderNames()
+namespace
+{
+
+SystemValues rowOfThisSystem([[maybe_unused]] const QString &fontFile)
 {
 #ifdef Q_OS_MACOS
-    const SystemValues system = macOSValues();
+    return macOSValues();
 #else
-    const SystemValues system = linuxValues(QString());
+    return linuxValues(fontFile);
 #endif
+}
+
+} // namespace
+
+QStringList encoderNames()
+{
+    const SystemValues system = rowOfThisSystem(QString());
     QStringList names = {system.videoEncoder.name};
     for (const VideoEncoder &encoder : system.hardwareEncoders)
         names.append(encoder.name);
@@ -64,11 +74,7 @@ QStringList encoderNames()
 
 SystemValues currentSystemValues()
 {
-#ifdef Q_OS_MACOS
-    return macOSValues();
-#else
-    return linuxValues(monospacedFontFile());
-#endif
+    return rowOfThisSystem(monospacedFontFile());
 }
 
 } // namespace marrowcut::media

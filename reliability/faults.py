@@ -40,6 +40,7 @@ STEPS = [
     ("second part truncated", LONG, '[[ $output == *part_0001* ]] && { "$real" "$@"; truncate -s -1 "$output"; exit 0; }',
      ENCODE_ERROR),
     ("join list gone", LONG, '[[ $* == *concat* ]] && rm "$(dirname "$output")"/.chunks_*/concat.txt', ENCODE_ERROR),
+    ("join truncated", LONG, '[[ $* == *concat* ]] && { "$real" "$@"; truncate -s -1 "$output"; exit 0; }', ENCODE_ERROR),
     ("join exits with 1", LONG, '[[ $* == *concat* ]] && exit 1', ENCODE_ERROR),
     ("join crashes", LONG, '[[ $* == *concat* ]] && kill -SEGV $$', ENCODE_ERROR),
     ("move after the join fails", LONG, '[[ $* == *concat* ]] && { "$real" "$@"; mkdir -p "{final}/x"; exit 0; }', ENCODE_ERROR),

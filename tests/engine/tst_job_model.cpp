@@ -1,13 +1,10 @@
 #include "engine/completion_notification.h"
-#include "engine/manifest.h"
 #include "engine/model/quality_preset.h"
 #include "engine/model/remaining_time_text.h"
 #include "engine/output_paths.h"
 #include "engine/queue_summary.h"
 #include "platform/preference_store.h"
 
-#include <QRegularExpression>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <cmath>
@@ -19,47 +16,13 @@ class TestJobModel : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void statusLabelsAndEquality();
-    void presetDescriptions();
     void rememberedPreset();
     void remainingTimeTexts();
     void outputPaths_data();
     void outputPaths();
-    void manifestLines();
-    void manifestFile();
     void completionBodies();
     void summary();
 };
-
-void TestJobModel::statusLabelsAndEquality()
-{
-    QCOMPARE(JobStatus::probing().label(), QStringLiteral("Reading metadata\u2026"));
-    QCOMPARE(JobStatus::encoding().label(), QStringLiteral("Encoding\u2026"));
-    QCOMPARE(JobStatus::skipped().label(), QStringLiteral("Already done"));
-    QCOMPARE(JobStatus::failed(QStringLiteral("encode error")).label(),
-             QStringLiteral("Failed: encode error"));
-    QCOMPARE(JobStatus::failed(QString()).label(), QStringLiteral("Failed: "));
-    QVERIFY(JobStatus::failed(QStringLiteral("a")) != JobStatus::failed(QStringLiteral("b")));
-
-    ProxyJob job = ProxyJob::forSource(QUrl::fromLocalFile(QStringLiteral("/a#b?.mov")));
-    ProxyJob same = job;
-    QCOMPARE(job, same);
-    same.etaSeconds = 0;
-    QVERIFY(job != same);
-    QCOMPARE(job.fileName(), QStringLiteral("a#b?.mov"));
-}
-
-void TestJobModel::presetDescriptions()
-{
-    QCOMPARE(QualityPreset(QualityPreset::standard).descriptionText(),
-             QStringLiteral("Exports files that are about 16 megabytes per minute."));
-    QCOMPARE(QualityPreset(QualityPreset::smaller).descriptionText(),
-             QStringLiteral("Exports files that are about 9 megabytes per minute."));
-    QCOMPARE(QualityPreset(QualityPreset::tiny).descriptionText(),
-             QStringLiteral(
-                 "Exports files that are about 6 megabytes per minute. Text is harder to read at this size; "
-                 "use this only if file size matters more than a crisp burn-in."));
-}
 
 void TestJobModel::rememberedPreset()
 {
@@ -111,43 +74,6 @@ void TestJobModel::outputPaths()
     QTEST(paths.finalOutput, "final");
     QTEST(paths.tmpOutput, "temporary");
     QCOMPARE(outputFolder(QUrl::fromLocalFile(source)).toLocalFile(), paths.outDir);
-}
-
-void TestJobModel::manifestLines()
-{
-    const OutputPaths paths = OutputPaths::forSource(QUrl::fromLocalFile(QStringLiteral("/f/a,b.mov")));
-    const ProbedMetadata meta = {QStringLiteral("01:00:00;00"), QStringLiteral("30000/1001"), 2, 93.44,
-                                 QStringLiteral("unavailable")};
-    const QString time = QStringLiteral("\\d{4}-\\d\\d-\\d\\dT\\d\\d:\\d\\d:\\d\\dZ\n");
-    const auto matches = [&](const QString &line, const QString &start) {
-        return QRegularExpression(
-                   QRegularExpression::anchoredPattern(QRegularExpression::escape(start) + time))
-            .match(line)
-            .hasMatch();
-    };
-    QVERIFY(
-        matches(Manifest::line(paths, meta, QStringLiteral("done")),
-                QStringLiteral("a,b.mov,a,b_proxy.mp4,01:00:00;00,30000/1001,93.44,2,unavailable,done,")));
-    QVERIFY(matches(Manifest::line(paths, {}, QStringLiteral("failed: metadata")),
-                    QStringLiteral("a,b.mov,a,b_proxy.mp4,,,,,,failed: metadata,")));
-}
-
-void TestJobModel::manifestFile()
-{
-    const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("manifest.csv"));
-    Manifest::append(path, QStringLiteral("é\n"));
-    Manifest::append(path, QStringLiteral("two\n"));
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(file.readAll(),
-             "source_filename,proxy_filename,source_timecode,frame_rate,duration_seconds,audio_channels,"
-             "file_date,status,processed_at\n\xC3\xA9\ntwo\n");
-    QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden),
-             QStringList{QStringLiteral("manifest.csv")});
-    // Where there is no folder there is no manifest, and no complaint.
-    Manifest::append(folder.filePath(QStringLiteral("none/manifest.csv")), QStringLiteral("x\n"));
-    QVERIFY(!QFile::exists(folder.filePath(QStringLiteral("none"))));
 }
 
 void TestJobModel::completionBodies()

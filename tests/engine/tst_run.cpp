@@ -39,9 +39,7 @@ private Q_SLOTS:
     void encoderIsChosenByDuration();
     void failedHardwareEncodeIsTriedInSoftware_data();
     void failedHardwareEncodeIsTriedInSoftware();
-    void missingToolFailsEveryJob();
     void queueEditsDuringARun();
-    void outputFolderThatCannotBeMade();
     void notificationCountsTheWholeList();
     void interruptionLeavesFilesAndNoChild();
 
@@ -83,7 +81,6 @@ private:
             .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
     }
 
-    const QDir m_tools{QCoreApplication::applicationDirPath() + QStringLiteral("/../share/marrowcut")};
     std::unique_ptr<StandInScript> m_script;
     MemoryPreferenceStore m_preferences;
     std::unique_ptr<MemoryNotificationCenter> m_notifications;
@@ -93,12 +90,6 @@ private:
 void TestRun::init()
 {
     m_engine.reset();
-    for (const char *tool :
-         {"ffmpeg", "ffprobe"}) { // a run of the test that was cut off may have left one away
-        if (!QFile::exists(m_tools.filePath(QLatin1String(tool))))
-            QVERIFY(QFile::rename(m_tools.filePath(QLatin1String("away")),
-                                  m_tools.filePath(QLatin1String(tool))));
-    }
     m_script = std::make_unique<StandInScript>();
     m_notifications = std::make_unique<MemoryNotificationCenter>(true);
     m_engine = std::make_unique<BurnInEngine>(m_preferences, *m_notifications);
@@ -239,27 +230,6 @@ void TestRun::failedHardwareEncodeIsTriedInSoftware()
     QCOMPARE(proxies(), left);
 }
 
-void TestRun::missingToolFailsEveryJob()
-{
-    // The links are the tools; without them nothing can be started.
-    const auto rename = [this](const char *from, const char *to) {
-        return QFile::rename(m_tools.filePath(QLatin1String(from)), m_tools.filePath(QLatin1String(to)));
-    };
-    const QUuid id = addClip(QStringLiteral("a.mov"));
-    QVERIFY(rename("ffmpeg", "away"));
-    run(clipOf("60"));
-    QVERIFY(rename("away", "ffmpeg"));
-    QCOMPARE(job(id).status, JobStatus::failed(QStringLiteral("encode error")));
-    QCOMPARE(job(id).errorDetail, QString());
-
-    m_engine->retry(id);
-    QVERIFY(rename("ffprobe", "away"));
-    run(clipOf("60"));
-    QVERIFY(rename("away", "ffprobe"));
-    QCOMPARE(job(id).errorDetail,
-             QStringLiteral("ffprobe could not find a valid video stream in this file."));
-}
-
 void TestRun::queueEditsDuringARun()
 {
     const QUuid first = addClip(QStringLiteral("a.mov"));
@@ -280,15 +250,6 @@ void TestRun::queueEditsDuringARun()
     QVERIFY(job(unticked).status.isSuccessful()); // chosen when the run began
     QVERIFY(job(added).status.isQueued());
     QVERIFY(!proxies().contains(QStringLiteral("b_proxy.mp4")));
-}
-
-void TestRun::outputFolderThatCannotBeMade()
-{
-    const QUuid id = addClip(QStringLiteral("a.mov"));
-    m_script->touch(QStringLiteral("marrowcut_proxies")); // a file in its place
-    run(clipOf("60") + "err cannot open\\n\nexit 1\n");
-    QCOMPARE(job(id).status, JobStatus::failed(QStringLiteral("encode error")));
-    QCOMPARE(job(id).errorDetail, QStringLiteral("cannot open"));
 }
 
 void TestRun::notificationCountsTheWholeList()

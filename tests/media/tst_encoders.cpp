@@ -1,15 +1,10 @@
 #include "media/chunked_encode.h"
-#include "media/probe.h"
 #include "media/single_pass_encode.h"
-#include "platform/interrupted.h"
 #include "support/stand_in_script.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QTest>
-#include <QThread>
-
-#include <thread>
 
 using namespace marrowcut;
 using namespace marrowcut::media;
@@ -31,10 +26,6 @@ class TestEncoders : public QObject
 private Q_SLOTS:
     void init();
 
-    void probeReadsItsSixAnswers();
-    void probeFallsBack();
-    void probeFailures();
-
     void singlePassMovesIntoPlace();
     void singlePassFailureLeavesNothing_data();
     void singlePassFailureLeavesNothing();
@@ -48,11 +39,7 @@ private Q_SLOTS:
     void pieceWithoutPicturesIsLeftOut();
     void absurdDurationEndsTheRun();
     void joinInFolderWithAddressCharacters();
-    void brokenPartsAndJoins_data();
-    void brokenPartsAndJoins();
     void linkInPlaceOfTheWorkFolderIsNotFollowed();
-    void interruptionTouchesNothing_data();
-    void interruptionTouchesNothing();
 
 private:
     QString out(const QString &name) const { return m_outDir + QLatin1Char('/') + name; }
@@ -106,63 +93,6 @@ void TestEncoders::init()
     QVERIFY(QDir().mkpath(m_outDir));
     m_published.clear();
     m_stop = std::stop_source();
-}
-
-void TestEncoders::probeReadsItsSixAnswers()
-{
-    m_script->set("note @/queries\n"
-                  "when format_tags=timecode\nout \\n 01:02:03;04 \\nsecond\\nexit 1\nend\n"
-                  "when v:0 stream=avg_frame_rate\nout 30000/1001\\n\nend\n"
-                  "when csv=p=0\nout 1\\n 2\\t\\n\\n3,x\\n\nend\n"
-                  "when format=duration\nout 12.345000\\n\nend\n"
-                  "when creation_time\nout 2023-11-30T08:00:00.123Z\\n\nend\n");
-    const auto meta = probe(QStringLiteral("/c.mov"));
-    QVERIFY(meta);
-    QCOMPARE(meta->tc, QStringLiteral("01:02:03;04"));
-    QCOMPARE(meta->rate, QStringLiteral("30000/1001"));
-    QCOMPARE(meta->audioCount, 3);
-    QCOMPARE(meta->duration, 12.345);
-    QCOMPARE(meta->fileDate, QStringLiteral("2023-11-30 08:00:00"));
-
-    const QByteArray plain = " -of default=nw=1:nk=1 /c.mov";
-    const QList<QByteArray> expected = {
-        "-v error -show_entries format_tags=timecode" + plain,
-        "-v error -select_streams v:0 -show_entries stream=avg_frame_rate" + plain,
-        "-v error -select_streams a -show_entries stream=index -of csv=p=0 /c.mov",
-        "-v error -show_entries format=duration" + plain,
-        "-v error -show_entries format_tags=modification_date" + plain,
-        "-v error -show_entries format_tags=creation_time" + plain,
-    };
-    QList<QByteArray> queries; // without the tool's own path
-    for (const QByteArray &call :
-         m_script->contents(QStringLiteral("queries")).trimmed().replace("\n\n", "|").split('|'))
-        queries.append(call.mid(call.indexOf('\n') + 1).replace('\n', ' '));
-    QCOMPARE(queries, expected);
-}
-
-void TestEncoders::probeFallsBack()
-{
-    m_script->set("note @/queries\nwhen stream=avg_frame_rate\nout 25/1\\n\nend\nwhen format=duration\nout "
-                  "N/A\\n\nend\n"
-                  "when modification_date\nout 2024-03-05T14:22:10Z\\n\nend\n");
-    const auto meta = probe(QStringLiteral("/c.mov"));
-    QVERIFY(meta);
-    QCOMPARE(meta->tc, QStringLiteral("00:00:00:00"));
-    QCOMPARE(meta->audioCount, 0);
-    QCOMPARE(meta->duration, 0.0);
-    QCOMPARE(meta->fileDate, QStringLiteral("2024-03-05 14:22:10Z"));
-    QCOMPARE(m_script->contents(QStringLiteral("queries")).count("/c.mov"), 5);
-}
-
-void TestEncoders::probeFailures()
-{
-    m_script->set(
-        "when a stream=index\nout 0\\n\nend\nwhen -show_format\nerr \\n moov atom not found \\n\nend\n");
-    QVERIFY(!probe(QStringLiteral("/c.mov")));
-    QCOMPARE(probeFailureDetail(QStringLiteral("/c.mov")), QStringLiteral("moov atom not found"));
-    m_script->set("");
-    QCOMPARE(probeFailureDetail(QStringLiteral("/c.mov")),
-             QStringLiteral("ffprobe could not find a valid video stream in this file."));
 }
 
 void TestEncoders::singlePassMovesIntoPlace()
@@ -301,24 +231,6 @@ void TestEncoders::joinInFolderWithAddressCharacters()
     QVERIFY(m_script->contents(QStringLiteral("join")).contains("-i\nconcat.txt\n-c\n"));
 }
 
-void TestEncoders::brokenPartsAndJoins_data()
-{
-    QTest::addColumn<QByteArray>("script");
-    const QByteArray sound = "when part_\nerr frame=9\\r\nend\n";
-    QTest::newRow("torn part") << QByteArray(sound +
-                                             "when part_0001\nwrite-torn\nexit 0\nend\nwrite-output\n");
-    QTest::newRow("torn join") << QByteArray(sound + "when concat\nwrite-torn\nexit 0\nend\nwrite-output\n");
-    QTest::newRow("join that skips a part")
-        << QByteArray(sound + "write-output\nwhen concat\nerr Impossible to open 'part_0001.mp4'\\n\nend\n");
-}
-
-void TestEncoders::brokenPartsAndJoins()
-{
-    QFETCH(QByteArray, script);
-    QVERIFY(!chunked(script, 100).success);
-    QVERIFY(!outputs().contains(QStringLiteral("A.1_proxy.mp4")));
-}
-
 void TestEncoders::linkInPlaceOfTheWorkFolderIsNotFollowed()
 {
     const QString precious = m_script->path(QStringLiteral("precious"));
@@ -327,42 +239,6 @@ void TestEncoders::linkInPlaceOfTheWorkFolderIsNotFollowed()
     QVERIFY(QFile::link(precious, out(QStringLiteral(".chunks_A.1"))));
     QVERIFY(chunked("when part_\nerr frame=9\\r\nend\nwrite-output\n", 100).success);
     QVERIFY(QFile::exists(m_script->path(QStringLiteral("precious/file"))));
-}
-
-void TestEncoders::interruptionTouchesNothing_data()
-{
-    QTest::addColumn<double>("duration");
-    QTest::addColumn<QByteArray>("script");
-    QTest::addColumn<QStringList>("left");
-    const QString work = QStringLiteral(".chunks_A.1");
-    const QString joined = QStringLiteral(".tmp_A.1_proxy.mp4");
-    QTest::newRow("single pass") << 60.0 << QByteArray("write-output\ntouch @/there\nwait-for @/never\n")
-                                 << QStringList{joined};
-    QTest::newRow("second piece") << 100.0
-                                  << QByteArray(
-                                         "err frame=9\\r\nwrite-output\nwhen part_0001\ntouch @/there\n"
-                                         "wait-for @/never\nend\n")
-                                  << QStringList{work};
-    QTest::newRow("join") << 100.0
-                          << QByteArray("err frame=9\\r\nwrite-output\nwhen concat\ntouch @/there\n"
-                                        "wait-for @/never\nend\n")
-                          << QStringList{work, joined};
-}
-
-void TestEncoders::interruptionTouchesNothing()
-{
-    QFETCH(double, duration);
-    QFETCH(QByteArray, script);
-    std::jthread stopper([this] {
-        while (!QFile::exists(m_script->path(QStringLiteral("there"))))
-            QThread::msleep(2);
-        m_stop.request_stop();
-    });
-    if (duration < 90)
-        QVERIFY_THROWS_EXCEPTION(Interrupted, singlePass(script, duration));
-    else
-        QVERIFY_THROWS_EXCEPTION(Interrupted, chunked(script, duration));
-    QTEST(outputs(), "left");
 }
 
 QTEST_GUILESS_MAIN(TestEncoders)

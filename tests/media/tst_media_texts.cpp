@@ -62,7 +62,6 @@ private Q_SLOTS:
     void progressLines();
     void numbers();
     void lineSplitting();
-    void boundedLines();
     void stderrTail();
 };
 
@@ -269,15 +268,6 @@ void TestMediaTexts::lineSplitting()
     QCOMPARE(splitter.feed(" \xC3"), QStringList());
     QCOMPARE(splitter.feed("\xA9\n\xFF\nok\n"),
              (QStringList{QStringLiteral("rest é"), QStringLiteral("ok")}));
-}
-
-void TestMediaTexts::boundedLines()
-{
-    LineSplitter splitter;
-    const QByteArray block(LineSplitter::longestLine / 2 + 1, 'x');
-    QVERIFY(splitter.feed(block).isEmpty());
-    QVERIFY(splitter.feed(block).isEmpty());
-    QCOMPARE(splitter.feed("tail\nnext\n"), QStringList{QStringLiteral("next")});
 }
 
 void TestMediaTexts::stderrTail()

@@ -25,7 +25,6 @@ class TestProcessRunner : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void locatesToolsBesideTheProgram();
     void capturesBothStreams();
     void passesArgumentsAsTheyAre();
     void statusOfExitAndSignal();
@@ -46,14 +45,6 @@ private:
 
     StandInScript m_script;
 };
-
-void TestProcessRunner::locatesToolsBesideTheProgram()
-{
-    const QString folder = QCoreApplication::applicationDirPath() + QStringLiteral("/../share/marrowcut");
-    QCOMPARE(FFmpegLocator::ffmpegPath(), QFileInfo(folder).canonicalFilePath() + QStringLiteral("/ffmpeg"));
-    QCOMPARE(FFmpegLocator::ffprobePath(),
-             QFileInfo(folder).canonicalFilePath() + QStringLiteral("/ffprobe"));
-}
 
 void TestProcessRunner::capturesBothStreams()
 {
