@@ -1,15 +1,28 @@
 #include "ui/shell/renderer_choice.h"
 
+#include <QFileInfo>
 #include <QOffscreenSurface>
 #include <QOpenGLContext>
 #include <QOpenGLFunctions>
 #include <QQuickWindow>
+
+#include <algorithm>
+#include <array>
 
 namespace marrowcut
 {
 
 namespace
 {
+
+/// Loading OpenGL takes longer than the rest of the start, so a look comes first at where Linux shows devices
+/// that draw: the kernel's own, NVIDIA's and those of Windows' subsystem for Linux.
+bool showsGraphicsDevice()
+{
+    constexpr std::array devices = {"/dev/dri", "/dev/nvidiactl", "/dev/dxg"};
+    return std::ranges::any_of(devices,
+                               [](const char *path) { return QFileInfo::exists(QLatin1String(path)); });
+}
 
 bool isSoftware(const QByteArray &renderer)
 {
@@ -18,6 +31,10 @@ bool isSoftware(const QByteArray &renderer)
 
 bool hasOpenGLHardware()
 {
+#ifdef Q_OS_LINUX
+    if (!showsGraphicsDevice())
+        return false;
+#endif
     QOffscreenSurface surface;
     surface.create();
     QOpenGLContext context;
