@@ -1,5 +1,5 @@
 import QtQuick
-import QtQuick.Controls
+import QtQuick.Templates as T
 import Marrowcut.Style
 
 // What can be done with the error of a failed row: the list's rows share one menu.
@@ -18,7 +18,7 @@ NamedMenu {
 
     objectName: "errorMenu"
 
-    Action {
+    T.Action {
         text: "Copy Error"
         onTriggered: root.copyRequested(root.jobId)
     }

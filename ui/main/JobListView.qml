@@ -1,6 +1,6 @@
 import QtQuick
-import QtQuick.Controls
 import QtQuick.Layouts
+import QtQuick.Templates as T
 import Marrowcut.Main
 import Marrowcut.Style
 
@@ -58,6 +58,7 @@ ColumnLayout {
             bottomMargin: 4
             model: root.queue.jobs
             reuseItems: true
+            cacheBuffer: 3 * 36 // rows that a drop puts there are made at once
             clip: true
             boundsBehavior: Flickable.StopAtBounds
             Accessible.role: Accessible.List
@@ -69,9 +70,8 @@ ColumnLayout {
             }
 
             // It fits into the rows' padding.
-            ScrollBar.vertical: ScrollBar {
-                policy: size < 1 ? ScrollBar.AlwaysOn : ScrollBar.AlwaysOff
-                minimumSize: 24 / Math.max(24, height) // else it cannot be caught in a long list
+            T.ScrollBar.vertical: ScrollBar {
+                policy: size < 1 ? T.ScrollBar.AlwaysOn : T.ScrollBar.AlwaysOff
             }
 
             // qmllint disable unqualified

@@ -1,5 +1,5 @@
 import QtQuick
-import QtQuick.Controls
+import QtQuick.Templates as T
 import Marrowcut.Style
 
 // What the help sheet shows.
@@ -19,8 +19,8 @@ Flickable {
         view: root
     }
 
-    ScrollBar.vertical: ScrollBar {
-        policy: ScrollBar.AlwaysOn
+    T.ScrollBar.vertical: ScrollBar {
+        policy: T.ScrollBar.AlwaysOn
     }
 
     Column {

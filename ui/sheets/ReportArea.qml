@@ -1,5 +1,5 @@
 import QtQuick
-import QtQuick.Controls
+import QtQuick.Templates as T
 import Marrowcut.Style
 
 // Plain text to read and select, scrolling with a bar that is always shown. A text that is replaced keeps its
@@ -48,13 +48,13 @@ Rectangle {
             view: flickable
         }
 
-        ScrollBar.vertical: ScrollBar {
+        T.ScrollBar.vertical: ScrollBar {
             id: bar
 
-            policy: ScrollBar.AlwaysOn
+            policy: T.ScrollBar.AlwaysOn
         }
 
-        TextArea.flickable: TextArea {
+        T.TextArea.flickable: T.TextArea {
             id: area
 
             objectName: "reportText"

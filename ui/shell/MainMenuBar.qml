@@ -1,15 +1,26 @@
 import QtQuick
-import QtQuick.Controls
+import QtQuick.Templates as T
 import Marrowcut.Style
 
 // The menus. F10 or Alt with the underlined letter opens them.
-MenuBar {
+T.MenuBar {
     id: root
 
     signal aboutRequested()
     signal quitRequested()
     signal helpRequested()
     signal reportRequested()
+
+    implicitWidth: implicitContentWidth
+    implicitHeight: implicitContentHeight + bottomPadding
+    bottomPadding: 1
+    delegate: MenuTitle {}
+
+    contentItem: Row {
+        Repeater {
+            model: root.contentModel
+        }
+    }
 
     background: Rectangle {
         color: Theme.window
@@ -20,22 +31,17 @@ MenuBar {
         }
     }
 
-    // A screen reader would spell the mark of the underlined letter.
-    delegate: MenuBarItem {
-        Accessible.name: text.replace("&", "")
-    }
-
     NamedMenu {
         title: "&Marrowcut"
 
-        Action {
+        T.Action {
             text: "About Marrowcut"
             onTriggered: root.aboutRequested()
         }
 
-        MenuSeparator {}
+        MenuLine {}
 
-        Action {
+        T.Action {
             text: "Quit"
             shortcut: "Ctrl+Q"
             onTriggered: root.quitRequested()
@@ -45,12 +51,12 @@ MenuBar {
     NamedMenu {
         title: "&Help"
 
-        Action {
+        T.Action {
             text: "Marrowcut Help"
             onTriggered: root.helpRequested()
         }
 
-        Action {
+        T.Action {
             text: "Report a Problem…"
             onTriggered: root.reportRequested()
         }
@@ -58,6 +64,6 @@ MenuBar {
 
     Shortcut {
         sequence: "F10"
-        onActivated: (root.itemAt(0) as MenuBarItem).triggered()
+        onActivated: (root.itemAt(0) as T.MenuBarItem).triggered()
     }
 }

@@ -11,7 +11,6 @@
 #include <QGuiApplication>
 #include <QIcon>
 #include <QQmlApplicationEngine>
-#include <QQuickStyle>
 #include <QTextStream>
 
 #include <cstdlib>
@@ -82,7 +81,6 @@ int main(int argc, char *argv[])
     const QGuiApplication application(argc, argv);
     introduceToDesktop();
     DesktopColorScheme *scheme = DesktopColorScheme::instance(); // asks the desktop meanwhile
-    QQuickStyle::setStyle(QStringLiteral("Fusion"));
     chooseRenderer();
     scheme->awaitDesktop(colorSchemePatience);
     return runWindow(commandLine.items);

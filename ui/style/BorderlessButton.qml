@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Templates as T
 
-// Text, a symbol, or the text with the symbol behind it. One that shows only a symbol needs an Accessible.name.
+// Text with a symbol behind it.
 T.Button {
     id: control
 
@@ -35,7 +35,7 @@ T.Button {
     background: Item {
         FocusRing {
             visible: control.visualFocus
-            innerRadius: control.text.length > 0 ? 3 : control.height / 2
+            innerRadius: 3
         }
     }
 }

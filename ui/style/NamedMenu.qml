@@ -1,21 +1,24 @@
 import QtQuick
-import QtQuick.Controls
+import QtQuick.Templates as T
 
-// A menu that stands out from the window in dark too. Its items can be pressed by assistive technology.
-Menu {
+// A menu that stands out from the window in dark too.
+T.Menu {
+    id: control
+
+    implicitWidth: Math.max(200, contentWidth + leftPadding + rightPadding)
+    implicitHeight: implicitContentHeight + topPadding + bottomPadding
+    margins: 0
     padding: 4
+    delegate: MenuEntry {}
 
-    delegate: MenuItem {
-        id: item
-
-        Accessible.onPressAction: {
-            item.menu.dismiss();
-            item.action.trigger();
-        }
+    contentItem: ListView {
+        implicitHeight: contentHeight
+        model: control.contentModel
+        interactive: false
+        currentIndex: control.currentIndex
     }
 
     background: Rectangle {
-        implicitWidth: 200
         radius: 6
         color: Theme.controlFill
         border.color: Theme.controlBorder

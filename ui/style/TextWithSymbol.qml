@@ -1,6 +1,6 @@
 import QtQuick
 
-// A text with a symbol behind it; either may be empty.
+// A text with a symbol behind it.
 Item {
     id: root
 
@@ -25,7 +25,6 @@ Item {
 
         Text {
             anchors.verticalCenter: parent.verticalCenter
-            visible: text.length > 0
             text: root.text
             font: root.font
             color: root.textColor
@@ -33,7 +32,6 @@ Item {
 
         Symbol {
             anchors.verticalCenter: parent.verticalCenter
-            visible: name.length > 0
             name: root.symbol
             size: root.symbolSize
             color: root.symbolColor

@@ -6,7 +6,6 @@
 #include <QMimeData>
 #include <QQmlEngine>
 #include <QQuickItem>
-#include <QQuickStyle>
 #include <QQuickWindow>
 #include <QtQml/qqmlextensionplugin.h>
 #include <QtQuickTest>
@@ -63,7 +62,6 @@ class Setup : public QObject
 public Q_SLOTS:
     void applicationAvailable()
     {
-        QQuickStyle::setStyle(QStringLiteral("Fusion"));
         qmlRegisterSingletonType<TestDesktop>("Marrowcut.Tests", 1, 0, "TestDesktop",
                                               [](QQmlEngine *, QJSEngine *) { return new TestDesktop; });
     }

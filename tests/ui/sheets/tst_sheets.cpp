@@ -4,7 +4,6 @@
 #include <QDesktopServices>
 #include <QGuiApplication>
 #include <QQmlEngine>
-#include <QQuickStyle>
 #include <QWindow>
 #include <QtQml/qqmlextensionplugin.h>
 #include <QtQuickTest>
@@ -52,7 +51,6 @@ class Setup : public QObject
 {
     Q_OBJECT
 public Q_SLOTS:
-    void applicationAvailable() { QQuickStyle::setStyle(QStringLiteral("Fusion")); }
     void qmlEngineAvailable(QQmlEngine *engine)
     {
         qmlRegisterSingletonType<TestDesktop>("Marrowcut.Tests", 1, 0, "TestDesktop",

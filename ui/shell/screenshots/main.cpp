@@ -11,7 +11,6 @@
 #include <QGuiApplication>
 #include <QProcess>
 #include <QQmlApplicationEngine>
-#include <QQuickStyle>
 #include <QTextStream>
 #include <QTimer>
 
@@ -89,7 +88,6 @@ private:
 int takeAll(int argc, char *argv[])
 {
     const QGuiApplication application(argc, argv);
-    QQuickStyle::setStyle(QStringLiteral("Fusion"));
     Photographer photographer{QDir(QString::fromLocal8Bit(argv[1]))};
     for (const State &state : allStates()) {
         if (argc == 2 || state.name == QString::fromLocal8Bit(argv[2]))

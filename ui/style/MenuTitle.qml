@@ -1,0 +1,26 @@
+import QtQuick
+import QtQuick.Controls.impl
+import QtQuick.Templates as T
+
+// A menu's name in the menu bar.
+T.MenuBarItem {
+    id: control
+
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    implicitHeight: implicitContentHeight + topPadding + bottomPadding
+    horizontalPadding: 8
+    verticalPadding: 4
+    font.pixelSize: Theme.bodySize
+    Accessible.name: text.replace("&", "") // a screen reader would spell the mark of the underlined letter
+
+    contentItem: MnemonicLabel {
+        text: control.text
+        font: control.font
+        color: control.highlighted ? Theme.accentText : Theme.primary
+    }
+
+    background: Rectangle {
+        color: Theme.accentFill
+        visible: control.highlighted
+    }
+}

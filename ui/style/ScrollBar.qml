@@ -1,0 +1,26 @@
+import QtQuick
+import QtQuick.Templates as T
+
+// The bar of a view that scrolls; without anything to scroll it fills its track.
+T.ScrollBar {
+    id: control
+
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    implicitHeight: implicitContentHeight + topPadding + bottomPadding
+    padding: 2
+    minimumSize: 24 / Math.max(24, height) // else it cannot be caught in a long view
+    visible: policy !== T.ScrollBar.AlwaysOff
+    Accessible.ignored: true // the view scrolls by keys
+
+    contentItem: Rectangle {
+        implicitWidth: 7
+        implicitHeight: 7
+        radius: width / 2
+        color: control.pressed ? Theme.secondary : control.hovered ? Theme.tertiary : Theme.controlBorder
+    }
+
+    background: Rectangle {
+        color: Theme.track
+        opacity: 0.5
+    }
+}

@@ -1,0 +1,29 @@
+import QtQuick
+import QtQuick.Templates as T
+
+// A symbol to press. Needs an Accessible.name.
+T.Button {
+    id: control
+
+    property string symbol
+    property real symbolSize: Theme.bodySize
+
+    implicitWidth: symbolSize + leftPadding + rightPadding
+    implicitHeight: symbolSize + topPadding + bottomPadding
+    padding: 0
+    opacity: down ? 0.6 : enabled ? 1 : 0.4
+    Accessible.onPressAction: clicked()
+
+    contentItem: Symbol {
+        name: control.symbol
+        size: control.symbolSize
+        color: control.hovered && control.enabled ? Theme.primary : Theme.secondary
+    }
+
+    background: Item {
+        FocusRing {
+            visible: control.visualFocus
+            innerRadius: control.height / 2
+        }
+    }
+}
