@@ -16,6 +16,9 @@ FocusScope {
     readonly property alias isTargeted: dropTarget.isTargeted
     readonly property Item focusItem: Window.activeFocusItem
 
+    // What only a queue needs is made once the window is there.
+    property bool started: false
+
     function takeStrayFocus() {
         if (Window.active && (focusItem === null || focusItem === Window.contentItem))
             forceActiveFocus(Qt.TabFocusReason);
@@ -29,6 +32,15 @@ FocusScope {
 
         interval: 0
         onTriggered: root.takeStrayFocus()
+    }
+
+    Connections {
+        target: root.Window.window
+        enabled: !root.started
+
+        function onFrameSwapped() {
+            root.started = true;
+        }
     }
 
     ColumnLayout {
@@ -57,18 +69,22 @@ FocusScope {
             visible: root.queue.isEmpty
         }
 
-        JobListView {
+        OnDemand {
             Layout.fillWidth: true
             Layout.fillHeight: true
             visible: !root.queue.isEmpty
-            queue: root.queue
+            wanted: root.started || !root.queue.isEmpty
+            file: Qt.resolvedUrl("JobListView.qml")
+            values: ({ queue: root.queue })
         }
 
-        SummaryBar {
+        OnDemand {
             Layout.fillWidth: true
             Layout.margins: 12
             visible: !root.queue.isEmpty
-            queue: root.queue
+            wanted: root.started || !root.queue.isEmpty
+            file: Qt.resolvedUrl("SummaryBar.qml")
+            values: ({ queue: root.queue })
         }
     }
 
@@ -79,19 +95,23 @@ FocusScope {
         queue: root.queue
     }
 
-    HelpView {
+    SheetPlace {
+        name: "HelpView"
         shown: root.helpState.showHelp
         onDismissed: root.helpState.showHelp = false
     }
 
-    AboutView {
+    SheetPlace {
+        name: "AboutView"
         shown: root.helpState.showAbout
         onDismissed: root.helpState.showAbout = false
     }
 
-    DiagnosticsView {
+    SheetPlace {
+        name: "DiagnosticsView"
         shown: root.helpState.showDiagnostics
-        report: root.report
+        furtherValues: ({ report: root.report })
         onDismissed: root.helpState.showDiagnostics = false
     }
+
 }

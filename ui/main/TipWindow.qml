@@ -19,6 +19,7 @@ Window {
         y = below.y + height <= bottom ? below.y : Math.max(Screen.virtualY, above);
     }
 
+    transientParent: target.Window.window
     flags: Qt.ToolTip | Qt.WindowTransparentForInput | Qt.WindowDoesNotAcceptFocus
     color: Theme.controlFill
     width: clip.width + 2 * margin

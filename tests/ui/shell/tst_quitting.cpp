@@ -4,13 +4,13 @@
 
 #include <QQmlApplicationEngine>
 #include <QQuickItem>
-#include <QQuickStyle>
 #include <QQuickWindow>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
 #include <QtQml/qqmlextensionplugin.h>
 
+#include <algorithm>
 #include <csignal>
 
 Q_IMPORT_QML_PLUGIN(Marrowcut_StylePlugin)
@@ -28,7 +28,6 @@ class QuittingTest : public QObject
 private Q_SLOTS:
     void initTestCase()
     {
-        QQuickStyle::setStyle(QStringLiteral("Fusion"));
         qputenv("XDG_CONFIG_HOME", m_script.folder().toUtf8());
         qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere");
         qputenv("DBUS_SYSTEM_BUS_ADDRESS", "unix:path=/nowhere");
@@ -142,6 +141,9 @@ private Q_SLOTS:
             action(text)->metaObject()->invokeMethod(action(text), "trigger");
             QCOMPARE(state->showAbout() + state->showHelp() + state->showDiagnostics(), 1);
             QVERIFY(state->property(flag).toBool());
+            QTRY_VERIFY(std::ranges::any_of(QGuiApplication::allWindows(), [this](const QWindow *window) {
+                return window->isVisible() && window->transientParent() == m_window;
+            }));
             QVERIFY(!action(text)->property("shortcut").isValid() ||
                     action(text)->property("shortcut").toString().isEmpty());
             state->setProperty(flag, false);
