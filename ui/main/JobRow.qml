@@ -4,7 +4,7 @@ import Marrowcut.Main
 import Marrowcut.Style
 
 // One job. Of the list's rows, only the current one takes the Tab key, so that Tab leaves a long list; the arrow keys
-// go from row to row.
+// go from row to row. What a queued row does not show is made when it shows: every row that comes into view is made anew.
 FocusScope {
     id: root
 
@@ -85,77 +85,100 @@ FocusScope {
             onToggled: root.includeToggled()
         }
 
-        BurnInCheck {
-            objectName: "burnInCheck"
+        Loader {
             // Without its share of the width, its share of the spacing goes too.
             Layout.leftMargin: -8 * (1 - root.burnInShare)
             Layout.preferredWidth: root.burnInColumnWidth * root.burnInShare
-            visible: root.isQueued && root.burnInShare > 0
-            enabled: root.isSelected
-            opacity: root.burnInShare * (root.isSelected ? 1 : 0.4)
-            isTabStop: root.isTabStop
-            checked: root.burnInEnabled
-            name: root.name
-            onToggled: root.burnInToggled()
+            active: root.isQueued && root.burnInShare > 0
+            visible: active
+
+            // qmllint disable unqualified
+            sourceComponent: BurnInCheck {
+                objectName: "burnInCheck"
+                enabled: root.isSelected
+                opacity: root.burnInShare * (root.isSelected ? 1 : 0.4)
+                isTabStop: root.isTabStop
+                checked: root.burnInEnabled
+                name: root.name
+                onToggled: root.burnInToggled()
+            }
+            // qmllint enable unqualified
         }
 
-        ColumnLayout {
-            spacing: 4
+        Item {
+            Layout.fillWidth: true
+            implicitHeight: nameLabel.height + (bar.active ? 4 + bar.height : 0)
 
-            RowLayout {
-                spacing: 8
+            Text {
+                id: nameLabel
 
-                Text {
-                    id: nameLabel
+                objectName: "name"
+                anchors.left: parent.left
+                anchors.right: status.left
+                anchors.rightMargin: 8
+                text: root.name
+                textFormat: Text.PlainText
+                font.pixelSize: 12
+                font.weight: Font.Medium
+                color: Theme.primary
+                elide: Text.ElideMiddle
 
-                    objectName: "name"
-                    Layout.fillWidth: true
-                    text: root.name
-                    textFormat: Text.PlainText
-                    font.pixelSize: 12
-                    font.weight: Font.Medium
-                    color: Theme.primary
-                    elide: Text.ElideMiddle
-
-                    HoverTip {
-                        text: nameLabel.truncated ? root.name : ""
-                    }
-                }
-
-                Text {
-                    objectName: "status"
-                    Layout.maximumWidth: root.width * 0.55
-                    elide: Text.ElideRight
-                    text: root.statusText
-                    textFormat: Text.PlainText
-                    font.pixelSize: 11
-                    color: root.isFailed ? Theme.failure : Theme.secondary
-
-                    HoverTip {
-                        text: root.errorText
-                    }
-                }
-
-                Text {
-                    objectName: "eta"
-                    visible: text.length > 0
-                    text: root.etaText
-                    font.pixelSize: 11
-                    color: Theme.secondary
+                HoverTip {
+                    text: nameLabel.truncated ? root.name : ""
                 }
             }
 
-            ThinProgressBar {
-                objectName: "bar"
-                Layout.fillWidth: true
-                visible: !root.isQueued
-                value: root.progress
-                tint: root.statusKind === JobListModel.Successful ? Theme.success : root.isFailed ? Theme.failure : Theme.accent
-                Accessible.ignored: true
+            Text {
+                id: status
+
+                objectName: "status"
+                anchors.right: eta.left
+                anchors.rightMargin: eta.visible ? 8 : 0
+                anchors.verticalCenter: nameLabel.verticalCenter
+                width: Math.min(implicitWidth, root.width * 0.55)
+                elide: Text.ElideRight
+                text: root.statusText
+                textFormat: Text.PlainText
+                font.pixelSize: 11
+                color: root.isFailed ? Theme.failure : Theme.secondary
+
+                HoverTip {
+                    text: root.errorText
+                }
+            }
+
+            Text {
+                id: eta
+
+                objectName: "eta"
+                anchors.right: parent.right
+                anchors.verticalCenter: nameLabel.verticalCenter
+                visible: text.length > 0
+                text: root.etaText
+                font.pixelSize: 11
+                color: Theme.secondary
+            }
+
+            Loader {
+                id: bar
+
+                anchors.left: parent.left
+                anchors.right: parent.right
+                anchors.bottom: parent.bottom
+                active: !root.isQueued
+
+                // qmllint disable unqualified
+                sourceComponent: ThinProgressBar {
+                    objectName: "bar"
+                    value: root.progress
+                    tint: root.statusKind === JobListModel.Successful ? Theme.success : root.isFailed ? Theme.failure : Theme.accent
+                    Accessible.ignored: true
+                }
+                // qmllint enable unqualified
             }
         }
 
-        BorderlessButton {
+        SymbolButton {
             objectName: "removeButton"
             padding: 3
             visible: root.isQueued
@@ -166,15 +189,22 @@ FocusScope {
             onClicked: root.removeRequested()
         }
 
-        PushButton {
-            objectName: "retryButton"
-            visible: root.isFailed
+        Loader {
+            active: root.isFailed
+            visible: active
             focus: root.isFailed
-            focusPolicy: root.isTabStop || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
-            text: "Retry"
-            font.pixelSize: 11
-            Accessible.name: "Retry " + root.name
-            onClicked: root.retryRequested()
+
+            // qmllint disable unqualified
+            sourceComponent: PushButton {
+                objectName: "retryButton"
+                focus: true
+                focusPolicy: root.isTabStop || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
+                text: "Retry"
+                font.pixelSize: 11
+                Accessible.name: "Retry " + root.name
+                onClicked: root.retryRequested()
+            }
+            // qmllint enable unqualified
         }
     }
 }

@@ -72,7 +72,7 @@ Item {
         }
     }
 
-    BorderlessButton {
+    SymbolButton {
         objectName: "helpButton"
         anchors.right: parent.right
         anchors.rightMargin: 16
