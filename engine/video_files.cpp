@@ -1,12 +1,13 @@
 #include "engine/video_files.h"
 
+#include "platform/folder_entries.h"
 #include "platform/utf8.h"
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSet>
 
-#include <filesystem>
+#include <algorithm>
+#include <array>
 
 namespace marrowcut
 {
@@ -14,32 +15,24 @@ namespace marrowcut
 namespace
 {
 
-namespace fs = std::filesystem;
 using Reason = RefusedItem::Reason;
 
-void addEntry(const QString &folder, const std::string &nameBytes, ExpandedItems &items)
+void addEntry(const QString &folder, QByteArrayView nameBytes, ExpandedItems &items)
 {
     const auto name = decodeUtf8(nameBytes);
     if (name && isVideoFileName(*name))
         items.videoFiles.append(QUrl::fromLocalFile(folder + *name));
-    else if (!name && isVideoFileName(QString::fromLatin1(nameBytes.data(), qsizetype(nameBytes.size()))))
+    else if (!name && isVideoFileName(QString::fromLatin1(nameBytes)))
         items.refused.append({folder + shownBytes(nameBytes), Reason::nameIsNotText});
 }
 
 void addFolder(const QString &path, ExpandedItems &items)
 {
-    // Qt's own listing leaves out names that are not UTF-8 without a word.
-    std::error_code error;
-    fs::directory_iterator entry(QFile::encodeName(path).toStdString(), error);
-    if (error) {
-        items.refused.append({path, Reason::unreadableFolder});
-        return;
-    }
     const QString folder = path.endsWith(QLatin1Char('/')) ? path : path + QLatin1Char('/');
     const qsizetype before = items.videoFiles.size() + items.refused.size();
-    for (; !error && entry != fs::directory_iterator(); entry.increment(error))
-        addEntry(folder, entry->path().filename().native(), items);
-    if (items.videoFiles.size() + items.refused.size() == before)
+    if (!forEachEntry(path, [&](QByteArrayView name) { addEntry(folder, name, items); }))
+        items.refused.append({path, Reason::unreadableFolder});
+    else if (items.videoFiles.size() + items.refused.size() == before)
         items.refused.append({path, Reason::folderWithoutVideoFiles});
 }
 
@@ -71,10 +64,11 @@ QString shownBytes(QByteArrayView bytes)
 
 bool isVideoFileName(const QString &name)
 {
-    static const QSet<QString> videoExtensions = {QStringLiteral("mxf"), QStringLiteral("mov"),
-                                                  QStringLiteral("mp4")};
-    const qsizetype dot = name.lastIndexOf(QLatin1Char('.'));
-    return dot >= 0 && videoExtensions.contains(name.sliced(dot + 1).toLower());
+    constexpr std::array videoExtensions = {QLatin1String(".mxf"), QLatin1String(".mov"),
+                                            QLatin1String(".mp4")};
+    return std::ranges::any_of(videoExtensions, [&name](QLatin1String extension) {
+        return name.endsWith(extension, Qt::CaseInsensitive);
+    });
 }
 
 ExpandedItems expandVideoFiles(const QList<QUrl> &urls)

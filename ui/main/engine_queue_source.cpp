@@ -1,9 +1,20 @@
 #include "ui/main/engine_queue_source.h"
 
 #include "engine/burn_in_engine.h"
+#include "engine/video_files.h"
+
+#include <algorithm>
+#include <utility>
 
 namespace marrowcut
 {
+
+namespace
+{
+
+constexpr qsizetype clipsPerFrame = 500; // the engine takes some 6 us for each
+
+} // namespace
 
 EngineQueueSource::EngineQueueSource(BurnInEngine &engine, QObject *parent)
     : QueueSource(parent)
@@ -34,7 +45,23 @@ void EngineQueueSource::setQualityPreset(QualityPreset preset)
 
 void EngineQueueSource::enqueue(const QList<QUrl> &urls)
 {
-    m_engine.enqueue(urls);
+    m_waiting += expandVideoFiles(urls).videoFiles;
+    feedLater();
+}
+
+void EngineQueueSource::feedLater()
+{
+    if (!m_waiting.isEmpty() && !std::exchange(m_isFeeding, true))
+        QMetaObject::invokeMethod(this, &EngineQueueSource::feedEngine, Qt::QueuedConnection);
+}
+
+void EngineQueueSource::feedEngine()
+{
+    const qsizetype count = std::min(m_waiting.size(), clipsPerFrame);
+    m_engine.enqueue(m_waiting.first(count));
+    m_waiting.remove(0, count);
+    m_isFeeding = false;
+    feedLater();
 }
 
 void EngineQueueSource::removeFromQueue(const QUuid &id)

@@ -2,12 +2,15 @@
 
 #include "ui/main/queue_source.h"
 
+#include <QUrl>
+
 namespace marrowcut
 {
 
 class BurnInEngine;
 
-/// The queue of an engine, which must outlive it.
+/// The queue of an engine, which must outlive it. The many clips of a large folder are queued a part at a
+/// time, so that the window can draw in between.
 class EngineQueueSource : public QueueSource
 {
     Q_OBJECT
@@ -29,7 +32,12 @@ public:
     void start() override;
 
 private:
+    void feedLater();
+    void feedEngine();
+
     BurnInEngine &m_engine;
+    QList<QUrl> m_waiting;    ///< clips that the engine does not have yet
+    bool m_isFeeding = false; ///< feedEngine() is to come
 };
 
 } // namespace marrowcut

@@ -40,15 +40,19 @@ public:
     QHash<int, QByteArray> roleNames() const override;
 
     /// Makes the model show these jobs. They come in the order of the last time: some may be gone,
-    /// some changed, new ones stand at the end.
+    /// some changed, new ones stand at the end. Where jobs are gone in very many places, views get time to
+    /// draw in between, and the rest follows.
     void mirror(const QList<ProxyJob> &jobs);
 
 private:
-    void removeMissing(const QList<ProxyJob> &jobs);
-    void updateChanged(const QList<ProxyJob> &jobs);
-    void appendNew(const QList<ProxyJob> &jobs);
+    void approach();
+    bool removeMissing();
+    void updateChanged();
+    void appendNew();
 
     QList<ProxyJob> m_jobs;
+    QList<ProxyJob> m_wanted;
+    bool m_isApproaching = false;
 };
 
 } // namespace marrowcut

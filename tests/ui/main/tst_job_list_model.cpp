@@ -103,6 +103,27 @@ private Q_SLOTS:
         QVERIFY(watched.changed.isEmpty() && watched.reset.isEmpty());
     }
 
+    void removalInManyPlacesGoesOnWhileTheQueueChanges()
+    {
+        Watched watched;
+        QList<ProxyJob> jobs = manyJobs(700);
+        watched.model.mirror(jobs);
+        for (qsizetype row = 698; row >= 0; row -= 2)
+            jobs.removeAt(row);
+        watched.model.mirror(jobs);
+        QVERIFY(watched.removed.size() < 350); // the rest is left for later
+        jobs.first().status = JobStatus::done();
+        jobs += jobsNamed({QStringLiteral("new.mov")});
+        watched.model.mirror(jobs);
+        QTRY_COMPARE(watched.model.rowCount(), 351);
+        for (int row = 0; row < 351; ++row)
+            QCOMPARE(watched.model.index(row).data(JobListModel::JobIdRole).toString(),
+                     jobs[row].id.toString());
+        QCOMPARE(watched.model.index(0).data(JobListModel::StatusTextRole).toString(),
+                 QStringLiteral("Done"));
+        QVERIFY(watched.reset.isEmpty());
+    }
+
     void removalChangeAndInsertInOneStep()
     {
         Watched watched;

@@ -1,0 +1,26 @@
+#include "platform/folder_entries.h"
+
+#include <QFile>
+
+#include <dirent.h>
+
+#include <memory>
+
+namespace marrowcut
+{
+
+bool forEachEntry(const QString &folder, const std::function<void(QByteArrayView)> &tell)
+{
+    const auto close = [](DIR *open) { closedir(open); };
+    const std::unique_ptr<DIR, decltype(close)> directory(opendir(QFile::encodeName(folder).constData()));
+    if (!directory)
+        return false;
+    while (const dirent *entry = readdir(directory.get())) {
+        const QByteArrayView name(entry->d_name);
+        if (name != "." && name != "..")
+            tell(name);
+    }
+    return true;
+}
+
+} // namespace marrowcut
