@@ -44,11 +44,11 @@ def seconds_to_end(*command):
     return time.monotonic() - begin
 
 
-def report(what, ours, least, pairs, limit):
+def report(what, ours, least, pairs, limit=None):
     one, other = (statistics.median(column) * 1000 for column in zip(*pairs))
     ratio = statistics.median(mine / its for mine, its in pairs)
-    print(f"{what}: {ours} {one:.1f} ms, {least} {other:.1f} ms, median ratio {ratio:.2f}; "
-          f"limit {limit}: {'held' if ratio <= limit else 'NOT held'}")
+    verdict = f"; limit {limit}: {'held' if ratio <= limit else 'NOT held'}" if limit else ""
+    print(f"{what}: {ours} {one:.1f} ms, {least} {other:.1f} ms, median ratio {ratio:.2f}{verdict}")
 
 
 def main(programs):
@@ -59,8 +59,7 @@ def main(programs):
                    seconds_to_window(desktop, windows, f"{programs}/bench-empty-window", "software"))
                   for _ in range(WINDOW_ROUNDS + 1)][1:]  # the first warms the caches
     report("start to window", "marrowcut", "an empty window", [taken[:2] for taken in rounds], WINDOW_LIMIT)
-    report("start to window", "marrowcut", "an empty window without OpenGL", [taken[::2] for taken in rounds],
-           WINDOW_LIMIT)
+    report("start to window", "marrowcut", "an empty window without OpenGL", [taken[::2] for taken in rounds])
     pairs = [(seconds_to_end(f"{programs}/marrowcut-cli", "--version"), seconds_to_end(f"{programs}/bench-empty-core"))
              for _ in range(COMMAND_ROUNDS + 1)][1:]
     report("start to version", "marrowcut-cli --version", "an empty program", pairs, COMMAND_LIMIT)

@@ -3,15 +3,22 @@
 
 #include "frame_recorder.h"
 
+#include "engine/burn_in_engine.h"
+#include "platform/desktop_file_viewer.h"
+#include "platform/notification_center.h"
+#include "platform/preference_store.h"
+#include "ui/main/engine_queue_source.h"
+#include "ui/main/queue_view_model.h"
 #include "ui/main/scripted/scripted_queue.h"
 #include "ui/sheets/diagnostics_report.h"
 #include "ui/sheets/help_state.h"
 
 #include <QEventLoop>
+#include <QFile>
 #include <QQmlExtensionPlugin>
 #include <QQuickItem>
-#include <QQuickStyle>
 #include <QQuickView>
+#include <QTemporaryDir>
 #include <QTextStream>
 #include <QTimer>
 
@@ -106,9 +113,20 @@ QList<Operation> operations(ScriptedQueue &queue, QQuickView &view)
     };
 }
 
-void reportFrames(FrameRecorder &recorder, ScriptedQueue &queue, QQuickView &view, QTextStream &out)
+/// The same where the engine has its part in it.
+QList<Operation> engineOperations(const BurnInEngine &engine, QueueViewModel &model, const QString &folder)
 {
-    for (const Operation &operation : operations(queue, view)) {
+    return {
+        {"a dropped folder of 10,000", [&model, folder] { model.handleDrop({QUrl::fromLocalFile(folder)}); }},
+        {"a row of them is removed",
+         [&engine, &model] { model.removeFromQueue(engine.jobs().first().id.toString()); }},
+        {"Select None of them", [&model] { model.toggleAllSelected(); }},
+    };
+}
+
+void reportFrames(FrameRecorder &recorder, const QList<Operation> &operations, QTextStream &out)
+{
+    for (const Operation &operation : operations) {
         operation.prepare();
         runEventLoop(200);
         recorder.reset();
@@ -127,23 +145,9 @@ void reportFrames(FrameRecorder &recorder, ScriptedQueue &queue, QQuickView &vie
     }
 }
 
-} // namespace
-
-int main(int argc, char *argv[])
+void show(QQuickView &view, QueueViewModel *model, HelpState &helpState, DiagnosticsReport &report)
 {
-    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-    FrameRecorder application(argc, argv);
-    QQuickStyle::setStyle(QStringLiteral("Fusion"));
-
-    ScriptedQueue queue;
-    for (const QUrl &clip : clips(0, jobCount))
-        queue.add(clip.toLocalFile(), QStringLiteral("queued"));
-    queue.setStatus(0, QStringLiteral("encoding"));
-    HelpState helpState;
-    DiagnosticsReport report([&queue] { return queue.jobs(); });
-
-    QQuickView view;
-    view.setInitialProperties({{QStringLiteral("queue"), QVariant::fromValue(queue.viewModel())},
+    view.setInitialProperties({{QStringLiteral("queue"), QVariant::fromValue(model)},
                                {QStringLiteral("helpState"), QVariant::fromValue(&helpState)},
                                {QStringLiteral("report"), QVariant::fromValue(&report)}});
     view.setResizeMode(QQuickView::SizeRootObjectToView);
@@ -151,11 +155,51 @@ int main(int argc, char *argv[])
     view.resize(480, 460);
     view.show();
     runEventLoop(1000);
+}
 
-    QTextStream out(stdout);
+void measureScripted(FrameRecorder &recorder, HelpState &helpState, QTextStream &out)
+{
+    ScriptedQueue queue;
+    for (const QUrl &clip : clips(0, jobCount))
+        queue.add(clip.toLocalFile(), QStringLiteral("queued"));
+    queue.setStatus(0, QStringLiteral("encoding"));
+    DiagnosticsReport report([&queue] { return queue.jobs(); });
+    QQuickView view;
+    show(view, queue.viewModel(), helpState, report);
     out << QStringLiteral("%1 jobs, two reports a second: %2 % of one core; %3 row items exist\n")
                .arg(jobCount)
                .arg(shareOfOneCore(queue) * 100, 0, 'f', 1)
                .arg(rowItems(view));
-    reportFrames(application, queue, view, out);
+    reportFrames(recorder, operations(queue, view), out);
+}
+
+void measureWithEngine(FrameRecorder &recorder, HelpState &helpState, QTextStream &out)
+{
+    const QTemporaryDir folder;
+    for (const QUrl &clip : clips(0, jobCount))
+        QFile(folder.filePath(clip.fileName())).open(QIODevice::WriteOnly);
+    MemoryPreferenceStore preferences;
+    MemoryNotificationCenter notifications(false);
+    BurnInEngine engine(preferences, notifications);
+    EngineQueueSource source(engine);
+    DesktopFileViewer viewer([](const QUrl &) {});
+    QueueViewModel model(source, viewer);
+    DiagnosticsReport report([&engine] { return engine.jobs(); });
+    QQuickView view;
+    show(view, &model, helpState, report);
+    reportFrames(recorder, engineOperations(engine, model, folder.path()), out);
+    if (engine.jobs().size() != jobCount - 1)
+        qFatal("%lld clips queued", engine.jobs().size());
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    FrameRecorder application(argc, argv);
+    HelpState helpState;
+    QTextStream out(stdout);
+    measureScripted(application, helpState, out);
+    measureWithEngine(application, helpState, out);
 }
