@@ -147,7 +147,7 @@ private:
         try {
             const auto result = ProcessRunner::run(FFmpegLocator::ffmpegPath(), arguments, options);
             m_tail.append(result.stderr);
-            // A part that cannot be read ends the joining early, with success.
+            // A part that cannot be read ends the joining early, with success and this among the last words.
             return result.status == 0 && !result.stderr.contains(QStringLiteral("Impossible to open")) &&
                    isFinished(m_joinedOutput);
         } catch (const ProcessRunner::LaunchError &) {

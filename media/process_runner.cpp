@@ -9,6 +9,8 @@
 #include <QProcess>
 #include <QTimer>
 
+#include <algorithm>
+
 namespace marrowcut::ProcessRunner
 {
 
@@ -51,15 +53,28 @@ qint32 runToEnd(QProcess &process, const Options &options)
     return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : 128 + process.exitCode();
 }
 
+/// What is kept of a child's error output: no part of a character is left over at its beginning.
+QByteArray lastBytes(const QByteArray &bytes)
+{
+    qsizetype begin = std::max<qsizetype>(bytes.size() - keptErrorOutput, 0);
+    while (begin > 0 && begin < bytes.size() && (static_cast<unsigned char>(bytes[begin]) & 0xC0) == 0x80)
+        ++begin;
+    return bytes.sliced(begin);
+}
+
 } // namespace
 
 CapturedResult run(const QString &executable, const QStringList &arguments, const Options &options)
 {
     QProcess process;
     prepare(process, executable, arguments, options);
+    QByteArray errors;
+    const auto takeErrors = [&] { errors = lastBytes(errors + process.readAllStandardError()); };
+    QObject::connect(&process, &QProcess::readyReadStandardError, &process, takeErrors);
     const qint32 status = runToEnd(process, options);
+    takeErrors();
     return {status, decodeUtf8(process.readAllStandardOutput()).value_or(QString()),
-            decodeUtf8(process.readAllStandardError()).value_or(QString())};
+            decodeUtf8(errors).value_or(QString())};
 }
 
 qint32 runStreaming(const QString &executable, const QStringList &arguments,

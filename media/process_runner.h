@@ -27,8 +27,11 @@ public:
 struct CapturedResult {
     qint32 status = 0;
     QString stdout; ///< all of it as text; empty when it is not valid UTF-8
-    QString stderr; ///< likewise
+    QString stderr; ///< likewise, of what came last: a flood is not kept
 };
+
+/// How much of a captured child's error output is kept, in bytes.
+constexpr qsizetype keptErrorOutput = 1 << 16;
 
 struct Options {
     QString workingDirectory = {};            ///< empty: the program's own

@@ -15,6 +15,9 @@ public:
     {
     }
 
+    /// Of a line that nobody would read to its end, its beginning is kept.
+    static constexpr qsizetype longestLine = 4096; // characters
+
     /// Appends the pieces between line feeds, without the empty ones; the oldest lines give way.
     void append(const QString &text);
 
