@@ -51,11 +51,16 @@ bool BurnInEngine::hasSelectedQueuedJobs() const
 QList<RefusedItem> BurnInEngine::enqueue(const QList<QUrl> &urls)
 {
     const ExpandedItems items = expandVideoFiles(urls);
-    for (const QUrl &videoFile : items.videoFiles) {
+    enqueueVideoFiles(items.videoFiles);
+    return items.refused;
+}
+
+void BurnInEngine::enqueueVideoFiles(const QList<QUrl> &videoFiles)
+{
+    for (const QUrl &videoFile : videoFiles) {
         if (!m_jobs.containsSource(videoFile))
             m_jobs.append(ProxyJob::forSource(videoFile));
     }
-    return items.refused;
 }
 
 void BurnInEngine::removeFromQueue(QUuid id)

@@ -52,6 +52,8 @@ public:
     /// Adds one job for each video file that the files and folders stand for and that is not listed
     /// yet. Returns the items that gave none.
     QList<RefusedItem> enqueue(const QList<QUrl> &urls);
+    /// The same for video files that are known to be some: nothing is looked up.
+    void enqueueVideoFiles(const QList<QUrl> &videoFiles);
     /// Only a queued job is removed.
     void removeFromQueue(QUuid id);
     /// Queued jobs only; one edit for each.

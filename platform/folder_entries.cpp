@@ -16,7 +16,8 @@ bool forEachEntry(const QString &folder, const std::function<void(QByteArrayView
     if (!directory)
         return false;
     while (const dirent *entry = readdir(directory.get())) {
-        const QByteArrayView name(entry->d_name);
+        const QByteArrayView name(
+            static_cast<const char *>(entry->d_name)); // longer than its array where it can be
         if (name != "." && name != "..")
             tell(name);
     }

@@ -33,11 +33,11 @@ public:
 
 private:
     void feedLater();
-    void feedEngine();
+    void feed(qsizetype count);
 
     BurnInEngine &m_engine;
     QList<QUrl> m_waiting;    ///< clips that the engine does not have yet
-    bool m_isFeeding = false; ///< feedEngine() is to come
+    bool m_isFeeding = false; ///< a part is about to follow
 };
 
 } // namespace marrowcut

@@ -6,6 +6,7 @@
 #include "ui/main/queue_view_model.h"
 #include "ui/main/scripted/scripted_queue.h"
 
+#include <QDir>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -64,6 +65,29 @@ private Q_SLOTS:
         QVERIFY(queue.isSelected(0) && queue.isSelected(1));
         queue.viewModel()->toggleAllSelected();
         QVERIFY(!queue.isSelected(0) && !queue.isSelected(1));
+    }
+
+    void aLargeFolderIsQueuedInPartsThatLookLikeOneDrop()
+    {
+        QTemporaryDir folder;
+        QVERIFY(
+            QDir(folder.path()).mkpath(QStringLiteral("a card.mov/inner.mov"))); // a name is all that counts
+        QVERIFY(QFile::link(QStringLiteral("/nowhere"), folder.filePath(QStringLiteral("dangling.mp4"))));
+        for (int number = 0; number < 1200; ++number)
+            QVERIFY(QFile(folder.filePath(QStringLiteral("%1.mxf").arg(number))).open(QIODevice::WriteOnly));
+        const QList<QUrl> drop = {QUrl::fromLocalFile(folder.path())};
+        EngineQueue inParts;
+        EngineQueue atOnce;
+        atOnce.engine.enqueue(drop);
+        inParts.source.enqueue(drop);
+        QTRY_VERIFY(!inParts.engine.jobs().isEmpty());
+        QVERIFY(inParts.engine.jobs().size() < 1202);
+        inParts.source.enqueue(drop); // comes behind what waits, and adds nothing
+        inParts.source.setAllSelected(false);
+        QCOMPARE(inParts.engine.jobs().size(), 1202);
+        for (qsizetype row = 0; row < 1202; ++row)
+            QCOMPARE(inParts.engine.jobs()[row].sourceURL, atOnce.engine.jobs()[row].sourceURL);
+        QVERIFY(!inParts.engine.hasSelectedQueuedJobs());
     }
 
     void anEngineIsEditedThroughIt()

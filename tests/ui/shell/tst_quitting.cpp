@@ -150,6 +150,22 @@ private Q_SLOTS:
         }
     }
 
+    void menusWorkByKeys()
+    {
+        QTest::keyClick(m_window, Qt::Key_F10);
+        for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Down, Qt::Key_Down, Qt::Key_Up, Qt::Key_Return})
+            QTest::keyClick(m_window, key);
+        QTRY_VERIFY(m_app->helpState()->showHelp());
+        m_app->helpState()->setShowHelp(false);
+
+        QTest::keyClick(m_window, Qt::Key_F10);
+        QTest::keyClick(m_window, Qt::Key_Down);
+        QTest::keyClick(m_window, Qt::Key_Escape);
+        QTest::keyClick(m_window, Qt::Key_Escape);
+        QTest::keyClick(m_window, Qt::Key_Return); // nobody's any more
+        QVERIFY(!m_app->helpState()->showAbout());
+    }
+
 private:
     void startRun()
     {
