@@ -2,12 +2,11 @@
 a final name unless it is whole, the manifest holds whole lines, the status says what happened, no child is left."""
 
 import os
-import re
 import shutil
 import subprocess
 import sys
 
-from harness import Failure, Workplace, check, enter_mount_namespace, report
+from harness import Failure, Workplace, check, check_manifest_lines, enter_mount_namespace, report
 
 SINGLE, LONG = "short.mov", "long.mov"
 ENCODE_ERROR, METADATA = "encode error", "could not read metadata"
@@ -73,14 +72,7 @@ def break_tool(place, name):
 
 def check_manifest(folder, outcomes, may_be_missing=False):
     """One whole line for each clip, of nine fields, with its outcome; on a full disk a line or all may be missing."""
-    path = folder / "marrowcut_proxies/manifest.csv"
-    lines = path.read_text().splitlines()[1:] if path.is_file() else []
-    found = {}
-    for line in lines:
-        fields = line.split(",")
-        check(len(fields) == 9 and re.fullmatch(r"\d{4}-\d\d-\d\dT\d\d:\d\d:\d\dZ", fields[8]), f"manifest: {line!r}")
-        found[fields[0]] = fields[7]
-    check(len(lines) == len(found), f"manifest: a clip twice: {lines}")
+    found = check_manifest_lines(folder)
     check(found == outcomes or (may_be_missing and not found), f"manifest: {found}")
 
 

@@ -4,6 +4,7 @@ a judgement of everything that a run leaves behind."""
 import atexit
 import functools
 import os
+import re
 import shutil
 import signal
 import subprocess
@@ -114,7 +115,8 @@ class Workplace:
         names = os.listdir(proxies) if os.path.isdir(proxies) else []
         for name in names:
             if name.endswith(b"_proxy.mp4") and not name.startswith(b".") and os.path.isfile(proxies + b"/" + name):
-                check(frame_count(proxies + b"/" + name) in set(whole.values()) | {10, 91}, f"{name} is not whole")
+                frames = self.frames_of_source(os.fsencode(folder), name.removesuffix(b"_proxy.mp4"))
+                check(frame_count(proxies + b"/" + name) in frames, f"{name} is not whole")
         for clip, frames in whole.items():
             path = proxies + b"/" + os.fsencode(clip).rpartition(b".")[0] + b"_proxy.mp4"
             check(os.path.isfile(path), f"no proxy of {clip}")
@@ -125,6 +127,26 @@ class Workplace:
                 content = file.read()
             check(content.startswith(HEADER.encode() + b"\n"), "the manifest's header")
             check(content.endswith(b"\n"), "the manifest's last line is torn")
+
+
+    def frames_of_source(self, folder, base):
+        """How many a whole proxy of the clip in the folder may have; a clip that is not one of ours has either."""
+        sizes = {self.clips["short.mov"].stat().st_size: 10, self.clips["long.mov"].stat().st_size: 91}
+        sources = [folder + b"/" + name for name in os.listdir(folder) if name.rpartition(b".")[0] == base]
+        return {sizes.get(os.stat(source).st_size) for source in sources} - {None} or set(sizes.values())
+
+
+def check_manifest_lines(folder):
+    """Nine fields each, for clips with plain names; the clips' outcomes."""
+    path = folder / "marrowcut_proxies/manifest.csv"
+    lines = path.read_text().splitlines()[1:] if path.is_file() else []
+    found = {}
+    for line in lines:
+        fields = line.split(",")
+        check(len(fields) == 9 and re.fullmatch(r"\d{4}-\d\d-\d\dT\d\d:\d\d:\d\dZ", fields[8]), f"manifest: {line!r}")
+        found[fields[0]] = fields[7]
+    check(len(lines) == len(found), f"manifest: a clip twice: {lines}")
+    return found
 
 
 def frame_count(path):

@@ -8,7 +8,7 @@ import sys
 import time
 from pathlib import Path
 
-from harness import SIGNALS, WINDOW_PROGRAM, Failure, Workplace, argument, check, report
+from harness import SIGNALS, WINDOW_PROGRAM, Failure, Workplace, argument, check, check_manifest_lines, report
 
 sys.path.insert(0, os.fspath(Path(__file__).parent.parent / "tests/support"))
 from desktop import Desktop, wait_until  # noqa: E402
@@ -43,7 +43,7 @@ def close_at(desktop, folder, moment):
     """In the window: "Go", and at the moment the window is closed twice, for the first time may only ask."""
     with Workplace(WINDOW_PROGRAM) as place:
         process = place.start(folder, extra=desktop.environment)
-        window = wait_until(lambda: windows(desktop), what="the window")[0]
+        window = wait_until(lambda: desktop.windows("Marrowcut"), what="the window")[0]
         desktop.run("xdotool", "windowactivate", "--sync", window, "key", "Return")
         wait_until((folder / "marrowcut_proxies").is_dir, what="the run")
         time.sleep(moment)
@@ -54,12 +54,6 @@ def close_at(desktop, folder, moment):
         place.check_no_children()
 
 
-def windows(desktop):
-    found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", "^Marrowcut$"], stdout=subprocess.PIPE,
-                           stderr=subprocess.DEVNULL, env=desktop.environment)
-    return found.stdout.decode().split()
-
-
 def end_at(place, desktop, number, name, moment):
     folder = prepare(place, number)
     if name == CLOSED:
@@ -67,9 +61,11 @@ def end_at(place, desktop, number, name, moment):
     else:
         kill_at(place, folder, name, moment)
     place.judge(folder, {})
+    check_manifest_lines(folder)
     status, output = place.run(folder)
     check(status == 0, f"the next run: {output}")
     place.judge(folder, {"a.mov": 91, "b.mov": 10})
+    check(set(check_manifest_lines(folder).values()) <= {"done"}, "the manifest after the next run")
 
 
 def try_all(desktop, moments):

@@ -5,22 +5,104 @@ import resource
 import shutil
 import signal
 import subprocess
+import sys
+from pathlib import Path
 
-from harness import Failure, Workplace, check, enter_mount_namespace, report
+from harness import WINDOW_PROGRAM, Failure, Workplace, check, enter_mount_namespace, report
+
+sys.path.insert(0, os.fspath(Path(__file__).parent.parent / "tests/support"))
+from desktop import Desktop, wait_until  # noqa: E402
 
 
 def proxy_of_one_clip(place, arguments=(), **keywords):
-    folder = place.folder / "clips"
-    folder.mkdir()
-    shutil.copy(place.clips["short.mov"], folder / "a.mov")
+    folder = clip_folder(place)
     status, output = place.run(*arguments, folder, **keywords)
     check(status == 0, f"status {status}: {output}")
     place.judge(folder, {"a.mov": 10})
     return folder, output
 
 
+def clip_folder(place):
+    folder = place.folder / "clips"
+    folder.mkdir()
+    shutil.copy(place.clips["short.mov"], folder / "a.mov")
+    return folder
+
+
+def proxy_through_the_window(place, extra):
+    """"Go", and the window is closed when the clip is done."""
+    folder = clip_folder(place)
+    with Desktop(window_manager=True) as desktop:
+        on_desktop = {name: desktop.environment[name] for name in ("DISPLAY", "DBUS_SESSION_BUS_ADDRESS")}
+        process = place.start(folder, extra={**on_desktop, **extra})
+        window = wait_until(lambda: desktop.windows("Marrowcut"), what="the window")[0]
+        desktop.run("xdotool", "windowactivate", "--sync", window, "key", "Return")
+        manifest = folder / "marrowcut_proxies/manifest.csv"
+        wait_until(lambda: manifest.exists() and ",done," in manifest.read_text(), what="the manifest")
+        while process.poll() is None:
+            desktop.run("xdotool", "key", "alt+F4")
+        process.communicate(timeout=60)
+    check(process.returncode == 0, f"the window's exit status {process.returncode}")
+    place.check_no_children()
+    place.judge(folder, {"a.mov": 10})
+
+
+# What surrounds the program: each makes its trouble in the place and returns what the environment says of it.
+
 def no_bus(place):
-    proxy_of_one_clip(place, ["--notify"], extra={"DBUS_SESSION_BUS_ADDRESS": "unix:path=/nonexistent"})
+    return {"DBUS_SESSION_BUS_ADDRESS": "unix:path=/nonexistent"}
+
+
+def no_home(place):
+    for name in ("HOME", "XDG_CONFIG_HOME", "XDG_RUNTIME_DIR"):
+        place.environment.pop(name, None)
+    return {}
+
+
+def read_only_configuration(place):
+    if enter_mount_namespace():
+        config = place.folder / "config"
+        config.mkdir()
+        subprocess.run(["mount", "-t", "tmpfs", "-o", "ro", "tmpfs", config], check=True)
+    return {}
+
+
+def garbage_preferences(place):
+    settings = place.folder / "config/marrowcut/marrowcut.ini"
+    settings.parent.mkdir(parents=True)
+    settings.write_bytes(b"\xff\x00[[[General]\nqualityPreset=\x00tiny\n=\n" + os.urandom(4096))
+    settings.chmod(0o444)
+    return {}
+
+
+def decimal_comma(place):
+    locales = place.folder / "locales"
+    locales.mkdir()
+    subprocess.run(["localedef", "-i", "de_DE", "-f", "UTF-8", locales / "de_DE.UTF-8"], check=True,
+                   stderr=subprocess.DEVNULL)
+    german = {"LC_ALL": "de_DE.UTF-8", "LANG": "de_DE.UTF-8", "LOCPATH": os.fspath(locales)}
+    said = subprocess.run(["locale", "decimal_point"], env=dict(os.environ, **german), stdout=subprocess.PIPE)
+    check(said.stdout == b",\n", "the locale does not work")
+    return german
+
+
+SURROUNDINGS = [no_bus, no_home, read_only_configuration, garbage_preferences, decimal_comma]
+
+
+def in_surroundings(make):
+    """The command line, and the window where there is one, do their work and leave what they find."""
+    def run(place):
+        extra = make(place)
+        settings = place.folder / "config/marrowcut/marrowcut.ini"
+        found = settings.read_bytes() if settings.exists() else None
+        folder, _ = proxy_of_one_clip(place, ["--notify", "--quality", "tiny"], extra=extra)
+        check(",0.4,0," in (folder / "marrowcut_proxies/manifest.csv").read_text(), "the manifest's number")
+        check(found is None or settings.read_bytes() == found, "the preference file was changed")
+        if WINDOW_PROGRAM.exists():
+            with Workplace(WINDOW_PROGRAM) as other:
+                proxy_through_the_window(other, make(other))
+    run.__name__ = make.__name__
+    return run
 
 
 def no_notification_server(place):
@@ -33,41 +115,6 @@ def no_notification_server(place):
     finally:
         bus.terminate()
         bus.communicate()
-
-
-def no_home(place):
-    for name in ("HOME", "XDG_CONFIG_HOME", "XDG_RUNTIME_DIR"):
-        place.environment.pop(name, None)
-    proxy_of_one_clip(place)
-
-
-def read_only_configuration(place):
-    if enter_mount_namespace():
-        config = place.folder / "config"
-        config.mkdir()
-        subprocess.run(["mount", "-t", "tmpfs", "-o", "ro", "tmpfs", config], check=True)
-    proxy_of_one_clip(place, ["--quality", "tiny"])
-
-
-def garbage_preferences(place):
-    settings = place.folder / "config/marrowcut/marrowcut.ini"
-    settings.parent.mkdir(parents=True)
-    garbage = b"\xff\x00[[[General]\nqualityPreset=\x00tiny\n=\n" + os.urandom(4096)
-    settings.write_bytes(garbage)
-    proxy_of_one_clip(place)
-    check(settings.read_bytes() == garbage, "the preference file was changed")
-
-
-def decimal_comma(place):
-    locales = place.folder / "locales"
-    locales.mkdir()
-    subprocess.run(["localedef", "-i", "de_DE", "-f", "UTF-8", locales / "de_DE.UTF-8"], check=True,
-                   stderr=subprocess.DEVNULL)
-    german = {"LC_ALL": "de_DE.UTF-8", "LANG": "de_DE.UTF-8", "LOCPATH": os.fspath(locales)}
-    said = subprocess.run(["locale", "decimal_point"], env=dict(os.environ, **german), stdout=subprocess.PIPE)
-    check(said.stdout == b",\n", "the locale does not work")
-    folder, _ = proxy_of_one_clip(place, extra=german)
-    check(",0.4,0," in (folder / "marrowcut_proxies/manifest.csv").read_text(), "the manifest's number")
 
 
 def clock_jumps_back(place):
@@ -113,8 +160,16 @@ def open_file_limit(place):
 
 
 def flood_of_messages(place):
+    """From every tool, at every step: 100 MB in lines, then 10 MB without a line break."""
     noise = 'head -c 100000000 /dev/zero | tr "\\0" "x" | fold -w 200 >&2; head -c 10000000 /dev/zero | tr "\\0" "y" >&2'
-    proxy_of_one_clip(place, fault=f"[ $tool = ffmpeg ] && {{ {noise}; }}")
+    folder = clip_folder(place)
+    shutil.copy(place.clips["long.mov"], folder / "b.mov")
+    (folder / "broken.mov").write_text("nothing")
+    steps = 'case "$tool $*" in ffmpeg*|*format=duration*|*-show_format*)'
+    status, output = place.run(folder, fault=f"{steps} {noise};; esac")
+    check(status == 1 and "2 of 3 done" in output, f"status {status}: {output[-300:]}")
+    check(len(output) < 100000, f"{len(output)} characters are said of it")
+    place.judge(folder, {"a.mov": 10, "b.mov": 91})
     mebibytes = resource.getrusage(resource.RUSAGE_CHILDREN).ru_maxrss / 1024
     check(mebibytes < 200, f"{mebibytes:.0f} MiB")
 
@@ -132,8 +187,8 @@ def ignored_termination(place):
     check(process.returncode == 130, f"status {process.returncode}")
 
 
-CHECKS = [no_bus, no_notification_server, no_home, read_only_configuration, garbage_preferences, decimal_comma,
-          clock_jumps_back, open_file_limit, flood_of_messages, ignored_termination]
+CHECKS = [*map(in_surroundings, SURROUNDINGS), no_notification_server, clock_jumps_back, open_file_limit,
+          flood_of_messages, ignored_termination]
 
 
 def main():
@@ -143,7 +198,7 @@ def main():
         with Workplace() as place:
             try:
                 run(place)
-            except (Failure, OSError, subprocess.SubprocessError) as problem:
+            except (Failure, AssertionError, OSError, subprocess.SubprocessError) as problem:
                 failures.append(f"{run.__name__}: {problem}")
     report("trouble", len(CHECKS), failures)
 

@@ -40,18 +40,13 @@ class WindowTest(unittest.TestCase):
         self.program = self.desktop.start([PROGRAM, *arguments])
         self.addCleanup(self.end_program)
         self.app = self.accessible.Application("marrowcut")
-        self.window = wait_until(lambda: self.windows("Marrowcut"), what="the window")[0]
+        self.window = wait_until(lambda: self.desktop.windows("Marrowcut"), what="the window")[0]
 
     def end_program(self):
         if self.program.poll() is None:
             self.program.terminate()
         self.program.wait(10)
-        wait_until(lambda: not self.windows("Marrowcut"), what="the window's end")
-
-    def windows(self, title):
-        found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", f"^{title}$"], stdout=subprocess.PIPE,
-                               env=self.desktop.environment)
-        return found.stdout.decode().split()
+        wait_until(lambda: not self.desktop.windows("Marrowcut"), what="the window's end")
 
     def xdotool(self, *arguments):
         return self.desktop.run("xdotool", *map(str, arguments))
@@ -59,7 +54,7 @@ class WindowTest(unittest.TestCase):
     def drag_onto_window(self, path, *names):
         """With the mouse, from a window of another process to the middle of ours, which then lists the names."""
         source = self.desktop.start(["/usr/bin/python3", SUPPORT / "drag_source.py", path])
-        other = wait_until(lambda: self.windows("drag source"), what="the drag source")[0]
+        other = wait_until(lambda: self.desktop.windows("drag source"), what="the drag source")[0]
         self.xdotool("windowmove", "--sync", other, 20, 20)
         self.xdotool("windowmove", "--sync", self.window, 500, 200)
         self.xdotool("windowraise", other)

@@ -76,6 +76,12 @@ class Desktop:
         return subprocess.run(command, env=self.environment, check=True, stdout=subprocess.PIPE, timeout=60,
                               **keywords).stdout.decode()
 
+    def windows(self, title):
+        """The ids of those that show."""
+        found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", f"^{title}$"], env=self.environment,
+                               stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+        return found.stdout.decode().split()
+
     def notifications(self):
         """Those shown so far, the latest first."""
         self.run("dunstctl", "close-all")
