@@ -13,6 +13,7 @@
 #include "ui/sheets/diagnostics_report.h"
 #include "ui/sheets/help_state.h"
 
+#include <QAbstractItemModel>
 #include <QEventLoop>
 #include <QFile>
 #include <QQmlExtensionPlugin>
@@ -81,6 +82,7 @@ struct Operation {
     const char *name;
     std::function<void()> perform;
     std::function<void()> prepare = [] {}; ///< is not recorded
+    int milliseconds = 500;                ///< in which it is done
 };
 
 void finish(ScriptedQueue &queue, int rows, int step)
@@ -117,7 +119,8 @@ QList<Operation> operations(ScriptedQueue &queue, QQuickView &view)
 QList<Operation> engineOperations(const BurnInEngine &engine, QueueViewModel &model, const QString &folder)
 {
     return {
-        {"a dropped folder of 10,000", [&model, folder] { model.handleDrop({QUrl::fromLocalFile(folder)}); }},
+        {"a dropped folder of 10,000", [&model, folder] { model.handleDrop({QUrl::fromLocalFile(folder)}); },
+         [] {}, 3000},
         {"a row of them is removed",
          [&engine, &model] { model.removeFromQueue(engine.jobs().first().id.toString()); }},
         {"Select None of them", [&model] { model.toggleAllSelected(); }},
@@ -131,7 +134,7 @@ void reportFrames(FrameRecorder &recorder, const QList<Operation> &operations, Q
         runEventLoop(200);
         recorder.reset();
         QTimer::singleShot(0, operation.perform); // within an event, so that it is recorded
-        runEventLoop(500);
+        runEventLoop(operation.milliseconds);
         const FrameRecorder::Longest longest = recorder.longest();
         out << QStringLiteral(
                    "%1: the main thread was busy for %2 ms at most (%3 ms on the clock); limit %4: %5\n")
@@ -173,23 +176,57 @@ void measureScripted(FrameRecorder &recorder, HelpState &helpState, QTextStream 
     reportFrames(recorder, operations(queue, view), out);
 }
 
+/// The window on a real engine.
+struct EngineWindow {
+    explicit EngineWindow(HelpState &helpState) { show(view, &model, helpState, report); }
+
+    MemoryPreferenceStore preferences;
+    MemoryNotificationCenter notifications{false};
+    BurnInEngine engine{preferences, notifications};
+    EngineQueueSource source{engine};
+    DesktopFileViewer viewer{[](const QUrl &) {}};
+    QueueViewModel model{source, viewer};
+    DiagnosticsReport report{[this] { return engine.jobs(); }};
+    QQuickView view;
+};
+
+void fill(const QTemporaryDir &folder, int count)
+{
+    for (const QUrl &clip : clips(0, count))
+        QFile(folder.filePath(clip.fileName())).open(QIODevice::WriteOnly);
+}
+
+/// From the drop of a folder until its last row is listed, in microseconds for each clip.
+double dropCost(HelpState &helpState, int count)
+{
+    const QTemporaryDir folder;
+    fill(folder, count);
+    EngineWindow window(helpState);
+    QEventLoop loop;
+    QObject::connect(window.model.jobs(), &QAbstractItemModel::rowsInserted, &loop, [&] {
+        if (window.model.jobs()->rowCount() == count)
+            loop.quit();
+    });
+    const double before = processorSeconds();
+    window.model.handleDrop({QUrl::fromLocalFile(folder.path())});
+    loop.exec();
+    return (processorSeconds() - before) * 1e6 / count;
+}
+
 void measureWithEngine(FrameRecorder &recorder, HelpState &helpState, QTextStream &out)
 {
     const QTemporaryDir folder;
-    for (const QUrl &clip : clips(0, jobCount))
-        QFile(folder.filePath(clip.fileName())).open(QIODevice::WriteOnly);
-    MemoryPreferenceStore preferences;
-    MemoryNotificationCenter notifications(false);
-    BurnInEngine engine(preferences, notifications);
-    EngineQueueSource source(engine);
-    DesktopFileViewer viewer([](const QUrl &) {});
-    QueueViewModel model(source, viewer);
-    DiagnosticsReport report([&engine] { return engine.jobs(); });
-    QQuickView view;
-    show(view, &model, helpState, report);
-    reportFrames(recorder, engineOperations(engine, model, folder.path()), out);
-    if (engine.jobs().size() != jobCount - 1)
-        qFatal("%lld clips queued", engine.jobs().size());
+    fill(folder, jobCount);
+    EngineWindow window(helpState);
+    reportFrames(recorder, engineOperations(window.engine, window.model, folder.path()), out);
+    if (window.engine.jobs().size() != jobCount - 1)
+        qFatal("%lld clips queued", window.engine.jobs().size());
+    for (const int count : {10000, 100000})
+        out << QStringLiteral(
+                   "a folder of %1 clips, from its drop to its last row: %2 us of processor time each\n")
+                   .arg(count)
+                   .arg(dropCost(helpState, count), 0, 'f', 1)
+            << Qt::flush;
 }
 
 } // namespace
