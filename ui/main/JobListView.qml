@@ -58,7 +58,7 @@ ColumnLayout {
             bottomMargin: 4
             model: root.queue.jobs
             reuseItems: true
-            cacheBuffer: 3 * 36 // rows that a drop puts there are made at once
+            cacheBuffer: 36 // rows that a drop puts there are made at once
             clip: true
             boundsBehavior: Flickable.StopAtBounds
             Accessible.role: Accessible.List

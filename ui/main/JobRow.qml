@@ -142,8 +142,15 @@ FocusScope {
                 font.pixelSize: 11
                 color: root.isFailed ? Theme.failure : Theme.secondary
 
-                HoverTip {
-                    text: root.errorText
+                Loader {
+                    anchors.fill: parent
+                    active: root.isFailed
+
+                    // qmllint disable unqualified
+                    sourceComponent: HoverTip {
+                        text: root.errorText
+                    }
+                    // qmllint enable unqualified
                 }
             }
 
