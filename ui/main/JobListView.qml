@@ -58,7 +58,7 @@ ColumnLayout {
             bottomMargin: 4
             model: root.queue.jobs
             reuseItems: true
-            cacheBuffer: 36 // rows that a drop puts there are made at once
+            cacheBuffer: 6 * 36 // fewer rows to make when the window grows; those that a drop puts there are made at once
             clip: true
             boundsBehavior: Flickable.StopAtBounds
             Accessible.role: Accessible.List
