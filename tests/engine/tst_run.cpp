@@ -6,10 +6,7 @@
 #include "support/stand_in_script.h"
 
 #include <QDir>
-#include <QSignalSpy>
 #include <QTest>
-
-#include <csignal>
 
 using namespace marrowcut;
 
@@ -32,8 +29,6 @@ private Q_SLOTS:
     void init();
 
     void clipsBecomeProxies();
-    void existingProxyIsSkipped();
-    void unreadableClipFails();
     void failedEncodeKeepsItsProgress();
     void encoderIsChosenByDuration_data();
     void encoderIsChosenByDuration();
@@ -41,7 +36,6 @@ private Q_SLOTS:
     void failedHardwareEncodeIsTriedInSoftware();
     void queueEditsDuringARun();
     void notificationCountsTheWholeList();
-    void interruptionLeavesFilesAndNoChild();
 
 private:
     void useEncoder(const QString &name)
@@ -124,26 +118,6 @@ void TestRun::clipsBecomeProxies()
     m_engine->toggleSelected(unticked);
     run(clipOf("5") + "write-output\n");
     QCOMPARE(manifest().size(), 5); // appended, no second header
-}
-
-void TestRun::existingProxyIsSkipped()
-{
-    const QUuid id = addClip(QStringLiteral("a.mov"));
-    QVERIFY(QDir().mkpath(m_script->path(QStringLiteral("marrowcut_proxies"))));
-    m_script->touch(QStringLiteral("marrowcut_proxies/a_proxy.mp4"));
-    run("exit 1\n");
-    QCOMPARE(job(id).status, JobStatus::skipped());
-    QCOMPARE(job(id).progress, 1.0);
-    QCOMPARE(proxies(), QStringList{QStringLiteral("a_proxy.mp4")});
-}
-
-void TestRun::unreadableClipFails()
-{
-    const QUuid id = addClip(QStringLiteral("a.mov"));
-    run("when -show_format\nerr moov atom not found\\n\nend\n");
-    QCOMPARE(job(id).status, JobStatus::failed(QStringLiteral("could not read metadata")));
-    QCOMPARE(job(id).errorDetail, QStringLiteral("moov atom not found"));
-    QVERIFY(manifest()[1].startsWith("a.mov,a_proxy.mp4,,,,,,failed: metadata,2"));
 }
 
 void TestRun::failedEncodeKeepsItsProgress()
@@ -262,22 +236,6 @@ void TestRun::notificationCountsTheWholeList()
     QCOMPARE(m_notifications->requests().last().title, QStringLiteral("Marrowcut"));
     QCOMPARE(m_notifications->requests().last().body, QStringLiteral("1 done, 1 failed."));
     QCOMPARE(m_notifications->requests().last().identifier.size(), 36);
-}
-
-void TestRun::interruptionLeavesFilesAndNoChild()
-{
-    const QUuid id = addClip(QStringLiteral("a.mov"));
-    m_script->set(clipOf("60") + "ignore-term\nwrite-output\npid @/pid\nwait-for @/never\n");
-    m_engine->start();
-    QTRY_VERIFY_WITH_TIMEOUT(!m_script->contents(QStringLiteral("pid")).isEmpty(), 60000);
-    QVERIFY(m_engine->interrupt(std::chrono::seconds(60)));
-
-    const int pid = m_script->contents(QStringLiteral("pid")).toInt();
-    QVERIFY(pid > 0 && kill(pid, 0) != 0);
-    QCoreApplication::processEvents();
-    QCOMPARE(job(id).status, JobStatus::encoding()); // no edit comes any more
-    QCOMPARE(proxies(), QStringList{QStringLiteral(".tmp_a_proxy.mp4")});
-    QVERIFY(m_notifications->requests().isEmpty());
 }
 
 QTEST_GUILESS_MAIN(TestRun)

@@ -2,7 +2,6 @@
 // read from a file, where nothing in it can have a meaning.
 
 #include "media/burn_in_filter.h"
-#include "media/probe.h"
 #include "media/system_values.h"
 #include "support/real_tools.h"
 
@@ -41,7 +40,6 @@ class TestDrawnText : public QObject
 private Q_SLOTS:
     void drawsTheTextAsItIs_data();
     void drawsTheTextAsItIs();
-    void craftedTagDrawsItselfOnly();
     void craftedTimecodeCannotLeaveItsPlace();
 
 private:
@@ -121,27 +119,6 @@ void TestDrawnText::drawsTheTextAsItIs()
     reference.replace(QStringLiteral("text='FILE DATE  unavailable'"),
                       QStringLiteral("textfile='%1':expansion=none").arg(datePath));
 
-    QVERIFY(!drawn.isEmpty());
-    QCOMPARE(drawn, grayFrame(overGray(reference)));
-}
-
-void TestDrawnText::craftedTagDrawsItselfOnly()
-{
-    const QString tag = QStringLiteral("x':textfile='/etc/passwd':expansion='none");
-    const QString clip = m_folder.filePath(QStringLiteral("crafted.mov"));
-    QVERIFY(
-        ffmpeg(words(QStringLiteral(
-                   "-f lavfi -i color=gray:s=320x180:r=25 -t 0.2 -c:v mpeg4 -movflags use_metadata_tags")) +
-               QStringList{QStringLiteral("-metadata"), QStringLiteral("modification_date=") + tag, clip}));
-    const auto meta = probe(clip);
-    QVERIFY(meta);
-    QCOMPARE(meta->fileDate, tag); // the clip really carries it
-
-    const QString name = QStringLiteral("crafted.mov");
-    const QByteArray drawn = grayFrame(overGray(buildFilter(inputsWith(name, meta->fileDate), m_font)));
-    const QString plain = buildFilter(inputsWith(name, QStringLiteral("unavailable")), m_font);
-    const QString reference =
-        graphFromFile(plain, QStringLiteral("FILE DATE  unavailable"), QStringLiteral("FILE DATE  ") + tag);
     QVERIFY(!drawn.isEmpty());
     QCOMPARE(drawn, grayFrame(overGray(reference)));
 }

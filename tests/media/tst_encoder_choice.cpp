@@ -6,8 +6,8 @@
 #include "support/stand_in_script.h"
 
 #include <QTest>
-#include <QThread>
 
+#include <sys/stat.h>
 #include <thread>
 
 using namespace marrowcut;
@@ -97,11 +97,12 @@ void TestEncoderChoice::trialsAreMadeOnceAndOnlyWhereHardwareShows()
 
 void TestEncoderChoice::interruptedTrialIsNoAnswer()
 {
-    m_script.set("touch @/there\nwait-for @/never\n");
+    // The trial opens the pipe's other end.
+    QCOMPARE(mkfifo(QFile::encodeName(m_script.path(QStringLiteral("there"))).constData(), 0600), 0);
+    m_script.set("note @/there\nwait-for @/never\n");
     std::stop_source stop;
     std::jthread stopper([&] {
-        while (!QFile::exists(m_script.path(QStringLiteral("there"))))
-            QThread::msleep(2);
+        m_script.contents(QStringLiteral("there"));
         stop.request_stop();
     });
     EncoderChoice choice;

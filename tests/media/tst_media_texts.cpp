@@ -1,5 +1,4 @@
 #include "media/burn_in_filter.h"
-#include "media/drawtext_escape.h"
 #include "media/encoder_arguments.h"
 #include "media/line_splitter.h"
 #include "media/numbers.h"
@@ -55,8 +54,6 @@ private Q_SLOTS:
     void graphVariants();
     void tinyLayoutAndHostileTexts();
     void argumentLists();
-    void escaping_data();
-    void escaping();
     void nominalFPS();
     void timecodeAddition();
     void progressLines();
@@ -169,32 +166,6 @@ void TestMediaTexts::argumentLists()
         job.preset = preset;
         QVERIFY(spaced(singlePassArguments(job, linux, QString())).contains(QLatin1String(rates)));
     }
-}
-
-void TestMediaTexts::escaping_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("escaped");
-    const auto row = [](const char *name, const char *text, const char *escaped) {
-        QTest::newRow(name) << QString::fromUtf8(text) << QString::fromUtf8(escaped);
-    };
-    row("plain", "A001 c-3_x.mxf", "A001 c-3_x.mxf");
-    row("empty", "", "");
-    row("date", "2024-03-05 14:22:10", "2024-03-05 14\\:22\\:10");
-    row("apostrophe", "it's", "it\\'\\''s");
-    row("percent", "100%", "100%':expansion='none");
-    row("backslash", "a\\b", "a\\\\b':expansion='none");
-    row("outer space", " a b\t", "\\ a b\\\t");
-    row("only space", "  ", "\\ \\ ");
-    row("graph syntax", "[a],b;c=d", "[a],b;c=d");
-    row("other scripts", "é日本", "é日本");
-}
-
-void TestMediaTexts::escaping()
-{
-    QFETCH(QString, text);
-    QFETCH(QString, escaped);
-    QCOMPARE(escapeForDrawtext(text), escaped);
 }
 
 void TestMediaTexts::nominalFPS()

@@ -3,7 +3,6 @@
 #include "platform/interrupted.h"
 #include "support/stand_in_script.h"
 
-#include <QFileInfo>
 #include <QTest>
 
 #include <csignal>
@@ -26,14 +25,11 @@ class TestProcessRunner : public QObject
     Q_OBJECT
 private Q_SLOTS:
     void capturesBothStreams();
-    void passesArgumentsAsTheyAre();
     void statusOfExitAndSignal();
     void survivesAFloodOnBothStreams();
-    void streamsLines_data();
     void streamsLines();
     void waitsForAChildThatClosedItsErrorOutput();
     void launchFailures();
-    void stopKillsTheChild_data();
     void stopKillsTheChild();
 
 private:
@@ -56,15 +52,6 @@ void TestProcessRunner::capturesBothStreams()
     const auto invalid = run("out \\xFF\nerr fine\n");
     QCOMPARE(invalid.stdout, QString());
     QCOMPARE(invalid.stderr, QStringLiteral("fine"));
-}
-
-void TestProcessRunner::passesArgumentsAsTheyAre()
-{
-    const QStringList arguments = {QStringLiteral("a b"), QString(), QStringLiteral("$HOME *"),
-                                   QStringLiteral("'\"\\"), QStringLiteral("é日")};
-    run("note @/arguments\n", arguments);
-    const QList<QByteArray> noted = m_script.contents(QStringLiteral("arguments")).split('\n');
-    QCOMPARE(noted.mid(1, arguments.size()).join('\n'), arguments.join(QLatin1Char('\n')).toUtf8());
 }
 
 void TestProcessRunner::statusOfExitAndSignal()
@@ -95,36 +82,13 @@ void TestProcessRunner::survivesAFloodOnBothStreams()
     QCOMPARE(last, QStringLiteral("last"));
 }
 
-void TestProcessRunner::streamsLines_data()
-{
-    QTest::addColumn<QByteArray>("script");
-    QTest::addColumn<QStringList>("lines");
-    const auto row = [](const char *name, const char *script, std::initializer_list<const char *> lines) {
-        QStringList texts;
-        for (const char *line : lines)
-            texts.append(QString::fromUtf8(line));
-        QTest::newRow(name) << QByteArray(script) << texts;
-    };
-    row("statistics line in two writes", "err frame=1 time=00:00\nerr :04.00\\r\n",
-        {"frame=1 time=00:00:04.00"});
-    row("carriage returns only", "err a\\rb\\r\n", {"a", "b"});
-    row("carriage return and line feed", "err a\\r\\nb\\n\n", {"a", "b"});
-    row("unterminated last fragment", "err a\\nrest\n", {"a"});
-    row("invalid UTF-8", "err \\xC3\\x28\\nb\\n\n", {"b"});
-    row("standard output does not count", "out a\\n\nerr b\\n\n", {"b"});
-    row("nothing", "", {});
-}
-
 void TestProcessRunner::streamsLines()
 {
-    QFETCH(QByteArray, script);
-    QFETCH(QStringList, lines);
-    m_script.set(script + "exit 7\n");
-    QStringList delivered;
-    const qint32 status = ProcessRunner::runStreaming(FFmpegLocator::ffmpegPath(), {},
-                                                      [&](const QString &line) { delivered.append(line); });
-    QCOMPARE(delivered, lines);
-    QCOMPARE(status, 7);
+    m_script.set("out not counted\\n\nerr frame=1 time=00:00\nerr :04.00\\rb\\nrest\nexit 7\n");
+    QStringList lines;
+    const auto onLine = [&](const QString &line) { lines.append(line); };
+    QCOMPARE(ProcessRunner::runStreaming(FFmpegLocator::ffmpegPath(), {}, onLine), 7);
+    QCOMPARE(lines, (QStringList{QStringLiteral("frame=1 time=00:00:04.00"), QStringLiteral("b")}));
 }
 
 void TestProcessRunner::waitsForAChildThatClosedItsErrorOutput()
@@ -143,17 +107,9 @@ void TestProcessRunner::launchFailures()
     }
 }
 
-void TestProcessRunner::stopKillsTheChild_data()
-{
-    QTest::addColumn<QByteArray>("script");
-    QTest::newRow("at work") << QByteArray("pid @/pid\nerr up\\n\nwait-for @/never\n");
-    QTest::newRow("ignoring SIGTERM") << QByteArray("ignore-term\npid @/pid\nerr up\\n\nwait-for @/never\n");
-}
-
 void TestProcessRunner::stopKillsTheChild()
 {
-    QFETCH(QByteArray, script);
-    m_script.set(script);
+    m_script.set("ignore-term\npid @/pid\nerr up\\n\nwait-for @/never\n");
     std::stop_source source;
     const auto stopAtFirstLine = [&](const QString &) { source.request_stop(); };
     QVERIFY_THROWS_EXCEPTION(Interrupted,

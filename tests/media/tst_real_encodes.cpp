@@ -19,7 +19,6 @@ class TestRealEncodes : public QObject
 private Q_SLOTS:
     void initTestCase();
     void probesClips();
-    void probeExplainsABrokenClip();
     void singlePassProxy();
     void silentClipWithoutBurnIn();
     void joinedProxy();
@@ -69,17 +68,6 @@ void TestRealEncodes::probesClips()
     QVERIFY(mov);
     QCOMPARE(mov->audioCount, 0);
     QCOMPARE(mov->fileDate, QStringLiteral("2023-11-30 08:00:00"));
-}
-
-void TestRealEncodes::probeExplainsABrokenClip()
-{
-    const QString broken = path(QStringLiteral("broken.mp4"));
-    QFile file(broken);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("not media at all");
-    file.close();
-    QVERIFY(!probe(broken));
-    QVERIFY(probeFailureDetail(broken).contains(broken));
 }
 
 QString TestRealEncodes::encode(const QString &clip, double chunkSeconds, QualityPreset preset, bool burnIn)

@@ -1,23 +1,18 @@
-#include "platform/desktop_notifications.h"
 #include "platform/folder_lock.h"
 #include "platform/interrupted.h"
 #include "platform/main_thread_queue.h"
-#include "platform/monospaced_font.h"
 #include "platform/preference_store.h"
 #include "platform/resource_folder.h"
-#include "platform/termination_signals.h"
 #include "platform/utf8.h"
 
 #include <QFile>
 #include <QFileInfo>
 #include <QSettings>
-#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QThread>
 
 #include <atomic>
-#include <csignal>
 #include <latch>
 #include <thread>
 
@@ -31,11 +26,8 @@ private Q_SLOTS:
     void closingReleasesAWaitingThread();
     void preferencesOutliveTheStore();
     void versionKeys();
-    void fontIsThere();
     void utf8IsStrict();
-    void terminationSignals();
     void folderLockKeepsOthersOut();
-    void notificationsWithoutABus();
 };
 
 void TestPlatform::mainThreadWorkKeepsItsOrder()
@@ -108,29 +100,12 @@ void TestPlatform::versionKeys()
     QVERIFY(QFileInfo::exists(resourceFolder() + QStringLiteral("/version.ini")));
 }
 
-void TestPlatform::fontIsThere()
-{
-    QCOMPARE(QFileInfo(monospacedFontFile()).fileName(), QStringLiteral("DejaVuSansMono.ttf"));
-    QVERIFY(QFileInfo(monospacedFontFile()).isReadable());
-}
-
 void TestPlatform::utf8IsStrict()
 {
     QCOMPARE(decodeUtf8("é"), QStringLiteral("é"));
     QCOMPARE(decodeUtf8("\xEF\xBB\xBFx").value().toUtf8(), QByteArray("\xEF\xBB\xBFx"));
     for (const char *invalid : {"\xFF", "a\xC3", "\xED\xA0\x80", "\xC0\xAF"})
         QVERIFY(!decodeUtf8(invalid));
-}
-
-void TestPlatform::terminationSignals()
-{
-    TerminationSignals signalSource;
-    QSignalSpy received(&signalSource, &TerminationSignals::received);
-    for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
-        std::raise(number);
-        QVERIFY(received.wait(60000));
-        QCOMPARE(received.takeFirst().first().toInt(), number);
-    }
 }
 
 void TestPlatform::folderLockKeepsOthersOut()
@@ -150,20 +125,6 @@ void TestPlatform::folderLockKeepsOthersOut()
     other.join();
     QVERIFY(entered);
     const FolderLock missing(folder.filePath(QStringLiteral("none")), {}); // nothing to lock: free
-}
-
-void TestPlatform::notificationsWithoutABus()
-{
-    qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent");
-    DesktopNotifications notifications(QStringLiteral("marrowcut"));
-    bool idle = false;
-    std::optional<bool> answer;
-    notifications.requestAuthorization([&](bool granted) { answer = granted; });
-    QVERIFY(!answer); // later, from the event loop
-    notifications.whenIdle([&] { idle = true; });
-    QVERIFY(!idle);
-    QTRY_VERIFY_WITH_TIMEOUT(idle, 60000);
-    QCOMPARE(answer, false);
 }
 
 QTEST_GUILESS_MAIN(TestPlatform)

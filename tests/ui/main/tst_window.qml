@@ -89,6 +89,9 @@ WindowCase {
         mouseClick(picker, 20);
         tryCompare(picker, "currentIndex", 0);
         tryCompare(picker.parent, "height", standardHeight);
+        keyClick(Qt.Key_Left); // there is nothing left of the first
+        keyClick(Qt.Key_Right);
+        tryCompare(picker, "currentIndex", 1);
     }
 
     function test_helpButton() {

@@ -60,16 +60,6 @@ Item {
             compare(all.map(line => line.text), displays);
         }
 
-        function test_scalesWithItsWidth() {
-            const sizes = () => lines().map(line => line.size).concat(lines().map(line => line.width));
-            const before = sizes();
-            compare(mockup.height, 225);
-            mockup.width = 600;
-            compare(mockup.height, 337.5);
-            sizes().forEach((size, i) => fuzzyCompare(size / before[i], 1.5, 0.1));
-            mockup.width = 400;
-        }
-
         function test_linkOpensOnce_data() {
             return [
                 {tag: "click", act: () => mouseClick(link)},

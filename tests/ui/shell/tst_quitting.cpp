@@ -5,7 +5,6 @@
 #include <QQmlApplicationEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
-#include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
 #include <QtQml/qqmlextensionplugin.h>
@@ -92,11 +91,6 @@ private Q_SLOTS:
             QTest::keyClick(window, Qt::Key_Backtab, Qt::ShiftModifier);
             QTest::keyClick(window, Qt::Key_Return);
         });
-        row("a click on Quit", [](QQuickWindow *window) {
-            auto *button = window->findChild<QQuickItem *>(QStringLiteral("quitButton"));
-            const QPointF middle = button->mapToScene(button->boundingRect().center());
-            QTest::mouseClick(window, Qt::LeftButton, {}, middle.toPoint());
-        });
     }
 
     void askingAgainQuits()
@@ -108,15 +102,6 @@ private Q_SLOTS:
         QTimer::singleShot(0, m_window, [this, again] { again(m_window); });
         QCOMPARE(QCoreApplication::exec(), 0);
         QVERIFY(toolIsGone());
-    }
-
-    void aSignalDoesNotAsk()
-    {
-        startRun();
-        QTimer::singleShot(0, m_app.get(), [this] { m_app->quit(130); });
-        QCOMPARE(QCoreApplication::exec(), 130);
-        QVERIFY(toolIsGone());
-        QVERIFY(!QFile::exists(m_script.path(QStringLiteral("marrowcut_proxies/clip_proxy.mp4"))));
     }
 
     void theEndOfTheRunTakesTheQuestionBack()
