@@ -15,9 +15,8 @@ FocusScope {
     property alias menuBar: menuBarPlace.data
     readonly property alias isTargeted: dropTarget.isTargeted
     readonly property Item focusItem: Window.activeFocusItem
-
-    // What only a queue needs is made once the window is there.
-    property bool started: false
+    readonly property bool showsQueue: !queue.isEmpty
+    property bool started: false // what only a queue needs is made once the window is there
 
     function takeStrayFocus() {
         if (Window.active && (focusItem === null || focusItem === Window.contentItem))
@@ -66,14 +65,14 @@ FocusScope {
         DropZone {
             Layout.fillWidth: true
             Layout.fillHeight: true
-            visible: root.queue.isEmpty
+            visible: !root.showsQueue
         }
 
         OnDemand {
             Layout.fillWidth: true
             Layout.fillHeight: true
-            visible: !root.queue.isEmpty
-            wanted: root.started || !root.queue.isEmpty
+            visible: root.showsQueue
+            wanted: root.started || root.showsQueue
             file: Qt.resolvedUrl("JobListView.qml")
             values: ({ queue: root.queue })
         }
@@ -81,8 +80,8 @@ FocusScope {
         OnDemand {
             Layout.fillWidth: true
             Layout.margins: 12
-            visible: !root.queue.isEmpty
-            wanted: root.started || !root.queue.isEmpty
+            visible: root.showsQueue
+            wanted: root.started || root.showsQueue
             file: Qt.resolvedUrl("SummaryBar.qml")
             values: ({ queue: root.queue })
         }
@@ -113,5 +112,4 @@ FocusScope {
         furtherValues: ({ report: root.report })
         onDismissed: root.helpState.showDiagnostics = false
     }
-
 }
