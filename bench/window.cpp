@@ -118,7 +118,8 @@ QList<Operation> operations(ScriptedQueue &queue, QQuickView &view)
 }
 
 /// The same where the engine has its part in it.
-QList<Operation> engineOperations(const BurnInEngine &engine, QueueViewModel &model, const QString &folder)
+QList<Operation> engineOperations(const BurnInEngine &engine, QueueViewModel &model, const QString &folder,
+                                  const QList<QUrl> &files)
 {
     return {
         {"a dropped folder of 10,000", [&model, folder] { model.handleDrop({QUrl::fromLocalFile(folder)}); },
@@ -126,6 +127,7 @@ QList<Operation> engineOperations(const BurnInEngine &engine, QueueViewModel &mo
         {"a row of them is removed",
          [&engine, &model] { model.removeFromQueue(engine.jobs().first().id.toString()); }},
         {"Select None of them", [&model] { model.toggleAllSelected(); }},
+        {"1,000 dropped files", [&model, files] { model.handleDrop(files); }},
     };
 }
 
@@ -223,10 +225,14 @@ struct EngineWindow {
     QQuickView view;
 };
 
-void fill(const QTemporaryDir &folder, int count)
+QList<QUrl> fill(const QTemporaryDir &folder, int count)
 {
-    for (const QUrl &clip : clips(0, count))
-        QFile(folder.filePath(clip.fileName())).open(QIODevice::WriteOnly);
+    QList<QUrl> files;
+    for (const QUrl &clip : clips(0, count)) {
+        files.append(QUrl::fromLocalFile(folder.filePath(clip.fileName())));
+        QFile(files.last().toLocalFile()).open(QIODevice::WriteOnly);
+    }
+    return files;
 }
 
 /// From the drop of a folder until its last row is listed, in microseconds for each clip.
@@ -250,9 +256,11 @@ void measureWithEngine(FrameRecorder &recorder, HelpState &helpState, Rounds &ro
 {
     const QTemporaryDir folder;
     fill(folder, jobCount);
+    const QTemporaryDir other;
+    const QList<QUrl> files = fill(other, 1000);
     EngineWindow window(helpState);
-    recordFrames(recorder, engineOperations(window.engine, window.model, folder.path()), rounds);
-    if (window.engine.jobs().size() != jobCount - 1)
+    recordFrames(recorder, engineOperations(window.engine, window.model, folder.path(), files), rounds);
+    if (window.engine.jobs().size() != jobCount - 1 + files.size())
         qFatal("%lld clips queued", window.engine.jobs().size());
 }
 

@@ -50,7 +50,9 @@ bool BurnInEngine::hasSelectedQueuedJobs() const
 
 QList<RefusedItem> BurnInEngine::enqueue(const QList<QUrl> &urls)
 {
-    const ExpandedItems items = expandVideoFiles(urls);
+    VideoFileReader reader;
+    reader.add(urls);
+    const ExpandedItems items = reader.read();
     enqueueVideoFiles(items.videoFiles);
     return items.refused;
 }

@@ -1,9 +1,7 @@
 #include "engine/video_files.h"
 
-#include "platform/folder_entries.h"
 #include "platform/utf8.h"
 
-#include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -16,39 +14,6 @@ namespace
 {
 
 using Reason = RefusedItem::Reason;
-
-void addEntry(const QString &folder, QByteArrayView nameBytes, ExpandedItems &items)
-{
-    const auto name = decodeUtf8(nameBytes);
-    if (name && isVideoFileName(*name))
-        items.videoFiles.append(QUrl::fromLocalFile(folder + *name));
-    else if (!name && isVideoFileName(QString::fromLatin1(nameBytes)))
-        items.refused.append({folder + shownBytes(nameBytes), Reason::nameIsNotText});
-}
-
-void addFolder(const QString &path, ExpandedItems &items)
-{
-    const QString folder = path.endsWith(QLatin1Char('/')) ? path : path + QLatin1Char('/');
-    const qsizetype before = items.videoFiles.size() + items.refused.size();
-    if (!forEachEntry(path, [&](QByteArrayView name) { addEntry(folder, name, items); }))
-        items.refused.append({path, Reason::unreadableFolder});
-    else if (items.videoFiles.size() + items.refused.size() == before)
-        items.refused.append({path, Reason::folderWithoutVideoFiles});
-}
-
-void addItem(const QUrl &url, ExpandedItems &items)
-{
-    const QString path = url.toLocalFile();
-    const QFileInfo info(path);
-    if (path.isEmpty() || !info.exists())
-        items.refused.append({path, Reason::noSuchPath});
-    else if (info.isDir())
-        addFolder(path, items);
-    else if (isVideoFileName(info.fileName()))
-        items.videoFiles.append(url);
-    else
-        items.refused.append({path, Reason::notAVideoFile});
-}
 
 } // namespace
 
@@ -71,12 +36,58 @@ bool isVideoFileName(const QString &name)
     });
 }
 
-ExpandedItems expandVideoFiles(const QList<QUrl> &urls)
+ExpandedItems VideoFileReader::read(qsizetype limit)
 {
     ExpandedItems items;
-    for (const QUrl &url : urls)
-        addItem(url, items);
+    for (; limit > 0 && !atEnd(); --limit) {
+        if (m_folder)
+            readEntry(items);
+        else
+            readItem(items);
+    }
     return items;
+}
+
+void VideoFileReader::readItem(ExpandedItems &items)
+{
+    const QUrl url = m_urls.takeFirst();
+    const QString path = url.toLocalFile();
+    const QFileInfo info(path);
+    if (path.isEmpty() || !info.exists())
+        items.refused.append({path, Reason::noSuchPath});
+    else if (info.isDir())
+        m_folder = Folder{path, path.endsWith(QLatin1Char('/')) ? path : path + QLatin1Char('/'),
+                          FolderEntries(path)};
+    else if (isVideoFileName(info.fileName()))
+        items.videoFiles.append(url);
+    else
+        items.refused.append({path, Reason::notAVideoFile});
+}
+
+void VideoFileReader::readEntry(ExpandedItems &items)
+{
+    const auto bytes = m_folder->entries.next();
+    if (!bytes) {
+        endFolder(items);
+        return;
+    }
+    const auto name = decodeUtf8(*bytes);
+    if (!isVideoFileName(name ? *name : QString::fromLatin1(*bytes)))
+        return;
+    m_folder->gaveSome = true;
+    if (name)
+        items.videoFiles.append(QUrl::fromLocalFile(m_folder->prefix + *name));
+    else
+        items.refused.append({m_folder->prefix + shownBytes(*bytes), Reason::nameIsNotText});
+}
+
+void VideoFileReader::endFolder(ExpandedItems &items)
+{
+    if (!m_folder->entries.isReadable())
+        items.refused.append({m_folder->path, Reason::unreadableFolder});
+    else if (!m_folder->gaveSome)
+        items.refused.append({m_folder->path, Reason::folderWithoutVideoFiles});
+    m_folder.reset();
 }
 
 } // namespace marrowcut

@@ -4,24 +4,35 @@
 
 #include <dirent.h>
 
-#include <memory>
-
 namespace marrowcut
 {
 
-bool forEachEntry(const QString &folder, const std::function<void(QByteArrayView)> &tell)
+FolderEntries::FolderEntries(const QString &folder)
+    : m_directory(opendir(QFile::encodeName(folder).constData()))
 {
-    const auto close = [](DIR *open) { closedir(open); };
-    const std::unique_ptr<DIR, decltype(close)> directory(opendir(QFile::encodeName(folder).constData()));
-    if (!directory)
-        return false;
-    while (const dirent *entry = readdir(directory.get())) {
+}
+
+void FolderEntries::Closing::operator()(void *directory) const
+{
+    closedir(static_cast<DIR *>(directory));
+}
+
+bool FolderEntries::isReadable() const
+{
+    return m_directory != nullptr;
+}
+
+std::optional<QByteArrayView> FolderEntries::next()
+{
+    if (!m_directory)
+        return std::nullopt;
+    while (const dirent *entry = readdir(static_cast<DIR *>(m_directory.get()))) {
         const QByteArrayView name(
             static_cast<const char *>(entry->d_name)); // longer than its array where it can be
         if (name != "." && name != "..")
-            tell(name);
+            return name;
     }
-    return true;
+    return std::nullopt;
 }
 
 } // namespace marrowcut

@@ -1,16 +1,15 @@
 #pragma once
 
+#include "engine/video_files.h"
 #include "ui/main/queue_source.h"
-
-#include <QUrl>
 
 namespace marrowcut
 {
 
 class BurnInEngine;
 
-/// The queue of an engine, which must outlive it. The many clips of a large folder are queued a part at a
-/// time, so that the window can draw in between.
+/// The queue of an engine, which must outlive it. What is dropped is read and queued a part at a time, so
+/// that the window can draw in between.
 class EngineQueueSource : public QueueSource
 {
     Q_OBJECT
@@ -34,10 +33,11 @@ public:
 private:
     void feedLater();
     void feed(qsizetype count);
+    void feedAll();
 
     BurnInEngine &m_engine;
-    QList<QUrl> m_waiting;    ///< clips that the engine does not have yet
-    bool m_isFeeding = false; ///< a part is about to follow
+    VideoFileReader m_dropped; ///< what the engine does not have yet
+    bool m_isFeeding = false;  ///< a part is about to follow
 };
 
 } // namespace marrowcut

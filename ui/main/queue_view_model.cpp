@@ -9,6 +9,7 @@
 #include <QGuiApplication>
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace marrowcut
@@ -55,11 +56,10 @@ bool QueueViewModel::acceptsDrop(const QList<QUrl> &urls)
 
 void QueueViewModel::handleDrop(const QList<QUrl> &urls)
 {
-    for (const QUrl &url : urls) {
-        if (url.isLocalFile())
-            QMetaObject::invokeMethod(
-                &m_source, [this, url] { m_source.enqueue({url}); }, Qt::QueuedConnection);
-    }
+    QList<QUrl> files;
+    std::ranges::copy_if(urls, std::back_inserter(files), &QUrl::isLocalFile);
+    QMetaObject::invokeMethod(
+        &m_source, [this, files] { m_source.enqueue(files); }, Qt::QueuedConnection);
 }
 
 void QueueViewModel::removeFromQueue(const QString &jobId)

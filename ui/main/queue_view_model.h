@@ -62,7 +62,7 @@ public:
     Q_INVOKABLE void choosePreset(int index);
     /// Whether there is anything among dragged items that a drop would take: a file URL.
     Q_INVOKABLE static bool acceptsDrop(const QList<QUrl> &urls);
-    /// Takes dropped items: each file URL becomes one enqueuing of its own, done later by the event loop.
+    /// Takes the file URLs among dropped items; they are enqueued later by the event loop.
     Q_INVOKABLE void handleDrop(const QList<QUrl> &urls);
     Q_INVOKABLE void removeFromQueue(const QString &jobId);
     Q_INVOKABLE void toggleSelected(const QString &jobId);
