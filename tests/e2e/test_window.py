@@ -37,7 +37,9 @@ class WindowTest(unittest.TestCase):
         self.proxies = self.folder / "marrowcut_proxies"
 
     def open_window(self, *arguments):
-        self.program = self.desktop.start([PROGRAM, *arguments])
+        self.complaints = tempfile.TemporaryFile()
+        self.addCleanup(self.complaints.close)
+        self.program = self.desktop.start([PROGRAM, *arguments], stderr=self.complaints)
         self.addCleanup(self.end_program)
         self.app = self.accessible.Application("marrowcut")
         self.window = wait_until(lambda: self.desktop.windows("Marrowcut"), what="the window")[0]
@@ -47,6 +49,8 @@ class WindowTest(unittest.TestCase):
             self.program.terminate()
         self.program.wait(10)
         wait_until(lambda: not self.desktop.windows("Marrowcut"), what="the window's end")
+        self.complaints.seek(0)
+        self.assertEqual(self.complaints.read().decode(), "")
 
     def xdotool(self, *arguments):
         return self.desktop.run("xdotool", *map(str, arguments))

@@ -51,6 +51,7 @@ TestCase {
     height: 460
 
     function init() {
+        failOnWarning(/./);
         queue.clear();
         content = createTemporaryObject(contentComponent, root);
         verify(content);
