@@ -46,6 +46,9 @@ ColumnLayout {
         ListView {
             id: list
 
+            readonly property int rowHeight: 36
+            readonly property real wantedHeight: Math.min(parent.height, topMargin + count * rowHeight + bottomMargin)
+
             function openMenu() {
                 const row = currentItem as JobRow;
                 if (row)
@@ -53,12 +56,13 @@ ColumnLayout {
             }
 
             objectName: "jobList"
-            anchors.fill: parent
+            width: parent.width
+            onWantedHeightChanged: height = Math.min(height, wantedHeight)
             topMargin: 4
             bottomMargin: 4
             model: root.queue.jobs
             reuseItems: true
-            cacheBuffer: 6 * 36 // fewer rows to make when the window grows; those that a drop puts there are made at once
+            cacheBuffer: 0
             clip: true
             boundsBehavior: Flickable.StopAtBounds
             Accessible.role: Accessible.List
@@ -69,6 +73,13 @@ ColumnLayout {
                     openMenu();
             }
 
+            // Rows take about a millisecond each to make, and a drop can show a window full of them: they are
+            // uncovered some each frame.
+            FrameAnimation {
+                running: list.height < list.wantedHeight
+                onTriggered: list.height = Math.min(list.wantedHeight, list.height + 3 * list.rowHeight)
+            }
+
             // It fits into the rows' padding.
             T.ScrollBar.vertical: ScrollBar {
                 policy: size < 1 ? T.ScrollBar.AlwaysOn : T.ScrollBar.AlwaysOff
@@ -77,6 +88,7 @@ ColumnLayout {
             // qmllint disable unqualified
             delegate: JobRow {
                 width: list.width
+                height: list.rowHeight
                 includeColumnWidth: root.includeColumnWidth
                 burnInColumnWidth: root.burnInColumnWidth
                 burnInShare: root.burnInShare

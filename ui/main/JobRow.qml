@@ -40,7 +40,6 @@ FocusScope {
             menuRequested(place);
     }
 
-    implicitHeight: 36
     // What has the focus stays a tab stop until it has passed it on; here and in the controls.
     activeFocusOnTab: isTabStop && !isQueued && !isFailed || Window.activeFocusItem === root
     Accessible.role: Accessible.ListItem
