@@ -39,7 +39,8 @@ private:
     {
         auto job = marrowcut::ProxyJob::forSource(QUrl(QStringLiteral("file:///clips/A001.mxf")));
         job.status = marrowcut::JobStatus::failed(QStringLiteral("encode error"));
-        job.errorDetail = QStringLiteral("Invalid data\n").repeated(24) + QStringLiteral("Conversion failed!");
+        job.errorDetail =
+            QStringLiteral("Invalid data\n").repeated(24) + QStringLiteral("Conversion failed!");
         return {job};
     }
 
