@@ -26,20 +26,23 @@ void JobList::append(const ProxyJob &job)
 
 void JobList::removeIf(const std::function<bool(const ProxyJob &)> &matches)
 {
-    if (std::none_of(m_jobs.cbegin(), m_jobs.cend(), matches))
+    const auto found = std::find_if(m_jobs.cbegin(), m_jobs.cend(), matches);
+    if (found == m_jobs.cend())
         return;
+    const qsizetype first = found - m_jobs.cbegin();
     m_announce();
-    m_jobs.removeIf(matches);
-    rebuildIndexes();
-}
-
-void JobList::rebuildIndexes()
-{
-    m_positions.clear();
-    m_sources.clear();
-    for (qsizetype position = 0; position < m_jobs.size(); ++position) {
-        m_positions.insert(m_jobs[position].id, position);
-        m_sources.insert(m_jobs[position].sourceURL);
+    const QList<ProxyJob> before = m_jobs;
+    m_jobs = before.first(first);
+    m_jobs.reserve(before.size());
+    for (qsizetype position = first; position < before.size(); ++position) {
+        const ProxyJob &job = before[position];
+        if (matches(job)) {
+            m_positions.remove(job.id);
+            m_sources.remove(job.sourceURL);
+        } else {
+            m_positions[job.id] = m_jobs.size();
+            m_jobs.append(job);
+        }
     }
 }
 

@@ -41,8 +41,6 @@ public:
     void removeIf(const std::function<bool(const ProxyJob &)> &matches);
 
 private:
-    void rebuildIndexes();
-
     std::function<void()> m_announce;
     QList<ProxyJob> m_jobs;
     QHash<QUuid, qsizetype> m_positions;
