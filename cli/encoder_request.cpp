@@ -5,7 +5,8 @@
 namespace marrowcut::cli
 {
 
-std::optional<media::EncoderChoice> chooseEncoder(const QString &name, QualityPreset preset, QString &problem)
+std::optional<media::EncoderChoice> chooseEncoder(const QString &name, QualityPreset preset, QString &problem,
+                                                  const std::stop_token &stop)
 {
     if (name == QLatin1String("auto"))
         return media::EncoderChoice();
@@ -13,7 +14,8 @@ std::optional<media::EncoderChoice> chooseEncoder(const QString &name, QualityPr
     for (const media::VideoEncoder &encoder : system.hardwareEncoders) {
         if (encoder.name != name)
             continue;
-        const std::optional<QString> failure = media::encoderTrialFailure(system.with(encoder), preset);
+        const std::optional<QString> failure =
+            media::encoderTrialFailure(system.with(encoder), preset, media::encoderTrialLimit, stop);
         if (!failure)
             return media::EncoderChoice(encoder);
         problem = QStringLiteral("%1 does not work here: %2").arg(name, *failure);

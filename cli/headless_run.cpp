@@ -8,6 +8,7 @@
 #include "refusal.h"
 
 #include "engine/queue_summary.h"
+#include "platform/interrupted.h"
 
 #include <algorithm>
 #include <utility>
@@ -71,22 +72,35 @@ void HeadlessRun::tellRefused(const QList<RefusedItem> &refused)
     }
 }
 
-QString HeadlessRun::chooseEncoder()
-{
-    QString problem;
-    if (auto choice = cli::chooseEncoder(m_request.encoder, m_engine.qualityPreset(), problem))
-        m_engine.setEncoderChoice(*std::move(choice));
-    return problem;
-}
-
 void HeadlessRun::start()
 {
+    const auto choose = [this, name = m_request.encoder,
+                         preset = m_engine.qualityPreset()](const std::stop_token &stop) {
+        QString problem;
+        try {
+            const auto choice = chooseEncoder(name, preset, problem, stop);
+            QMetaObject::invokeMethod(
+                this, [this, choice, problem] { begin(choice, problem); }, Qt::QueuedConnection);
+        } catch (const Interrupted &) { // the program is about to end
+        }
+    };
+    m_choosing = std::jthread(choose);
+}
+
+void HeadlessRun::begin(const std::optional<media::EncoderChoice> &choice, const QString &problem)
+{
+    if (!choice) {
+        Q_EMIT encoderFailed(problem);
+        return;
+    }
+    m_engine.setEncoderChoice(*choice);
     m_running = true;
     m_engine.start();
 }
 
 bool HeadlessRun::interrupt()
 {
+    m_choosing = {};
     const bool hasEnded = m_engine.interrupt(std::chrono::milliseconds(800));
     m_reporter->interrupted();
     return hasEnded;

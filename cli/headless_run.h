@@ -7,6 +7,8 @@
 #include <QObject>
 
 #include <memory>
+#include <optional>
+#include <thread>
 
 namespace marrowcut::cli
 {
@@ -21,16 +23,17 @@ public:
 
     /// Queues the items and tells of those that give no clip. False when there is nothing to do.
     bool queueItems();
-    /// Settles on the encoder that was asked for. What is wrong with it, or nothing. Blocks for its trial.
-    QString chooseEncoder();
+    /// Returns at once; the encoder that was asked for makes its trial first.
     void start();
     /// Breaks off. Returns whether the run's thread has ended in time.
     bool interrupt();
 
 Q_SIGNALS:
+    void encoderFailed(const QString &problem); ///< instead of ended()
     void ended(int exitStatus);
 
 private:
+    void begin(const std::optional<media::EncoderChoice> &choice, const QString &problem);
     void scheduleRefresh();
     void refresh();
     void reportJobs();
@@ -45,6 +48,7 @@ private:
     bool m_refreshScheduled = false;
     bool m_running = false;
     bool m_itemFailed = false;
+    std::jthread m_choosing; ///< the encoder
 };
 
 } // namespace marrowcut::cli

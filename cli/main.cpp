@@ -92,16 +92,16 @@ int runRequest(const Request &request)
         return nothingToDo;
     if (!toolsAreThere())
         return toolMissing;
-    if (const QString problem = run.chooseEncoder(); !problem.isEmpty()) {
-        complain(problem);
-        return toolMissing;
-    }
 
     TerminationSignals signalSource; // until here a signal ends the program by itself
     QObject::connect(&signalSource, &TerminationSignals::received, &run, [&run] {
         if (!run.interrupt())
             std::_Exit(wasInterrupted); // the system holds the run's thread; the child dies with us
         QCoreApplication::exit(wasInterrupted);
+    });
+    QObject::connect(&run, &HeadlessRun::encoderFailed, &run, [](const QString &problem) {
+        complain(problem);
+        QCoreApplication::exit(toolMissing);
     });
     QObject::connect(&run, &HeadlessRun::ended, &run, [&notifications](int status) {
         notifications->whenIdle([status] { QCoreApplication::exit(status); });

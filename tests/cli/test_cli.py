@@ -262,6 +262,17 @@ class CliTest(unittest.TestCase):
                 self.assertEqual(os.listdir(self.proxies), [".tmp_a_proxy.mp4"])
                 (self.folder / "pid.part").unlink()
 
+    def test_signal_ends_an_encoder_trial(self):
+        program = self.hanging_encoder()[0]
+        temporary = self.folder / "temporary"
+        temporary.mkdir()
+        process = subprocess.Popen([program, "--encoder", "h264_nvenc", "a.mov"], cwd=self.folder,
+                                   env=dict(self.environment, TMPDIR=temporary), stderr=subprocess.DEVNULL)
+        encoder = self.encoder_pid()
+        process.send_signal(signal.SIGINT)
+        self.assertEqual(process.wait(60), 130)
+        self.assertFalse(exists(encoder) or self.proxies.exists() or os.listdir(temporary))
+
     # On a terminal
 
     def on_terminal(self, program, *arguments):
