@@ -16,6 +16,7 @@
 #include <QTextStream>
 #include <QTimer>
 
+#include <cstdio>
 #include <cstdlib>
 #include <memory>
 
@@ -110,9 +111,7 @@ int runRequest(const Request &request)
     return QCoreApplication::exec();
 }
 
-} // namespace
-
-int main(int argc, char *argv[])
+int run(int argc, char *argv[])
 {
     const GivenInput input;
     setUpProcess();
@@ -131,4 +130,20 @@ int main(int argc, char *argv[])
     }
     const QCoreApplication application(argc, argv);
     return commandLine.request ? runRequest(*commandLine.request) : tellEncoder(commandLine.encoderToTell);
+}
+
+/// The status, or that of a failure where not all could be printed: a script may rely on what it reads.
+int unlessOutputWasLost(int status)
+{
+    if (std::fflush(stdout) == 0 && !std::ferror(stdout))
+        return status;
+    complain(QStringLiteral("The output could not be written in full."));
+    return status == allDone ? someFailed : status;
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    return unlessOutputWasLost(run(argc, argv));
 }

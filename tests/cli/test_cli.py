@@ -213,6 +213,16 @@ class CliTest(unittest.TestCase):
         self.assertEqual(result.returncode, 1)
         self.assertTrue((self.proxies / "a_proxy.mp4").exists())
 
+    def test_lost_output_counts_as_failed(self):
+        make_clip(self.folder / "a.mov")
+        for arguments in (["--version"], ["a.mov"], ["--json", "a.mov"]):
+            with self.subTest(arguments=arguments), open("/dev/full", "w") as full:
+                result = subprocess.run([PROGRAM, *arguments], cwd=self.folder, env=self.environment, stdout=full,
+                                        stderr=subprocess.PIPE)
+                self.assertEqual(result.returncode, 1)
+                self.assertIn(b"could not be written", result.stderr)
+        self.assertTrue((self.proxies / "a_proxy.mp4").exists())
+
     def test_help_and_version(self):
         self.assertIn("--no-burn-in", self.run_cli("--help").stdout.decode())
         self.assertRegex(self.run_cli("--version").stdout.decode(), r"^marrowcut-cli \d+\.\d+ \(\d+\)\n$")
