@@ -26,6 +26,7 @@ FocusScope {
     readonly property bool isQueued: statusKind === JobListModel.Queued
     readonly property bool isFailed: statusKind === JobListModel.Failed
     readonly property bool isTabStop: ListView.isCurrentItem
+    property bool retriedByKey: false // the focus goes to the checkbox, and the ring with it
 
     signal includeToggled()
     signal burnInToggled()
@@ -47,6 +48,13 @@ FocusScope {
     Accessible.description: errorSummary
     Accessible.onPressAction: requestMenu(Qt.point(0, height))
     onActiveFocusChanged: if (activeFocus) focusEntered()
+    onIsQueuedChanged: {
+        if (isQueued && activeFocus && retriedByKey) {
+            include.forceActiveFocus();
+            include.focusReason = Qt.TabFocusReason; // also where it had the focus already
+        }
+        retriedByKey = false;
+    }
 
     TapHandler {
         acceptedButtons: Qt.RightButton
@@ -208,7 +216,10 @@ FocusScope {
                 text: "Retry"
                 font.pixelSize: 11
                 Accessible.name: "Retry " + root.name
-                onClicked: root.retryRequested()
+                onClicked: {
+                    root.retriedByKey = visualFocus;
+                    root.retryRequested();
+                }
             }
             // qmllint enable unqualified
         }

@@ -195,7 +195,11 @@ WindowCase {
         tryCompare(piece(1, "removeButton"), "activeFocus", true);
         keyClick(Qt.Key_Down);
         tryCompare(piece(2, "retryButton"), "activeFocus", true);
+        keyClick(Qt.Key_Tab);
+        keyClick(Qt.Key_Backtab);
+        tryCompare(piece(2, "retryButton"), "visualFocus", true);
         keyClick(Qt.Key_Space);
-        tryVerify(() => piece(2, "removeButton") !== null);
+        tryVerify(() => piece(2, "includeCheck") !== null);
+        tryCompare(piece(2, "includeCheck"), "visualFocus", true);
     }
 }

@@ -114,7 +114,7 @@ WindowCase {
         TestDesktop.dragAway(content);
     }
 
-    function test_dropEnqueuesEachItemByItself() {
+    function test_dropEnqueuesTheFilesLater() {
         verify(TestDesktop.dragOver(content, Qt.point(50, 50), [files[0], Qt.url("https://quorvane.example/c.mov"), files[1]]));
         compare(TestDesktop.drop(content, Qt.point(50, 50)), Qt.CopyAction);
         compare(queue.enqueued, []);
