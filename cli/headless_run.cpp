@@ -79,8 +79,7 @@ void HeadlessRun::start()
         QString problem;
         try {
             const auto choice = chooseEncoder(name, preset, problem, stop);
-            QMetaObject::invokeMethod(
-                this, [this, choice, problem] { begin(choice, problem); }, Qt::QueuedConnection);
+            m_mainThread.post([this, choice, problem] { begin(choice, problem); });
         } catch (const Interrupted &) { // the program is about to end
         }
     };
@@ -100,6 +99,7 @@ void HeadlessRun::begin(const std::optional<media::EncoderChoice> &choice, const
 
 bool HeadlessRun::interrupt()
 {
+    m_mainThread.close();
     m_choosing = {};
     const bool hasEnded = m_engine.interrupt(std::chrono::milliseconds(800));
     m_reporter->interrupted();

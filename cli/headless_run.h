@@ -2,6 +2,7 @@
 
 #include "command_line.h"
 #include "engine/burn_in_engine.h"
+#include "platform/main_thread_queue.h"
 #include "reporter.h"
 
 #include <QObject>
@@ -48,6 +49,7 @@ private:
     bool m_refreshScheduled = false;
     bool m_running = false;
     bool m_itemFailed = false;
+    MainThreadQueue m_mainThread;
     std::jthread m_choosing; ///< the encoder
 };
 
