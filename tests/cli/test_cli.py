@@ -1,4 +1,4 @@
-"""marrowcut-cli as a user meets it: real clips, a real terminal, signals, exit statuses."""
+"""marrowcut-cli as a user meets it: real clips, a real terminal, signals, exit statuses, a notification."""
 
 import json
 import os
@@ -9,33 +9,14 @@ import signal
 import subprocess
 import sys
 import tempfile
-import time
 import unittest
 from pathlib import Path
 
+sys.path.insert(0, os.fspath(Path(__file__).parent.parent / "support"))
+from desktop import Desktop, make_clip, wait_until  # noqa: E402
+
 PROGRAM, STAND_IN = sys.argv[1:3]
 del sys.argv[1:]
-
-
-def make_clip(path, seconds=1, extra=()):
-    subprocess.run(["ffmpeg", "-nostdin", "-y", "-v", "error", "-f", "lavfi", "-i",
-                    f"color=gray:s=320x180:r=25:d={seconds}", "-c:v", "mpeg4", *extra, os.fspath(path)], check=True)
-
-
-def exists(pid):
-    try:
-        os.kill(pid, 0)
-    except ProcessLookupError:
-        return False
-    return True
-
-
-def wait_until(condition, seconds=60):
-    end = time.monotonic() + seconds
-    while not condition():
-        if time.monotonic() > end:
-            raise AssertionError("waited in vain")
-        time.sleep(0.005)
 
 
 class CliTest(unittest.TestCase):
@@ -45,9 +26,13 @@ class CliTest(unittest.TestCase):
         self.environment = dict(os.environ, XDG_CONFIG_HOME=os.fspath(self.folder / "config"), LC_ALL="C.UTF-8")
         self.proxies = self.folder / "marrowcut_proxies"
 
-    def run_cli(self, *arguments, **keywords):
+    def run_cli(self, *arguments, program=(PROGRAM,), **keywords):
         keywords.setdefault("env", self.environment)
-        return subprocess.run([PROGRAM, *map(os.fspath, arguments)], capture_output=True, cwd=self.folder, **keywords)
+        return subprocess.run([*program, *arguments], capture_output=True, cwd=self.folder, **keywords)
+
+    def start_cli(self, *arguments, program=(PROGRAM,), **keywords):
+        keywords = {"stdout": subprocess.PIPE, "stderr": subprocess.PIPE, "env": self.environment, **keywords}
+        return subprocess.Popen([*program, *arguments], cwd=self.folder, **keywords)
 
     def with_stand_ins(self, script, tools=("ffmpeg", "ffprobe")):
         """The command of a copy of the program whose tools follow a script."""
@@ -61,16 +46,16 @@ class CliTest(unittest.TestCase):
         self.environment["MARROWCUT_STAND_IN_SCRIPT"] = os.fspath(self.folder / "script")
         return [installed / "bin/marrowcut-cli", "--encoder", "libx264"]  # whatever this machine has
 
-    def hanging_encoder(self):
+    def with_hanging_encoder(self):
         (self.folder / "a.mov").touch()
+        self.pid = self.folder / "pid.part"
         return self.with_stand_ins("when avg_frame_rate\nout 25/1\\n\nend\nwhen ffprobe\nexit 0\nend\n"
                                    "ignore-term\nwrite-output\nerr frame=1 time=00:00:01.00 speed=1x\\r\n"
-                                   f"pid {self.folder}/pid.part\nwhen ffmpeg\nend\nwait-for {self.folder}/never\n")
+                                   f"pid {self.pid}\nwait-for {self.folder}/never\n")
 
-    def encoder_pid(self):
-        file = self.folder / "pid.part"
-        wait_until(lambda: file.exists() and file.read_text())
-        return int(file.read_text())
+    def encoder(self):
+        """The place of its process, once it has begun."""
+        return Path("/proc", wait_until(lambda: self.pid.exists() and self.pid.read_text(), what="the encoder"))
 
     # What it does
 
@@ -100,8 +85,8 @@ class CliTest(unittest.TestCase):
         settings = self.folder / "config/marrowcut/marrowcut.ini"
         settings.parent.mkdir(parents=True)
         settings.write_text("[General]\nqualityPreset=tiny\n")
-        self.run_cli("a.mov")
-        self.run_cli("b.mov", "--quality", "smaller", "--no-burn-in")
+        self.assertEqual(self.run_cli("a.mov", "gone.mov").returncode, 1)
+        self.assertEqual(self.run_cli("b.mov", "--quality", "smaller", "--no-burn-in").returncode, 0)
         widths = [subprocess.check_output(["ffprobe", "-v", "error", "-select_streams", "v:0", "-show_entries",
                                            "stream=width", "-of", "csv=p=0", self.proxies / name]).decode().strip()
                   for name in ("a_proxy.mp4", "b_proxy.mp4")]
@@ -152,16 +137,6 @@ class CliTest(unittest.TestCase):
         self.assertEqual({key: summary[key] for key in ("clips", "done", "failed", "refused")},
                          {"clips": 3, "done": 2, "failed": 1, "refused": 2})
 
-    def test_json_lines_come_at_once_up_to_the_interruption(self):
-        process = subprocess.Popen([*self.hanging_encoder(), "--json", "a.mov"], cwd=self.folder, env=self.environment,
-                                   stdout=subprocess.PIPE, stderr=subprocess.PIPE)
-        while json.loads(process.stdout.readline())["event"] != "progress":
-            pass
-        process.send_signal(signal.SIGINT)
-        output, errors = process.communicate(timeout=60)
-        self.assertEqual((process.returncode, errors), (130, b""))
-        self.assertEqual(self.events(output)[1], [("interrupted", "")])
-
     def test_names_from_a_list(self):
         names = ["a\n.mov", "--quiet.mov", "b.mov"]
         for name in names:
@@ -176,14 +151,6 @@ class CliTest(unittest.TestCase):
                 self.assertEqual(order[0], ("refused", "bad\\xFF.mov"))
                 self.assertEqual(sorted(name for event, name in order if event == "queued"), sorted(names))
 
-    def test_names_that_cannot_be_had(self):
-        for source, complaint in [("-", "No clip or folder was named."), (".", "Cannot read names from ."),
-                                  ("gone", "Cannot read names from gone: No such file")]:
-            with self.subTest(source=source):
-                result = self.run_cli("--files-from", source, input=b"\0")
-                self.assertEqual((result.returncode, result.stdout), (2, b""))
-                self.assertIn(complaint, result.stderr.decode())
-
     # What it says no to
 
     def test_wrong_usage_and_nothing_to_do(self):
@@ -191,6 +158,9 @@ class CliTest(unittest.TestCase):
         (self.folder / "empty").mkdir()
         for arguments, complaint in [
             ([], "No clip or folder was named."),
+            (["--files-from", "-"], "No clip or folder was named."),
+            (["--files-from", "."], "Cannot read names from ."),
+            (["--files-from", "gone"], "Cannot read names from gone: No such file"),
             (["--nonsense", "x"], "nonsense"),
             (["--quality", "Tiny", "x"], "Unknown quality 'Tiny'"),
             (["--encoder", "h265", "x"], "Unknown encoder 'h265'"),
@@ -202,25 +172,17 @@ class CliTest(unittest.TestCase):
             ([b"bad\xff.mov"], "bad\\xFF.mov: the name is not valid UTF-8"),
         ]:
             with self.subTest(arguments=arguments):
-                result = subprocess.run([os.fsencode(PROGRAM), *map(os.fsencode, arguments)], capture_output=True,
-                                        cwd=self.folder, env=self.environment)
-                self.assertEqual(result.returncode, 2)
+                result = self.run_cli(*arguments, input=b"\0")
+                self.assertEqual((result.returncode, result.stdout), (2, b""))
                 self.assertIn(complaint, result.stderr.decode())
-
-    def test_a_missing_path_among_others_counts_as_failed(self):
-        make_clip(self.folder / "a.mov")
-        result = self.run_cli("a.mov", "gone.mov")
-        self.assertEqual(result.returncode, 1)
-        self.assertTrue((self.proxies / "a_proxy.mp4").exists())
 
     def test_lost_output_counts_as_failed(self):
         make_clip(self.folder / "a.mov")
         for arguments in (["--version"], ["a.mov"], ["--json", "a.mov"]):
             with self.subTest(arguments=arguments), open("/dev/full", "w") as full:
-                result = subprocess.run([PROGRAM, *arguments], cwd=self.folder, env=self.environment, stdout=full,
-                                        stderr=subprocess.PIPE)
-                self.assertEqual(result.returncode, 1)
-                self.assertIn(b"could not be written", result.stderr)
+                process = self.start_cli(*arguments, stdout=full)
+                self.assertIn(b"could not be written", process.communicate(timeout=60)[1])
+                self.assertEqual(process.returncode, 1)
         self.assertTrue((self.proxies / "a_proxy.mp4").exists())
 
     def test_help_and_version(self):
@@ -230,7 +192,7 @@ class CliTest(unittest.TestCase):
     def test_missing_tool(self):
         (self.folder / "a.mov").touch()
         program = self.with_stand_ins("", tools=["ffprobe"])
-        result = subprocess.run([*program, "a.mov"], capture_output=True, cwd=self.folder, env=self.environment)
+        result = self.run_cli("a.mov", program=program)
         self.assertEqual(result.returncode, 3)
         expected = f"marrowcut-cli: ffmpeg is missing: it was expected at {program[0].parents[1]}/share/marrowcut/ffmpeg\n"
         self.assertEqual(result.stderr.decode(), expected)
@@ -243,7 +205,7 @@ class CliTest(unittest.TestCase):
                                       "when h264_qsv\nerr no such card\\n\nexit 1\nend\n")[0]
 
         def run(*arguments):
-            result = subprocess.run([program, *arguments], capture_output=True, cwd=self.folder, env=self.environment)
+            result = self.run_cli(*arguments, program=[program])
             return result.returncode, result.stdout.decode(), result.stderr.decode()
 
         complaint = "marrowcut-cli: h264_qsv does not work here: no such card\n"
@@ -256,57 +218,68 @@ class CliTest(unittest.TestCase):
         self.assertEqual(run("--encoder", "h264_nvenc", "a.mov")[0], 0)
         self.assertEqual(os.listdir(self.proxies).count("a_proxy.mp4"), 1)
 
-    # How it ends early
+    # How it ends
 
     def test_signals_end_the_encoder_and_leave_the_files(self):
-        program = self.hanging_encoder()
-        for number in (signal.SIGINT, signal.SIGTERM, signal.SIGHUP):
+        program = self.with_hanging_encoder()
+        for number, arguments in [(signal.SIGINT, ["--json"]), (signal.SIGTERM, []), (signal.SIGHUP, [])]:
             with self.subTest(signal=number):
-                process = subprocess.Popen([*program, "a.mov"], cwd=self.folder, env=self.environment,
-                                           stdout=subprocess.PIPE, stderr=subprocess.PIPE)
-                encoder = self.encoder_pid()
+                process = self.start_cli(*arguments, "a.mov", program=program)
+                while arguments and json.loads(process.stdout.readline())["event"] != "progress":
+                    pass  # each line comes at once
+                encoder = self.encoder()
                 process.send_signal(number)
-                self.assertIn(b"Interrupted.", process.communicate(timeout=60)[1])
+                output, errors = process.communicate(timeout=60)
                 self.assertEqual(process.returncode, 130)
-                self.assertFalse(exists(encoder))
+                if arguments:
+                    self.assertEqual((self.events(output)[1], errors), ([("interrupted", "")], b""))
+                else:
+                    self.assertIn(b"Interrupted.", errors)
+                self.assertFalse(encoder.exists())
                 self.assertEqual(os.listdir(self.proxies), [".tmp_a_proxy.mp4"])
-                (self.folder / "pid.part").unlink()
+                self.pid.unlink()
+
+    def test_notification(self):
+        (self.folder / "broken.mov").write_text("nothing")
+        with Desktop(notifications=True) as desktop:
+            self.assertEqual(self.run_cli("--notify", "broken.mov", env=desktop.environment).returncode, 1)
+            shown = desktop.notifications()
+        self.assertEqual([[note[key]["data"] for key in ("appname", "summary", "body")] for note in shown],
+                         [["Marrowcut", "Marrowcut", "0 done, 1 failed."]])
 
     def test_signal_ends_an_encoder_trial(self):
-        program = self.hanging_encoder()[0]
+        program = self.with_hanging_encoder()[:1]
         temporary = self.folder / "temporary"
         temporary.mkdir()
-        process = subprocess.Popen([program, "--encoder", "h264_nvenc", "a.mov"], cwd=self.folder,
-                                   env=dict(self.environment, TMPDIR=temporary), stderr=subprocess.DEVNULL)
-        encoder = self.encoder_pid()
+        process = self.start_cli("--encoder", "h264_nvenc", "a.mov", program=program,
+                                 env=dict(self.environment, TMPDIR=temporary))
+        encoder = self.encoder()
         process.send_signal(signal.SIGINT)
-        self.assertEqual(process.wait(60), 130)
-        self.assertFalse(exists(encoder) or self.proxies.exists() or os.listdir(temporary))
+        process.communicate(timeout=60)
+        self.assertEqual(process.returncode, 130)
+        self.assertFalse(encoder.exists() or self.proxies.exists() or os.listdir(temporary))
 
     # On a terminal
 
-    def on_terminal(self, program, *arguments):
+    def on_terminal(self, program, typed=b""):
+        """Exit status and what is shown."""
         terminal, other_end = pty.openpty()
-        process = subprocess.Popen([*program, *arguments], stdin=other_end, stdout=other_end, stderr=other_end,
-                                   cwd=self.folder, env=dict(self.environment, TERM="xterm"), start_new_session=True)
+        process = self.start_cli(".", program=program, stdin=other_end, stdout=other_end, stderr=other_end,
+                                 env=dict(self.environment, TERM="xterm"), start_new_session=True)
         os.close(other_end)
-        return process, terminal
-
-    @staticmethod
-    def read_all(terminal):
+        os.write(terminal, typed)
         output = b""
         while True:
             try:
                 output += os.read(terminal, 65536)
             except OSError:  # the other end is closed
-                return output.decode()
+                return process.wait(), output.decode()
 
     def test_live_lines(self):
         make_clip(self.folder / "a.mov", seconds=8)
         (self.folder / "b\x1b[2J.mov").write_text("nothing")
-        process, terminal = self.on_terminal([PROGRAM], ".")
-        output = self.read_all(terminal)
-        self.assertEqual(process.wait(), 1)
+        status, output = self.on_terminal([PROGRAM])
+        self.assertEqual(status, 1)
         self.assertRegex(output, r"a\.mov +█*░*  +\d+%")
         self.assertRegex(output, r"\d of 2 done +█*░*  +\d+%")
         self.assertRegex(output, r"a\.mov +Done")
@@ -319,11 +292,7 @@ class CliTest(unittest.TestCase):
         (self.folder / "a.mov").touch()
         program = self.with_stand_ins("when avg_frame_rate\nout 25/1\\n\nend\nwhen ffprobe\nexit 0\nend\n"
                                       "err keys:\nstdin\nerr \\n\nexit 1\n")
-        process, terminal = self.on_terminal(program, "a.mov")
-        os.write(terminal, b"q\n")
-        output = self.read_all(terminal)
-        self.assertEqual(process.wait(), 1)
-        self.assertRegex(output, r"    keys:\r\n")
+        self.assertRegex(self.on_terminal(program, typed=b"q\n")[1], r"    keys:\r\n")
 
 
 unittest.main(verbosity=1)

@@ -10,15 +10,10 @@ import unittest
 from pathlib import Path
 
 sys.path.insert(0, os.fspath(Path(__file__).parent.parent / "support"))
-from desktop import Desktop, wait_until  # noqa: E402
+from desktop import Desktop, make_clip, wait_until  # noqa: E402
 
 PROGRAM = sys.argv.pop(1)
 SUPPORT = Path(__file__).parent.parent / "support"
-
-
-def make_clip(path, seconds=1):
-    subprocess.run(["ffmpeg", "-nostdin", "-v", "error", "-f", "lavfi", "-i", f"color=gray:s=320x180:r=25:d={seconds}",
-                    "-c:v", "mpeg4", path], check=True)
 
 
 class WindowTest(unittest.TestCase):
@@ -139,11 +134,15 @@ class WindowTest(unittest.TestCase):
         self.app.press("Close")
         self.app.wait_for("push button", "Copied", gone=True)
 
-    def test_closing_during_a_run_asks_once(self):
+    def start_long_run(self):
         make_clip(self.folder / "long.mov", seconds=89)
         self.open_window(self.folder / "long.mov")
         self.app.press("Go")
         self.row("long.mov, Encoding")
+        wait_until((self.proxies / ".tmp_long_proxy.mp4").exists, what="the encoder's file")
+
+    def test_closing_during_a_run_asks_once(self):
+        self.start_long_run()
         self.xdotool("windowactivate", "--sync", self.window, "key", "alt+F4")  # as the window manager closes
         self.app.wait_for(None, "A run is going on. Quit anyway?")
         self.assertIsNone(self.program.poll())
@@ -153,10 +152,7 @@ class WindowTest(unittest.TestCase):
         self.assertEqual(subprocess.run(["pgrep", "-f", f"ffmpeg.*{self.folder}"], stdout=subprocess.PIPE).stdout, b"")
 
     def test_a_signal_does_not_ask(self):
-        make_clip(self.folder / "long.mov", seconds=89)
-        self.open_window(self.folder / "long.mov")
-        self.app.press("Go")
-        self.row("long.mov, Encoding")
+        self.start_long_run()
         self.program.terminate()
         self.assertEqual(self.program.wait(10), 130)
         self.assertFalse((self.proxies / "long_proxy.mp4").exists())

@@ -24,17 +24,15 @@ def wait_until(condition, seconds=60, what="something"):
 class Desktop:
     """Xvfb and dbus-daemon; all of it ends with the context."""
 
-    def __init__(self, notifications=False, window_manager=False, accessibility=False, screen="1400x1000x24"):
+    def __init__(self, notifications=False, window_manager=False, accessibility=False):
         self._wanted = (notifications, window_manager, accessibility)
-        self._screen = screen
         self._stack = contextlib.ExitStack()
         self.environment = dict(os.environ)
 
     def __enter__(self):
-        with contextlib.ExitStack() as undo:  # where something does not start, nothing stays behind
-            undo.callback(self._stack.close)
+        with self._stack:  # where something does not start, nothing stays behind
             self._start_all()
-            undo.pop_all()
+            self._stack = self._stack.pop_all()
         return self
 
     def _start_all(self):
@@ -49,13 +47,16 @@ class Desktop:
         self._start_bus(home)
         if window_manager:
             self.start(["openbox"])
-            self._wait_for_window_manager()
+            wait_until(lambda: "window id" in self.run("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"),
+                       what="the window manager")
         if notifications:
             # Configured by nothing but this, whoever's machine it is.
             config = Path(home) / "dunstrc"
             config.write_text("[global]\nhistory_length = 20\n")
             self.start(["dunst", "-config", os.fspath(config)])
-            self._wait_for_name("org.freedesktop.Notifications")
+            name = "org.freedesktop.Notifications"
+            wait_until(lambda: "true" in self._call("org.freedesktop.DBus", "/org/freedesktop/DBus",
+                                                    "org.freedesktop.DBus.NameHasOwner", name), what=name)
         if accessibility:
             self.environment["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
             self._call("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus.GetAddress")
@@ -98,7 +99,7 @@ class Desktop:
 
     def _start_display(self):
         read_end, write_end = os.pipe()
-        self.start(["Xvfb", "-displayfd", str(write_end), "-screen", "0", self._screen, "-nolisten", "tcp",
+        self.start(["Xvfb", "-displayfd", str(write_end), "-screen", "0", "1400x1000x24", "-nolisten", "tcp",
                     "-noreset"],
                    pass_fds=[write_end])
         os.close(write_end)
@@ -115,10 +116,7 @@ class Desktop:
         return self.run("gdbus", "call", "--session", "--dest", name, "--object-path", path, "--method", method,
                         *arguments)
 
-    def _wait_for_name(self, name):
-        wait_until(lambda: "true" in self._call("org.freedesktop.DBus", "/org/freedesktop/DBus",
-                                                "org.freedesktop.DBus.NameHasOwner", name), what=name)
 
-    def _wait_for_window_manager(self):
-        wait_until(lambda: "window id" in self.run("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"),
-                   what="the window manager")
+def make_clip(path, seconds=1):
+    subprocess.run(["ffmpeg", "-nostdin", "-v", "error", "-f", "lavfi", "-i", f"color=gray:s=320x180:r=25:d={seconds}",
+                    "-c:v", "mpeg4", path], check=True)
