@@ -1,12 +1,16 @@
 #include "engine/burn_in_engine.h"
+#include "engine/completion_notification.h"
+#include "engine/model/remaining_time_text.h"
+#include "engine/output_paths.h"
 #include "platform/notification_center.h"
 #include "platform/preference_store.h"
 
 #include <QDir>
 #include <QSet>
-#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+
+#include <cmath>
 
 using namespace marrowcut;
 
@@ -14,17 +18,130 @@ class TestQueue : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
+    void init()
+    {
+        m_folder = std::make_unique<QTemporaryDir>();
+        m_preferences = {};
+        m_engine = std::make_unique<BurnInEngine>(m_preferences, m_notifications);
+    }
 
-    void expandsAFolder();
-    void namesThatAreNoText();
-    void tellsWhatGaveNoClip();
-    void addsEachFileOnce();
-    void announcesEachEditBeforeItIsApplied();
-    void presetIsRememberedOnEveryAssignment();
-    void selection();
-    void removalAndClearing();
-    void unknownIdsChangeNothing();
+    void expandsAFolder()
+    {
+        for (const char *name : {"a.MOV", "b.mp4", "notes.txt", ".hidden.mxf", "c.m4v", "mov", "d.mov.txt"})
+            clip(QLatin1String(name));
+        QVERIFY(QDir(m_folder->path()).mkpath(QStringLiteral("sub")));
+        clip(QStringLiteral("sub/e.mov"));
+        QVERIFY(QDir(m_folder->path()).mkpath(QStringLiteral("archive.mov")));
+
+        QVERIFY(m_engine->enqueue({QUrl::fromLocalFile(m_folder->path())}).isEmpty());
+        const QStringList found = names();
+        QCOMPARE(QSet(found.begin(), found.end()),
+                 (QSet<QString>{QStringLiteral("a.MOV"), QStringLiteral("b.mp4"),
+                                QStringLiteral(".hidden.mxf"), QStringLiteral("archive.mov")}));
+        const ProxyJob &job = m_engine->jobs().first();
+        QVERIFY(job.status.isQueued() && job.isSelected && job.burnInEnabled && !job.etaSeconds &&
+                !job.errorDetail);
+        QCOMPARE(job.sourceURL, QUrl::fromLocalFile(m_folder->filePath(job.fileName())));
+    }
+
+    void addsEachFileOnce()
+    {
+        const QUrl a = clip(QStringLiteral("a.mov"));
+        const QUrl b = clip(QStringLiteral("b.mov"));
+        m_engine->enqueue({a, b, a});
+        m_engine->enqueue({b, QUrl::fromLocalFile(m_folder->path())});
+        QCOMPARE(names(), (QStringList{QStringLiteral("a.mov"), QStringLiteral("b.mov")}));
+        m_engine->removeFromQueue(m_engine->jobs().first().id);
+        m_engine->enqueue({a});
+        QCOMPARE(names(), (QStringList{QStringLiteral("b.mov"), QStringLiteral("a.mov")}));
+        m_engine->toggleSelected(m_engine->jobs().last().id); // found where it is now
+        QVERIFY(m_engine->jobs().first().isSelected && !m_engine->jobs().last().isSelected);
+    }
+
+    void announcesEachEditBeforeItIsApplied()
+    {
+        QList<ProxyJob> before;
+        int announcements = 0;
+        connect(m_engine.get(), &BurnInEngine::willChange, this, [&] {
+            if (++announcements == 1)
+                QCOMPARE(m_engine->jobs(), before);
+        });
+        const auto announced = [&](const auto &edit) {
+            before = m_engine->jobs();
+            announcements = 0;
+            edit();
+            return announcements;
+        };
+        const QUrl a = clip(QStringLiteral("a.mov"));
+        QCOMPARE(announced([&] { m_engine->enqueue({a}); }), 1);
+        const QUuid id = m_engine->jobs().first().id;
+        QCOMPARE(announced([&] { m_engine->toggleSelected(id); }), 1);
+        QCOMPARE(announced([&] { m_engine->toggleBurnIn(id); }), 1);
+        m_engine->start(); // nothing is selected
+        QVERIFY(!m_engine->isRunning());
+        QCOMPARE(announced([&] { m_engine->retry(id); }), 4);
+        // Nothing to edit: it is selected, nothing is completed, the others are not there.
+        const QUuid unknown = QUuid::createUuid();
+        QCOMPARE(announced([&] { m_engine->setAllSelected(true); }), 0);
+        QCOMPARE(announced([&] { m_engine->clearCompleted(); }), 0);
+        QCOMPARE(announced([&] { m_engine->removeFromQueue(unknown); }), 0);
+        QCOMPARE(announced([&] { m_engine->toggleSelected(unknown); }), 0);
+        QCOMPARE(announced([&] { m_engine->toggleBurnIn(unknown); }), 0);
+        QCOMPARE(announced([&] { m_engine->retry(unknown); }), 0);
+        QCOMPARE(announced([&] { m_engine->removeFromQueue(id); }), 1);
+        const QualityPreset preset = m_engine->qualityPreset(); // the same value counts, too
+        QCOMPARE(announced([&] { m_engine->setQualityPreset(preset); }), 1);
+    }
+
+    void presetIsRememberedOnEveryAssignment()
+    {
+        const QString key = QStringLiteral("qualityPreset");
+        QCOMPARE(m_engine->qualityPreset(), QualityPreset::standard);
+        QVERIFY(!m_preferences.value(key)); // the initial value is not written back
+        m_engine->setQualityPreset(QualityPreset::standard);
+        QCOMPARE(m_preferences.value(key), QStringLiteral("standard"));
+        m_engine->setQualityPreset(QualityPreset::tiny);
+        QCOMPARE(BurnInEngine(m_preferences, m_notifications).qualityPreset(), QualityPreset::tiny);
+        m_preferences.setValue(key, QStringLiteral("Tiny")); // no name of one
+        QCOMPARE(BurnInEngine(m_preferences, m_notifications).qualityPreset(), QualityPreset::standard);
+    }
+
+    void remainingTimeTexts()
+    {
+        const QList<std::pair<double, const char *>> cases = {
+            {0.0, "0s left"},       {59.99, "59s left"},    {60.0, "1m left"},      {3599.0, "59m left"},
+            {3600.0, "1h 0m left"}, {3661.5, "1h 1m left"}, {7200.0, "2h 0m left"}, {4e6, "1111h 6m left"}};
+        for (const auto &[seconds, text] : cases)
+            QCOMPARE(formatETA(seconds), QLatin1String(text));
+        for (const double seconds : {std::nan(""), HUGE_VAL, -HUGE_VAL, 1e30, -5.0})
+            QCOMPARE(formatETA(seconds), QString());
+    }
+
+    void outputPaths()
+    {
+        struct {
+            QString source, folder, base;
+        } const rows[] = {
+            {QStringLiteral("/f/take.2.MXF"), QStringLiteral("/f"), QStringLiteral("take.2")},
+            {QStringLiteral("/a%20b#/ä?.mp4"), QStringLiteral("/a%20b#"), QStringLiteral("ä?")},
+            {QStringLiteral("/x.mov"), QString(), QStringLiteral("x")},
+        };
+        for (const auto &[source, folder, base] : rows) {
+            const QString outDir = folder + QStringLiteral("/marrowcut_proxies");
+            const OutputPaths paths = OutputPaths::forSource(QUrl::fromLocalFile(source));
+            QCOMPARE(paths.finalOutput, QStringLiteral("%1/%2_proxy.mp4").arg(outDir, base));
+            QCOMPARE(paths.tmpOutput, QStringLiteral("%1/.tmp_%2_proxy.mp4").arg(outDir, base));
+            QCOMPARE(outputFolder(QUrl::fromLocalFile(source)).toLocalFile(), paths.outDir);
+        }
+    }
+
+    void completionBodies()
+    {
+        QCOMPARE(completionBody(1, 0), QStringLiteral("1 file done."));
+        QCOMPARE(completionBody(0, 0), QStringLiteral("0 files done."));
+        QCOMPARE(completionBody(12000, 0), QStringLiteral("12000 files done."));
+        QCOMPARE(completionBody(0, 1), QStringLiteral("0 done, 1 failed."));
+    }
 
 private:
     QUrl clip(const QString &name)
@@ -48,158 +165,6 @@ private:
     MemoryNotificationCenter m_notifications{false};
     std::unique_ptr<BurnInEngine> m_engine;
 };
-
-void TestQueue::init()
-{
-    m_folder = std::make_unique<QTemporaryDir>();
-    m_preferences = {};
-    m_engine = std::make_unique<BurnInEngine>(m_preferences, m_notifications);
-}
-
-void TestQueue::expandsAFolder()
-{
-    for (const char *name : {"a.MOV", "b.mp4", "notes.txt", ".hidden.mxf", "c.m4v", "mov", "d.mov.txt"})
-        clip(QLatin1String(name));
-    QVERIFY(QDir(m_folder->path()).mkpath(QStringLiteral("sub")));
-    clip(QStringLiteral("sub/e.mov"));
-    QVERIFY(QDir(m_folder->path()).mkpath(QStringLiteral("archive.mov")));
-
-    QVERIFY(m_engine->enqueue({QUrl::fromLocalFile(m_folder->path())}).isEmpty());
-    const QStringList found = names();
-    QCOMPARE(QSet(found.begin(), found.end()),
-             (QSet<QString>{QStringLiteral("a.MOV"), QStringLiteral("b.mp4"), QStringLiteral(".hidden.mxf"),
-                            QStringLiteral("archive.mov")}));
-    const ProxyJob &job = m_engine->jobs().first();
-    QVERIFY(job.status.isQueued() && job.isSelected && job.burnInEnabled && !job.etaSeconds &&
-            !job.errorDetail);
-    QCOMPARE(job.sourceURL, QUrl::fromLocalFile(m_folder->filePath(job.fileName())));
-}
-
-void TestQueue::namesThatAreNoText()
-{
-    QVERIFY(QFile(m_folder->filePath(QStringLiteral("fine\uFFFD.mov"))).open(QIODevice::WriteOnly));
-    const QByteArray bytes = QFile::encodeName(m_folder->path()) + "/bad\xFF.mov";
-    fclose(fopen(bytes.constData(), "w"));
-    const QList<RefusedItem> refused = m_engine->enqueue({QUrl::fromLocalFile(m_folder->path())});
-    remove(bytes.constData()); // QTemporaryDir cannot
-    QCOMPARE(names(), QStringList{QStringLiteral("fine\uFFFD.mov")});
-    QCOMPARE(refused.size(), 1);
-    QCOMPARE(refused.first().reason, RefusedItem::Reason::nameIsNotText);
-    QCOMPARE(refused.first().path, m_folder->filePath(QStringLiteral("bad\\xFF.mov")));
-}
-
-void TestQueue::tellsWhatGaveNoClip()
-{
-    using Reason = RefusedItem::Reason;
-    QVERIFY(QDir(m_folder->path()).mkpath(QStringLiteral("empty")));
-    const QList<QUrl> items = {
-        clip(QStringLiteral("a.txt")), QUrl::fromLocalFile(m_folder->filePath(QStringLiteral("gone.mov"))),
-        QUrl::fromLocalFile(m_folder->filePath(QStringLiteral("empty"))),
-        QUrl(QStringLiteral("https://example.org/a.mov")), clip(QStringLiteral("a.mov"))};
-    QList<Reason> reasons;
-    for (const RefusedItem &item : m_engine->enqueue(items))
-        reasons.append(item.reason);
-    QCOMPARE(reasons, (QList<Reason>{Reason::notAVideoFile, Reason::noSuchPath,
-                                     Reason::folderWithoutVideoFiles, Reason::noSuchPath}));
-    QCOMPARE(names(), QStringList{QStringLiteral("a.mov")});
-}
-
-void TestQueue::addsEachFileOnce()
-{
-    const QUrl a = clip(QStringLiteral("a.mov"));
-    const QUrl b = clip(QStringLiteral("b.mov"));
-    m_engine->enqueue({a, b, a});
-    m_engine->enqueue({b, QUrl::fromLocalFile(m_folder->path())});
-    QCOMPARE(names(), (QStringList{QStringLiteral("a.mov"), QStringLiteral("b.mov")}));
-    m_engine->removeFromQueue(m_engine->jobs().first().id);
-    m_engine->enqueue({a});
-    QCOMPARE(names(), (QStringList{QStringLiteral("b.mov"), QStringLiteral("a.mov")}));
-}
-
-void TestQueue::announcesEachEditBeforeItIsApplied()
-{
-    QList<ProxyJob> seen;
-    int announcements = 0;
-    connect(m_engine.get(), &BurnInEngine::willChange, this, [&] {
-        ++announcements;
-        seen = m_engine->jobs();
-    });
-    const auto expectOne = [&](const QList<ProxyJob> &before, int count) {
-        QCOMPARE(announcements, count);
-        QCOMPARE(seen, before);
-        announcements = 0;
-    };
-    m_engine->enqueue({clip(QStringLiteral("a.mov"))});
-    expectOne({}, 1);
-
-    QList<ProxyJob> before = m_engine->jobs();
-    m_engine->toggleSelected(before.first().id);
-    expectOne(before, 1);
-    before = m_engine->jobs();
-    m_engine->toggleBurnIn(before.first().id);
-    expectOne(before, 1);
-    m_engine->retry(before.first().id);
-    QCOMPARE(announcements, 4);
-    announcements = 0;
-    m_engine->setAllSelected(true); // selected by the retry: nothing to edit
-    m_engine->clearCompleted();
-    QCOMPARE(announcements, 0);
-    before = m_engine->jobs();
-    m_engine->removeFromQueue(before.first().id);
-    expectOne(before, 1);
-    m_engine->setQualityPreset(QualityPreset::standard); // the same value counts, too
-    QCOMPARE(announcements, 1);
-}
-
-void TestQueue::presetIsRememberedOnEveryAssignment()
-{
-    const QString key = QStringLiteral("qualityPreset");
-    QCOMPARE(m_engine->qualityPreset(), QualityPreset::standard);
-    QVERIFY(!m_preferences.value(key)); // the initial value is not written back
-    m_engine->setQualityPreset(QualityPreset::standard);
-    QCOMPARE(m_preferences.value(key), QStringLiteral("standard"));
-    m_engine->setQualityPreset(QualityPreset::tiny);
-    QCOMPARE(BurnInEngine(m_preferences, m_notifications).qualityPreset(), QualityPreset::tiny);
-}
-
-void TestQueue::selection()
-{
-    QVERIFY(!m_engine->hasQueuedJobs());
-    m_engine->enqueue({clip(QStringLiteral("a.mov")), clip(QStringLiteral("b.mov"))});
-    const QUuid first = m_engine->jobs().first().id;
-    m_engine->toggleSelected(first);
-    QVERIFY(!m_engine->jobs().first().isSelected && m_engine->jobs().last().isSelected);
-    QVERIFY(m_engine->hasSelectedQueuedJobs());
-    m_engine->setAllSelected(false);
-    QVERIFY(m_engine->hasQueuedJobs() && !m_engine->hasSelectedQueuedJobs());
-    m_engine->start(); // nothing is selected
-    QVERIFY(!m_engine->isRunning());
-}
-
-void TestQueue::removalAndClearing()
-{
-    m_engine->enqueue(
-        {clip(QStringLiteral("a.mov")), clip(QStringLiteral("b.mov")), clip(QStringLiteral("c.mov"))});
-    const QUuid last = m_engine->jobs().last().id;
-    m_engine->removeFromQueue(m_engine->jobs().at(1).id);
-    m_engine->toggleSelected(last); // still found after the positions moved
-    QCOMPARE(names(), (QStringList{QStringLiteral("a.mov"), QStringLiteral("c.mov")}));
-    QVERIFY(!m_engine->jobs().last().isSelected);
-    m_engine->clearCompleted();
-    QCOMPARE(m_engine->jobs().size(), 2);
-}
-
-void TestQueue::unknownIdsChangeNothing()
-{
-    m_engine->enqueue({clip(QStringLiteral("a.mov"))});
-    const QSignalSpy announced(m_engine.get(), &BurnInEngine::willChange);
-    const QUuid unknown = QUuid::createUuid();
-    m_engine->removeFromQueue(unknown);
-    m_engine->toggleSelected(unknown);
-    m_engine->toggleBurnIn(unknown);
-    m_engine->retry(unknown);
-    QCOMPARE(announced.size(), 0);
-}
 
 QTEST_GUILESS_MAIN(TestQueue)
 #include "tst_queue.moc"

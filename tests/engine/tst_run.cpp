@@ -26,16 +26,149 @@ class TestRun : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
+    void init()
+    {
+        m_engine.reset();
+        m_script = std::make_unique<StandInScript>();
+        m_notifications = std::make_unique<MemoryNotificationCenter>(true);
+        m_engine = std::make_unique<BurnInEngine>(m_preferences, *m_notifications);
+        useEncoder(QStringLiteral("libx264")); // whatever this machine has
+    }
 
-    void clipsBecomeProxies();
-    void failedEncodeKeepsItsProgress();
-    void encoderIsChosenByDuration_data();
-    void encoderIsChosenByDuration();
-    void failedHardwareEncodeIsTriedInSoftware_data();
-    void failedHardwareEncodeIsTriedInSoftware();
-    void queueEditsDuringARun();
-    void notificationCountsTheWholeList();
+    void clipsBecomeProxies()
+    {
+        const QUuid first = addClip(QStringLiteral("a.mov"));
+        const QUuid unticked = addClip(QStringLiteral("b.mov"));
+        const QUuid third = addClip(QStringLiteral("c.mxf"));
+        m_engine->toggleSelected(unticked);
+
+        QStringList labels; // of the first job, as an observer of each edit would see them
+        connect(m_engine.get(), &BurnInEngine::willChange, this,
+                [&] { labels.append(job(first).status.label()); });
+        run(clipOf("93.44") + "when part_\nerr frame=9\\r\nend\nwrite-output\n");
+
+        labels.erase(std::unique(labels.begin(), labels.end()), labels.end());
+        QCOMPARE(labels, (QStringList{QStringLiteral("Queued"), QStringLiteral("Reading metadata…"),
+                                      QStringLiteral("Encoding…"), QStringLiteral("Done")}));
+        QCOMPARE(job(first).progress, 1.0);
+        QVERIFY(job(unticked).status.isQueued());
+        QVERIFY(job(third).status.isSuccessful());
+        QCOMPARE(proxies(), (QStringList{QStringLiteral("a_proxy.mp4"), QStringLiteral("c_proxy.mp4"),
+                                         QStringLiteral("manifest.csv")}));
+        QCOMPARE(manifest().size(), 4); // header, two lines, and nothing after the last line feed
+        QVERIFY(manifest()[1].startsWith("a.mov,a_proxy.mp4,00:00:00:00,25/1,93.44,0,unavailable,done,2"));
+        QVERIFY(manifest()[2].startsWith("c.mxf,c_proxy.mp4,"));
+
+        m_engine->toggleSelected(unticked);
+        run(clipOf("5") + "write-output\n");
+        QCOMPARE(manifest().size(), 5); // appended, no second header
+    }
+
+    void failedEncodeKeepsItsProgress()
+    {
+        const QUuid id = addClip(QStringLiteral("a.mov"));
+        const QUuid next = addClip(QStringLiteral("b.mov"));
+        run(clipOf("60") +
+            "when a.mov\nerr frame=1 time=00:00:30.00 speed=3x\\rno space\\n\nexit 1\nend\nwrite-output\n");
+        QCOMPARE(job(id).status, JobStatus::failed(QStringLiteral("encode error")));
+        QCOMPARE(job(id).progress, 0.5);
+        QVERIFY(!job(id).etaSeconds);
+        QVERIFY(job(id).errorDetail->endsWith(QStringLiteral("no space")));
+        QVERIFY(manifest()[1].contains(",failed: encode error,"));
+        QCOMPARE(job(next).status, JobStatus::done()); // a failure never stops the run
+
+        m_engine->retry(id);
+        QVERIFY(job(id).status.isQueued() && job(id).progress == 0.0 && !job(id).errorDetail);
+        run(clipOf("60") + "write-output\n");
+        QCOMPARE(job(id).status, JobStatus::done());
+        m_engine->clearCompleted();
+        QVERIFY(m_engine->jobs().isEmpty());
+    }
+
+    void encoderIsChosenByDuration()
+    {
+        int pieces = 0; // of all clips up to the one
+        for (const auto &[duration, more] :
+             {std::pair("90.0", 0), std::pair("90.01", 2), std::pair("N/A", 0)}) {
+            const QUuid id = addClip(QStringLiteral("a%1.mov").arg(QLatin1String(duration).size()));
+            run(clipOf(duration) + "note @/calls\nwhen part_\nerr frame=9\\r\nend\nwrite-output\n");
+            QCOMPARE(job(id).status, JobStatus::done());
+            QCOMPARE(m_script->contents(QStringLiteral("calls")).count("-ss\n"), pieces += more);
+        }
+    }
+
+    void failedHardwareEncodeIsTriedInSoftware_data()
+    {
+        QTest::addColumn<QByteArray>("duration");
+        QTest::addColumn<QByteArray>("script");
+        QTest::addColumn<QByteArrayList>("encoders"); // of each call that encodes
+        QTest::addColumn<bool>("done");
+        const auto row = [](const char *name, const char *duration, const QByteArray &script,
+                            const QByteArrayList &encoders, bool done) {
+            QTest::newRow(name) << QByteArray(duration) << script << encoders << done;
+        };
+        const QByteArray failing = "write-output\nerr frame=9 time=00:00:01.00\\r\nexit 1\n";
+        const QByteArray works = "end\nerr frame=9\\r\nwrite-output\n";
+        row("it works", "60", works, {"h264_nvenc"}, true);
+        row("single pass", "60", "when h264_nvenc\n" + failing + works, {"h264_nvenc", "libx264"}, true);
+        row("second piece", "100", "when h264_nvenc part_0001\n" + failing + works,
+            {"h264_nvenc", "h264_nvenc", "libx264", "libx264"}, true);
+        row("both fail", "60", failing, {"h264_nvenc", "libx264"}, false);
+    }
+
+    void failedHardwareEncodeIsTriedInSoftware()
+    {
+        QFETCH(QByteArray, duration);
+        QFETCH(QByteArray, script);
+        QFETCH(bool, done);
+        useEncoder(QStringLiteral("h264_nvenc"));
+        const QUuid id = addClip(QStringLiteral("a.mov"));
+        run(clipOf(duration) + "note @/calls\n" + script);
+        QCOMPARE(job(id).status.isSuccessful(), done);
+        QByteArrayList encoders;
+        const QByteArrayList arguments = m_script->contents(QStringLiteral("calls")).split('\n');
+        for (qsizetype at = 0; at + 1 < arguments.size(); ++at) {
+            if (arguments[at] == "-c:v")
+                encoders.append(arguments[at + 1]);
+        }
+        QTEST(encoders, "encoders");
+        QCOMPARE(proxies().contains(QStringLiteral("a_proxy.mp4")), done);
+        QCOMPARE(proxies().size(), done ? 2 : 1); // the manifest is there
+    }
+
+    void queueEditsDuringARun()
+    {
+        const QUuid first = addClip(QStringLiteral("a.mov"));
+        const QUuid removed = addClip(QStringLiteral("b.mov"));
+        const QUuid unticked = addClip(QStringLiteral("c.mov"));
+        m_script->set(clipOf("60") + "when a.mov\nwait-for @/go\nend\nwrite-output\n");
+        m_engine->start();
+        m_engine->start(); // a run is going on: nothing
+        QTRY_VERIFY_WITH_TIMEOUT(job(first).status.isEncoding(), 60000);
+        m_engine->removeFromQueue(first); // not queued any more: stays
+        m_engine->removeFromQueue(removed);
+        m_engine->toggleSelected(unticked);
+        const QUuid added = addClip(QStringLiteral("d.mov"));
+        m_script->touch(QStringLiteral("go"));
+        QTRY_VERIFY_WITH_TIMEOUT(!m_engine->isRunning(), 60000);
+
+        QVERIFY(job(first).status.isSuccessful());
+        QVERIFY(job(unticked).status.isSuccessful()); // chosen when the run began
+        QVERIFY(job(added).status.isQueued());
+        QVERIFY(!proxies().contains(QStringLiteral("b_proxy.mp4")));
+    }
+
+    void notificationCountsTheWholeList()
+    {
+        addClip(QStringLiteral("a.mov"));
+        run(clipOf("60") + "exit 1\n");
+        addClip(QStringLiteral("b.mov"));
+        run(clipOf("60") + "write-output\n");
+        QTRY_COMPARE_WITH_TIMEOUT(m_notifications->requests().size(), 2, 60000);
+        QCOMPARE(m_notifications->requests().last().title, QStringLiteral("Marrowcut"));
+        QCOMPARE(m_notifications->requests().last().body, QStringLiteral("1 done, 1 failed."));
+        QCOMPARE(m_notifications->requests().last().identifier.size(), 36);
+    }
 
 private:
     void useEncoder(const QString &name)
@@ -80,163 +213,6 @@ private:
     std::unique_ptr<MemoryNotificationCenter> m_notifications;
     std::unique_ptr<BurnInEngine> m_engine;
 };
-
-void TestRun::init()
-{
-    m_engine.reset();
-    m_script = std::make_unique<StandInScript>();
-    m_notifications = std::make_unique<MemoryNotificationCenter>(true);
-    m_engine = std::make_unique<BurnInEngine>(m_preferences, *m_notifications);
-    useEncoder(QStringLiteral("libx264")); // whatever this machine has
-}
-
-void TestRun::clipsBecomeProxies()
-{
-    const QUuid first = addClip(QStringLiteral("a.mov"));
-    const QUuid unticked = addClip(QStringLiteral("b.mov"));
-    const QUuid third = addClip(QStringLiteral("c.mxf"));
-    m_engine->toggleSelected(unticked);
-
-    QStringList labels; // of the first job, as an observer of each edit would see them
-    connect(m_engine.get(), &BurnInEngine::willChange, this, [&] {
-        if (const QString label = job(first).status.label(); !(!labels.isEmpty() && labels.last() == label))
-            labels.append(label);
-    });
-    run(clipOf("93.44") + "when part_\nerr frame=9\\r\nend\nwrite-output\n");
-
-    QCOMPARE(labels, (QStringList{QStringLiteral("Queued"), QStringLiteral("Reading metadata…"),
-                                  QStringLiteral("Encoding…"), QStringLiteral("Done")}));
-    QCOMPARE(job(first).progress, 1.0);
-    QVERIFY(job(unticked).status.isQueued());
-    QVERIFY(job(third).status.isSuccessful());
-    QCOMPARE(proxies(), (QStringList{QStringLiteral("a_proxy.mp4"), QStringLiteral("c_proxy.mp4"),
-                                     QStringLiteral("manifest.csv")}));
-    QCOMPARE(manifest().size(), 4); // header, two lines, and nothing after the last line feed
-    QVERIFY(manifest()[1].startsWith("a.mov,a_proxy.mp4,00:00:00:00,25/1,93.44,0,unavailable,done,2"));
-    QVERIFY(manifest()[2].startsWith("c.mxf,c_proxy.mp4,"));
-
-    m_engine->toggleSelected(unticked);
-    run(clipOf("5") + "write-output\n");
-    QCOMPARE(manifest().size(), 5); // appended, no second header
-}
-
-void TestRun::failedEncodeKeepsItsProgress()
-{
-    const QUuid id = addClip(QStringLiteral("a.mov"));
-    const QUuid next = addClip(QStringLiteral("b.mov"));
-    run(clipOf("60") +
-        "when a.mov\nerr frame=1 time=00:00:30.00 speed=3x\\rno space\\n\nexit 1\nend\nwrite-output\n");
-    QCOMPARE(job(id).status, JobStatus::failed(QStringLiteral("encode error")));
-    QCOMPARE(job(id).progress, 0.5);
-    QVERIFY(!job(id).etaSeconds);
-    QVERIFY(job(id).errorDetail->endsWith(QStringLiteral("no space")));
-    QVERIFY(manifest()[1].contains(",failed: encode error,"));
-    QCOMPARE(job(next).status, JobStatus::done()); // a failure never stops the run
-
-    m_engine->retry(id);
-    QVERIFY(job(id).status.isQueued() && job(id).progress == 0.0 && !job(id).errorDetail);
-    run(clipOf("60") + "write-output\n");
-    QCOMPARE(job(id).status, JobStatus::done());
-    m_engine->clearCompleted();
-    QVERIFY(m_engine->jobs().isEmpty());
-}
-
-void TestRun::encoderIsChosenByDuration_data()
-{
-    QTest::addColumn<QByteArray>("duration");
-    QTest::addColumn<int>("pieces");
-    QTest::newRow("exactly the length of a piece") << QByteArray("90.0") << 0;
-    QTest::newRow("a little more") << QByteArray("90.01") << 2;
-    QTest::newRow("unknown") << QByteArray("N/A") << 0;
-}
-
-void TestRun::encoderIsChosenByDuration()
-{
-    QFETCH(QByteArray, duration);
-    QFETCH(int, pieces);
-    const QUuid id = addClip(QStringLiteral("a.mov"));
-    run(clipOf(duration) + "note @/calls\nwhen part_\nerr frame=9\\r\nend\nwrite-output\n");
-    QCOMPARE(job(id).status, JobStatus::done());
-    QCOMPARE(m_script->contents(QStringLiteral("calls")).count("-ss\n"), pieces);
-}
-
-void TestRun::failedHardwareEncodeIsTriedInSoftware_data()
-{
-    QTest::addColumn<QByteArray>("duration");
-    QTest::addColumn<QByteArray>("script");
-    QTest::addColumn<QByteArrayList>("encoders"); // of each call that encodes
-    QTest::addColumn<bool>("done");
-    const QByteArray hardware = "h264_nvenc";
-    const QByteArray software = "libx264";
-    const QByteArray failing = "write-output\nerr frame=9 time=00:00:01.00\\r\nexit 1\n";
-    QTest::newRow("it works") << QByteArray("60") << QByteArray("write-output\n") << QByteArrayList{hardware}
-                              << true;
-    QTest::newRow("single pass") << QByteArray("60")
-                                 << QByteArray("when h264_nvenc\n" + failing + "end\nwrite-output\n")
-                                 << QByteArrayList{hardware, software} << true;
-    QTest::newRow("second piece") << QByteArray("100")
-                                  << QByteArray("when h264_nvenc part_0001\n" + failing +
-                                                "end\nerr frame=9\\r\nwrite-output\n")
-                                  << QByteArrayList{hardware, hardware, software, software} << true;
-    QTest::newRow("both fail") << QByteArray("60") << QByteArray(failing)
-                               << QByteArrayList{hardware, software} << false;
-}
-
-void TestRun::failedHardwareEncodeIsTriedInSoftware()
-{
-    QFETCH(QByteArray, duration);
-    QFETCH(QByteArray, script);
-    QFETCH(bool, done);
-    useEncoder(QStringLiteral("h264_nvenc"));
-    const QUuid id = addClip(QStringLiteral("a.mov"));
-    run(clipOf(duration) + "note @/calls\n" + script);
-    QCOMPARE(job(id).status.isSuccessful(), done);
-    QByteArrayList encoders;
-    const QByteArrayList arguments = m_script->contents(QStringLiteral("calls")).split('\n');
-    for (qsizetype at = 0; at + 1 < arguments.size(); ++at) {
-        if (arguments[at] == "-c:v")
-            encoders.append(arguments[at + 1]);
-    }
-    QTEST(encoders, "encoders");
-    QStringList left = {QStringLiteral("manifest.csv")};
-    if (done)
-        left.prepend(QStringLiteral("a_proxy.mp4"));
-    QCOMPARE(proxies(), left);
-}
-
-void TestRun::queueEditsDuringARun()
-{
-    const QUuid first = addClip(QStringLiteral("a.mov"));
-    const QUuid removed = addClip(QStringLiteral("b.mov"));
-    const QUuid unticked = addClip(QStringLiteral("c.mov"));
-    m_script->set(clipOf("60") + "when a.mov\nwait-for @/go\nend\nwrite-output\n");
-    m_engine->start();
-    m_engine->start(); // a run is going on: nothing
-    QTRY_VERIFY_WITH_TIMEOUT(job(first).status.isEncoding(), 60000);
-    m_engine->removeFromQueue(first); // not queued any more: stays
-    m_engine->removeFromQueue(removed);
-    m_engine->toggleSelected(unticked);
-    const QUuid added = addClip(QStringLiteral("d.mov"));
-    m_script->touch(QStringLiteral("go"));
-    QTRY_VERIFY_WITH_TIMEOUT(!m_engine->isRunning(), 60000);
-
-    QVERIFY(job(first).status.isSuccessful());
-    QVERIFY(job(unticked).status.isSuccessful()); // chosen when the run began
-    QVERIFY(job(added).status.isQueued());
-    QVERIFY(!proxies().contains(QStringLiteral("b_proxy.mp4")));
-}
-
-void TestRun::notificationCountsTheWholeList()
-{
-    addClip(QStringLiteral("a.mov"));
-    run(clipOf("60") + "exit 1\n");
-    addClip(QStringLiteral("b.mov"));
-    run(clipOf("60") + "write-output\n");
-    QTRY_COMPARE_WITH_TIMEOUT(m_notifications->requests().size(), 2, 60000);
-    QCOMPARE(m_notifications->requests().last().title, QStringLiteral("Marrowcut"));
-    QCOMPARE(m_notifications->requests().last().body, QStringLiteral("1 done, 1 failed."));
-    QCOMPARE(m_notifications->requests().last().identifier.size(), 36);
-}
 
 QTEST_GUILESS_MAIN(TestRun)
 #include "tst_run.moc"

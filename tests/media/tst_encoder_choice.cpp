@@ -17,11 +17,80 @@ class TestEncoderChoice : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void firstThatWorksIsChosen_data();
-    void firstThatWorksIsChosen();
-    void failureIsToldInTheToolsWords();
-    void trialsAreMadeOnceAndOnlyWhereHardwareShows();
-    void interruptedTrialIsNoAnswer();
+    void firstThatWorksIsChosen_data()
+    {
+        QTest::addColumn<QByteArray>("script");
+        QTest::addColumn<QString>("chosen");
+        const QByteArray counted = "when ffprobe -count_frames\nout 10\\n\nend\n";
+        const QByteArray secondWorks = "when h264_qsv\nwrite-output\nend\n";
+        const QString second = QStringLiteral("h264_qsv");
+        QTest::newRow("first works") << QByteArray(counted + "write-output\n")
+                                     << QStringLiteral("h264_nvenc");
+        QTest::newRow("first fails") << QByteArray(counted + "when h264_nvenc\nwrite-output\nexit 1\nend\n" +
+                                                   secondWorks)
+                                     << second;
+        QTest::newRow("first writes no file") << QByteArray(counted + secondWorks) << second;
+        QTest::newRow("files without their pictures")
+            << QByteArray("when ffprobe\nout 9\\n\nend\nwrite-output\n") << QStringLiteral("libx264");
+        QTest::newRow("none works") << QByteArray("exit 1\n") << QStringLiteral("libx264");
+    }
+
+    void firstThatWorksIsChosen()
+    {
+        QFETCH(QByteArray, script);
+        m_script.set(script);
+        QTEST(EncoderChoice().settle(anywhere(), QualityPreset::standard).name, "chosen");
+    }
+
+    void failureIsToldInTheToolsWords()
+    {
+        const SystemValues system = anywhere();
+        m_script.set("note @/call\nerr Cannot load libcuda.so.1\\n\nexit 1\n");
+        QCOMPARE(encoderTrialFailure(system.with(system.hardwareEncoders[0]), QualityPreset::tiny),
+                 QStringLiteral("Cannot load libcuda.so.1"));
+        const QByteArray call = m_script.contents(QStringLiteral("call"));
+        QVERIFY(call.contains("\nlavfi\n-i\n"));
+        QVERIFY(call.contains("scale=480:-2,drawtext="));
+        QVERIFY(call.contains("\n-c:v\nh264_nvenc\n-b:v\n700k\n"));
+
+        m_script.set("ignore-term\nwait-for @/never\n");
+        QCOMPARE(encoderTrialFailure(system, QualityPreset::standard, std::chrono::milliseconds(50)),
+                 QStringLiteral("It did not end in time."));
+    }
+
+    void trialsAreMadeOnceAndOnlyWhereHardwareShows()
+    {
+        m_script.set("note @/trials\nexit 1\n");
+        EncoderChoice choice;
+        choice.settle(anywhere(), QualityPreset::standard);
+        choice.settle(anywhere(), QualityPreset::tiny);
+        QCOMPARE(m_script.contents(QStringLiteral("trials")).count("-c:v"), 2);
+
+        SystemValues bare = anywhere();
+        for (VideoEncoder &encoder : bare.hardwareEncoders)
+            encoder.signs = {m_script.path(QStringLiteral("no such device"))};
+        QCOMPARE(EncoderChoice().settle(bare, QualityPreset::standard), bare.videoEncoder);
+        QCOMPARE(EncoderChoice(bare.hardwareEncoders[1]).settle(bare, QualityPreset::standard).name,
+                 QStringLiteral("h264_qsv"));
+        QCOMPARE(m_script.contents(QStringLiteral("trials")).count("-c:v"), 2);
+    }
+
+    void interruptedTrialIsNoAnswer()
+    {
+        // The trial opens the pipe's other end.
+        QCOMPARE(mkfifo(QFile::encodeName(m_script.path(QStringLiteral("there"))).constData(), 0600), 0);
+        m_script.set("note @/there\nwait-for @/never\n");
+        std::stop_source stop;
+        std::jthread stopper([&] {
+            m_script.contents(QStringLiteral("there"));
+            stop.request_stop();
+        });
+        EncoderChoice choice;
+        QVERIFY_THROWS_EXCEPTION(Interrupted,
+                                 choice.settle(anywhere(), QualityPreset::standard, stop.get_token()));
+        m_script.set("when ffprobe\nout 10\\n\nend\nwrite-output\n");
+        QCOMPARE(choice.settle(anywhere(), QualityPreset::standard).name, QStringLiteral("h264_nvenc"));
+    }
 
 private:
     /// The Linux row, as on a machine that may have any hardware.
@@ -35,82 +104,6 @@ private:
 
     StandInScript m_script;
 };
-
-void TestEncoderChoice::firstThatWorksIsChosen_data()
-{
-    QTest::addColumn<QByteArray>("script");
-    QTest::addColumn<QString>("chosen");
-    const QByteArray counted = "when ffprobe -count_frames\nout 10\\n\nend\n";
-    const QByteArray secondWorks = "when h264_qsv\nwrite-output\nend\n";
-    const QString second = QStringLiteral("h264_qsv");
-    QTest::newRow("first works") << QByteArray(counted + "write-output\n") << QStringLiteral("h264_nvenc");
-    QTest::newRow("first fails") << QByteArray(counted + "when h264_nvenc\nwrite-output\nexit 1\nend\n" +
-                                               secondWorks)
-                                 << second;
-    QTest::newRow("first writes an empty file")
-        << QByteArray(counted + "when h264_nvenc\nwrite-empty\nend\n" + secondWorks) << second;
-    QTest::newRow("first writes no file") << QByteArray(counted + secondWorks) << second;
-    QTest::newRow("files without their pictures")
-        << QByteArray("when ffprobe\nout 9\\n\nend\nwrite-output\n") << QStringLiteral("libx264");
-    QTest::newRow("none works") << QByteArray("exit 1\n") << QStringLiteral("libx264");
-}
-
-void TestEncoderChoice::firstThatWorksIsChosen()
-{
-    QFETCH(QByteArray, script);
-    m_script.set(script);
-    QTEST(EncoderChoice().settle(anywhere(), QualityPreset::standard).name, "chosen");
-}
-
-void TestEncoderChoice::failureIsToldInTheToolsWords()
-{
-    const SystemValues system = anywhere();
-    m_script.set("note @/call\nerr Cannot load libcuda.so.1\\n\nexit 1\n");
-    QCOMPARE(encoderTrialFailure(system.with(system.hardwareEncoders[0]), QualityPreset::tiny),
-             QStringLiteral("Cannot load libcuda.so.1"));
-    const QByteArray call = m_script.contents(QStringLiteral("call"));
-    QVERIFY(call.contains("\nlavfi\n-i\n"));
-    QVERIFY(call.contains("scale=480:-2,drawtext="));
-    QVERIFY(call.contains("\n-c:v\nh264_nvenc\n-b:v\n700k\n"));
-
-    m_script.set("ignore-term\nwait-for @/never\n");
-    QCOMPARE(encoderTrialFailure(system, QualityPreset::standard, std::chrono::milliseconds(50)),
-             QStringLiteral("It did not end in time."));
-}
-
-void TestEncoderChoice::trialsAreMadeOnceAndOnlyWhereHardwareShows()
-{
-    m_script.set("note @/trials\nexit 1\n");
-    EncoderChoice choice;
-    choice.settle(anywhere(), QualityPreset::standard);
-    choice.settle(anywhere(), QualityPreset::tiny);
-    QCOMPARE(m_script.contents(QStringLiteral("trials")).count("-c:v"), 2);
-
-    SystemValues bare = anywhere();
-    for (VideoEncoder &encoder : bare.hardwareEncoders)
-        encoder.signs = {m_script.path(QStringLiteral("no such device"))};
-    QCOMPARE(EncoderChoice().settle(bare, QualityPreset::standard), bare.videoEncoder);
-    QCOMPARE(EncoderChoice(bare.hardwareEncoders[1]).settle(bare, QualityPreset::standard).name,
-             QStringLiteral("h264_qsv"));
-    QCOMPARE(m_script.contents(QStringLiteral("trials")).count("-c:v"), 2);
-}
-
-void TestEncoderChoice::interruptedTrialIsNoAnswer()
-{
-    // The trial opens the pipe's other end.
-    QCOMPARE(mkfifo(QFile::encodeName(m_script.path(QStringLiteral("there"))).constData(), 0600), 0);
-    m_script.set("note @/there\nwait-for @/never\n");
-    std::stop_source stop;
-    std::jthread stopper([&] {
-        m_script.contents(QStringLiteral("there"));
-        stop.request_stop();
-    });
-    EncoderChoice choice;
-    QVERIFY_THROWS_EXCEPTION(Interrupted,
-                             choice.settle(anywhere(), QualityPreset::standard, stop.get_token()));
-    m_script.set("when ffprobe\nout 10\\n\nend\nwrite-output\n");
-    QCOMPARE(choice.settle(anywhere(), QualityPreset::standard).name, QStringLiteral("h264_nvenc"));
-}
 
 QTEST_GUILESS_MAIN(TestEncoderChoice)
 #include "tst_encoder_choice.moc"

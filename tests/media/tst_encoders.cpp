@@ -8,40 +8,141 @@
 using namespace marrowcut;
 using namespace marrowcut::media;
 
-namespace
-{
-
-struct Published {
-    double progress;
-    std::optional<double> eta;
-    bool operator==(const Published &) const = default;
-};
-
-} // namespace
+using Published = std::pair<double, std::optional<double>>; // progress and remaining time
 
 class TestEncoders : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
+    void init()
+    {
+        m_script = std::make_unique<StandInScript>();
+        QVERIFY(QDir().mkpath(out()));
+        m_published.clear();
+    }
 
-    void singlePassMovesIntoPlace();
-    void singlePassFailureLeavesNothing_data();
-    void singlePassFailureLeavesNothing();
-    void singlePassProgress();
+    void singlePassFailureLeavesNothing()
+    {
+        const QByteArray noSpace = "err No space left on device\\n\n";
+        for (const QByteArray &script :
+             {"write-output\n" + noSpace + "exit 1\n",
+              "write-output\n" + noSpace + "err frame=    0 fps=0.0 time=N/A \\r\n", // no picture
+              "write-torn\n" + noSpace}) {
+            const EncodeResult result = singlePass(script);
+            QVERIFY(!result.success);
+            QVERIFY(result.stderrTail.startsWith(QStringLiteral("No space left on device")));
+            QCOMPARE(outputs(), QStringList());
+        }
+    }
 
-    void piecesAndJoin();
-    void pieceProgress();
-    void failedPieceStopsTheRun();
-    void failedJoinKeepsTheParts();
-    void pieceWithoutPicturesIsLeftOut_data();
-    void pieceWithoutPicturesIsLeftOut();
-    void absurdDurationEndsTheRun();
-    void joinInFolderWithAddressCharacters();
-    void linkInPlaceOfTheWorkFolderIsNotFollowed();
+    void singlePassProgress()
+    {
+        const QByteArray script =
+            "err frame=1 time=00:00:30.00 speed=3x\\rx\\rframe=1 time=00:01:05.00 speed=2x\\r\n"
+            "err frame=1 time=00:00:10.00 speed=N/A\\rframe=1 time=N/A speed=1x\\r\nwrite-output\n";
+        m_script->touch(QStringLiteral("out/A.1_proxy.mp4")); // an old one, whose place is taken
+        QVERIFY(singlePass(script).success);
+        QCOMPARE(m_script->contents(QStringLiteral("out/A.1_proxy.mp4")).size(), 16);
+        QCOMPARE(outputs(), QStringList{QStringLiteral("A.1_proxy.mp4")});
+        QCOMPARE(m_published, (QList<Published>{{0.5, 10.0}, {1.0, 0.0}, {10.0 / 60, std::nullopt}}));
+        m_published.clear();
+        singlePass(script, 0);
+        QVERIFY(m_published.isEmpty());
+    }
+
+    void piecesAndJoin()
+    {
+        const EncodeResult result = chunked(
+            "note @/calls\nwhen concat\nnote @/join\nend\nwhen part_\nerr frame= 9 \\r\nend\nwrite-output\n",
+            200);
+        QVERIFY(result.success);
+        QCOMPARE(outputs(), QStringList{QStringLiteral("A.1_proxy.mp4")});
+
+        const QByteArray calls = m_script->contents(QStringLiteral("calls"));
+        QCOMPARE(calls.count("\n-ss\n"), 3);
+        QVERIFY(calls.contains("-ss\n180.0\n-i\n"));
+        QVERIFY(calls.contains("\n-t\n20.0\n"));
+        const QByteArray folder = out().toUtf8();
+        QVERIFY(calls.contains(folder + ".chunks_A.1/part_0002.mp4\n"));
+        const QByteArray join = m_script->contents(QStringLiteral("join"));
+        QVERIFY(join.contains("-i\n" + folder + ".chunks_A.1/concat.txt\n-c\ncopy\n-timecode\n01:00:00:00\n" +
+                              folder + ".tmp_A.1_proxy.mp4\n"));
+    }
+
+    void pieceProgress()
+    {
+        chunked("when part_0001\nerr frame=9 time=00:00:45.00 speed=3x\\r\nend\nwrite-output\n", 200);
+        QCOMPARE(m_published, (QList<Published>{{0.5, 45.0}}));
+        QCOMPARE(pieceCount(90.5, 90), 2.0);
+        QCOMPARE(pieceCount(180, 90), 2.0);
+        QCOMPARE(pieceCount(180.01, 90), 3.0);
+    }
+
+    void failedPieceStopsTheRun()
+    {
+        const EncodeResult result = chunked(
+            "note @/calls\nwrite-output\nwhen part_0002\nerr bad\\n\nexit 1\nend\nerr frame=9\\r\n", 450);
+        QVERIFY(!result.success);
+        QCOMPARE(result.stderrTail, QStringLiteral("frame=9\nframe=9\nbad"));
+        QCOMPARE(m_script->contents(QStringLiteral("calls")).count("-ss\n"), 3);
+        QCOMPARE(outputs(), QStringList{QStringLiteral(".chunks_A.1")});
+        QCOMPARE(QDir(out(QStringLiteral(".chunks_A.1"))).entryList(QDir::Files).size(), 3);
+
+        // The next run begins afresh and clears up.
+        QVERIFY(chunked("when part_\nerr frame=9\\r\nend\nwrite-output\n", 100).success);
+        QCOMPARE(outputs(), QStringList{QStringLiteral("A.1_proxy.mp4")});
+    }
+
+    void failedJoinKeepsTheParts()
+    {
+        const EncodeResult result =
+            chunked("write-output\nwhen concat\nerr one\\n\\ntwo\nexit 1\nend\nerr frame=9\\r\n", 100);
+        QVERIFY(!result.success);
+        QCOMPARE(result.stderrTail, QStringLiteral("frame=9\nframe=9\none\ntwo"));
+        QCOMPARE(outputs(),
+                 (QStringList{QStringLiteral(".chunks_A.1"), QStringLiteral(".tmp_A.1_proxy.mp4")}));
+        QCOMPARE(m_script->contents(QStringLiteral("out/.chunks_A.1/concat.txt")),
+                 "file 'part_0000.mp4'\nfile 'part_0001.mp4'\n");
+    }
+
+    void pieceWithoutPicturesIsLeftOut()
+    {
+        const QByteArray first = "file 'part_0000.mp4'\n";
+        for (const auto &[script, list] :
+             {std::pair("when part_0001\nerr frame=    1 x\\rframe=    0 fps=0.0\\n\nend\n"
+                        "when part_0000\nerr frame=9\\r\nend\n",
+                        first),
+              // without statistics, by its streams
+              std::pair("when ffprobe part_0000\nout 0\\n\nend\n", first),
+              // no piece has pictures: there is nothing to join
+              std::pair("when part_\nerr frame=    0\\n\nend\n", QByteArray())}) {
+            chunked(script +
+                        QByteArray("when ffprobe\nexit 0\nend\nwrite-output\nwhen concat\nexit 1\nend\n"),
+                    90.02);
+            QCOMPARE(m_script->contents(QStringLiteral("out/.chunks_A.1/concat.txt")), list);
+        }
+    }
+
+    void absurdDurationEndsTheRun()
+    {
+        const QByteArray nothing = "when part_\nerr frame=    0 time=N/A\\r\nend\n";
+        const QByteArray first = "when part_0000\nerr frame=9\\r\nend\n";
+        QVERIFY(chunked("note @/calls\nwrite-output\n" + nothing + first, 2e9).success);
+        QCOMPARE(m_script->contents(QStringLiteral("calls")).count("\n-ss\n"), 41);
+    }
+
+    void linkInPlaceOfTheWorkFolderIsNotFollowed()
+    {
+        const QString precious = m_script->path(QStringLiteral("precious"));
+        QVERIFY(QDir().mkpath(precious));
+        m_script->touch(QStringLiteral("precious/file"));
+        QVERIFY(QFile::link(precious, out(QStringLiteral(".chunks_A.1"))));
+        QVERIFY(chunked("when part_\nerr frame=9\\r\nend\nwrite-output\n", 100).success);
+        QVERIFY(QFile::exists(m_script->path(QStringLiteral("precious/file"))));
+    }
 
 private:
-    QString out(const QString &name) const { return m_outDir + QLatin1Char('/') + name; }
+    QString out(const QString &name = {}) const { return m_script->path(QStringLiteral("out/") + name); }
 
     EncodeJob job(double duration) const
     {
@@ -58,7 +159,7 @@ private:
         const auto publish = [this](const QUuid &, double progress, std::optional<double> eta) {
             m_published.append({progress, eta});
         };
-        return {linuxValues(QStringLiteral("/f.ttf")), publish, m_stop.get_token()};
+        return {linuxValues(QStringLiteral("/f.ttf")), publish, {}};
     }
 
     EncodeResult singlePass(const QByteArray &script, double duration = 60)
@@ -71,171 +172,18 @@ private:
     EncodeResult chunked(const QByteArray &script, double duration)
     {
         m_script->set(script);
-        return runChunked(job(duration), m_outDir, out(QStringLiteral("A.1_proxy.mp4")), 90, context());
+        return runChunked(job(duration), m_script->path(QStringLiteral("out")),
+                          out(QStringLiteral("A.1_proxy.mp4")), 90, context());
     }
 
     QStringList outputs() const
     {
-        return QDir(m_outDir).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
+        return QDir(out()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
     }
 
     std::unique_ptr<StandInScript> m_script;
-    QString m_outDir;
     QList<Published> m_published;
-    std::stop_source m_stop;
 };
-
-void TestEncoders::init()
-{
-    m_script = std::make_unique<StandInScript>();
-    m_outDir = m_script->path(QStringLiteral("out"));
-    QVERIFY(QDir().mkpath(m_outDir));
-    m_published.clear();
-    m_stop = std::stop_source();
-}
-
-void TestEncoders::singlePassMovesIntoPlace()
-{
-    QFile old(out(QStringLiteral("A.1_proxy.mp4")));
-    QVERIFY(old.open(QIODevice::WriteOnly));
-    old.close();
-    const EncodeResult result = singlePass("err warned\\n\nwrite-output\n");
-    QVERIFY(result.success);
-    QCOMPARE(result.stderrTail, QStringLiteral("warned"));
-    QCOMPARE(outputs(), QStringList{QStringLiteral("A.1_proxy.mp4")});
-    QCOMPARE(m_script->contents(QStringLiteral("out/A.1_proxy.mp4")).size(), 16);
-}
-
-void TestEncoders::singlePassFailureLeavesNothing_data()
-{
-    QTest::addColumn<QByteArray>("script");
-    QTest::newRow("exit status") << QByteArray("write-output\nerr No space left on device\\n\nexit 1\n");
-    QTest::newRow("success without a picture")
-        << QByteArray("write-output\nerr No space left on device\\nframe=    0 fps=0.0 time=N/A \\r\n");
-    QTest::newRow("success with a torn file") << QByteArray("write-torn\nerr No space left on device\\n\n");
-}
-
-void TestEncoders::singlePassFailureLeavesNothing()
-{
-    QFETCH(QByteArray, script);
-    const EncodeResult result = singlePass(script);
-    QVERIFY(!result.success);
-    QVERIFY(result.stderrTail.startsWith(QStringLiteral("No space left on device")));
-    QCOMPARE(outputs(), QStringList());
-}
-
-void TestEncoders::singlePassProgress()
-{
-    const QByteArray script =
-        "err frame=1 time=00:00:30.00 speed=3x\\rx\\rframe=1 time=00:01:05.00 speed=2x\\r\n"
-        "err frame=1 time=00:00:10.00 speed=N/A\\rframe=1 time=N/A speed=1x\\r\n";
-    singlePass(script);
-    QCOMPARE(m_published, (QList<Published>{{0.5, 10.0}, {1.0, 0.0}, {10.0 / 60, std::nullopt}}));
-    m_published.clear();
-    singlePass(script, 0);
-    QVERIFY(m_published.isEmpty());
-}
-
-void TestEncoders::piecesAndJoin()
-{
-    const EncodeResult result = chunked(
-        "note @/calls\nwhen concat\nnote @/join\nend\nwhen part_\nerr frame= 9 \\r\nend\nwrite-output\n",
-        200);
-    QVERIFY(result.success);
-    QCOMPARE(outputs(), QStringList{QStringLiteral("A.1_proxy.mp4")});
-
-    const QByteArray calls = m_script->contents(QStringLiteral("calls"));
-    QCOMPARE(calls.count("\n-ss\n"), 3);
-    QVERIFY(calls.contains("-ss\n180.0\n-i\n"));
-    QVERIFY(calls.contains("\n-t\n20.0\n"));
-    QVERIFY(calls.contains(m_outDir.toUtf8() + "/.chunks_A.1/part_0002.mp4\n"));
-    const QByteArray join = m_script->contents(QStringLiteral("join"));
-    QVERIFY(join.contains("-i\n" + m_outDir.toUtf8() +
-                          "/.chunks_A.1/concat.txt\n-c\ncopy\n-timecode\n01:00:00:00\n" + m_outDir.toUtf8() +
-                          "/.tmp_A.1_proxy.mp4\n"));
-}
-
-void TestEncoders::pieceProgress()
-{
-    chunked("when part_0001\nerr frame=9 time=00:00:45.00 speed=3x\\r\nend\nwrite-output\n", 200);
-    QCOMPARE(m_published, (QList<Published>{{0.5, 45.0}}));
-    QCOMPARE(pieceCount(90.5, 90), 2.0);
-    QCOMPARE(pieceCount(180, 90), 2.0);
-    QCOMPARE(pieceCount(180.01, 90), 3.0);
-}
-
-void TestEncoders::failedPieceStopsTheRun()
-{
-    const EncodeResult result =
-        chunked("note @/calls\nwrite-output\nwhen part_0002\nerr bad\\n\nexit 1\nend\nerr frame=9\\r\n", 450);
-    QVERIFY(!result.success);
-    QCOMPARE(result.stderrTail, QStringLiteral("frame=9\nframe=9\nbad"));
-    QCOMPARE(m_script->contents(QStringLiteral("calls")).count("-ss\n"), 3);
-    QCOMPARE(outputs(), QStringList{QStringLiteral(".chunks_A.1")});
-    QCOMPARE(QDir(out(QStringLiteral(".chunks_A.1"))).entryList(QDir::Files).size(), 3);
-
-    // The next run begins afresh and clears up.
-    QVERIFY(chunked("when part_\nerr frame=9\\r\nend\nwrite-output\n", 100).success);
-    QCOMPARE(outputs(), QStringList{QStringLiteral("A.1_proxy.mp4")});
-}
-
-void TestEncoders::failedJoinKeepsTheParts()
-{
-    const EncodeResult result =
-        chunked("write-output\nwhen concat\nerr one\\n\\ntwo\nexit 1\nend\nerr frame=9\\r\n", 100);
-    QVERIFY(!result.success);
-    QCOMPARE(result.stderrTail, QStringLiteral("frame=9\nframe=9\none\ntwo"));
-    QCOMPARE(outputs(), (QStringList{QStringLiteral(".chunks_A.1"), QStringLiteral(".tmp_A.1_proxy.mp4")}));
-    QCOMPARE(m_script->contents(QStringLiteral("out/.chunks_A.1/concat.txt")),
-             "file 'part_0000.mp4'\nfile 'part_0001.mp4'\n");
-}
-
-void TestEncoders::pieceWithoutPicturesIsLeftOut_data()
-{
-    QTest::addColumn<QByteArray>("script");
-    QTest::addColumn<QByteArray>("list");
-    QTest::newRow("by its statistics") << QByteArray("when part_0001\nerr frame=    1 x\\rframe=    0 "
-                                                     "fps=0.0\\n\nend\nwhen part_0000\nerr frame=9\\r\nend\n")
-                                       << QByteArray("file 'part_0000.mp4'\n");
-    QTest::newRow("by its streams, without statistics")
-        << QByteArray("when ffprobe part_0000\nout 0\\n\nend\n") << QByteArray("file 'part_0000.mp4'\n");
-    QTest::newRow("no piece has pictures") << QByteArray("when part_\nerr frame=    0\\n\nend\n")
-                                           << QByteArray(); // then there is nothing to join
-}
-
-void TestEncoders::pieceWithoutPicturesIsLeftOut()
-{
-    QFETCH(QByteArray, script);
-    QFETCH(QByteArray, list);
-    chunked(script + "when ffprobe\nexit 0\nend\nwrite-output\nwhen concat\nexit 1\nend\n", 90.02);
-    QCOMPARE(m_script->contents(QStringLiteral("out/.chunks_A.1/concat.txt")), list);
-}
-
-void TestEncoders::absurdDurationEndsTheRun()
-{
-    const QByteArray nothing = "when part_\nerr frame=    0 time=N/A\\r\nend\n";
-    const QByteArray first = "when part_0000\nerr frame=9\\r\nend\n";
-    QVERIFY(chunked("note @/calls\nwrite-output\n" + nothing + first, 2e9).success);
-    QCOMPARE(m_script->contents(QStringLiteral("calls")).count("\n-ss\n"), 41);
-}
-
-void TestEncoders::joinInFolderWithAddressCharacters()
-{
-    m_outDir = m_script->path(QStringLiteral("Shoot #3"));
-    QVERIFY(QDir().mkpath(m_outDir));
-    QVERIFY(chunked("when concat\nnote @/join\nend\nerr frame=9\\r\nwrite-output\n", 100).success);
-    QVERIFY(m_script->contents(QStringLiteral("join")).contains("-i\nconcat.txt\n-c\n"));
-}
-
-void TestEncoders::linkInPlaceOfTheWorkFolderIsNotFollowed()
-{
-    const QString precious = m_script->path(QStringLiteral("precious"));
-    QVERIFY(QDir().mkpath(precious));
-    m_script->touch(QStringLiteral("precious/file"));
-    QVERIFY(QFile::link(precious, out(QStringLiteral(".chunks_A.1"))));
-    QVERIFY(chunked("when part_\nerr frame=9\\r\nend\nwrite-output\n", 100).success);
-    QVERIFY(QFile::exists(m_script->path(QStringLiteral("precious/file"))));
-}
 
 QTEST_GUILESS_MAIN(TestEncoders)
 #include "tst_encoders.moc"

@@ -1,6 +1,5 @@
 #include "media/burn_in_filter.h"
 #include "media/encoder_arguments.h"
-#include "media/line_splitter.h"
 #include "media/numbers.h"
 #include "media/progress_parsing.h"
 #include "media/stderr_tail.h"
@@ -39,6 +38,16 @@ EncodeJob exampleJob(int audioCount)
             false};
 }
 
+/// One text of a graph; what it says, then where, and its look.
+QString drawn(const char *what, const char *x, const char *y, int size, int outline)
+{
+    return QStringLiteral(",drawtext=fontfile='/f.ttf':%1:x=%2:y=h*%3:fontsize=h/%4:fontcolor=white:"
+                          "borderw=%5:bordercolor=black")
+        .arg(QLatin1String(what), QLatin1String(x), QLatin1String(y))
+        .arg(size)
+        .arg(outline);
+}
+
 QString spaced(const QStringList &arguments)
 {
     return arguments.join(QLatin1Char(' '));
@@ -50,209 +59,159 @@ class TestMediaTexts : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void completeGraph();
-    void graphVariants();
-    void tinyLayoutAndHostileTexts();
-    void argumentLists();
-    void nominalFPS();
-    void timecodeAddition();
-    void progressLines();
-    void numbers();
-    void lineSplitting();
-    void stderrTail();
-};
+    void graphs()
+    {
+        const QString font = QStringLiteral("/f.ttf");
+        FilterInputs inputs = exampleInputs();
+        QCOMPARE(
+            buildFilter(inputs, font),
+            QStringLiteral("[0:v:0]scale=960:-2") +
+                drawn("text='A001.mxf'", "w-tw-w*0.0234375", "0.041667", 26, 2) +
+                drawn("text='SOURCE TC'", "w*0.609375", "0.1", 29, 2) +
+                drawn("timecode='01\\:02\\:03\\:04':rate=25/1", "w-tw-w*0.0234375", "0.1", 29, 2) +
+                drawn("text='CLIP ELAPSED'", "w*0.609375", "0.152778", 29, 2) +
+                drawn("timecode='00\\:00\\:00\\:00':rate=25/1", "w-tw-w*0.0234375", "0.152778", 29, 2) +
+                drawn("text='FILE DATE  2023-05-01 12\\:34\\:56'", "w-tw-w*0.0234375", "0.201389", 46, 1) +
+                QStringLiteral("[v];[0:a:0][0:a:1]amix=inputs=2:duration=longest:normalize=0,"
+                               "loudnorm=I=-16:TP=-1.5:LRA=11[a]"));
 
-void TestMediaTexts::completeGraph()
-{
-    const QString expected = QStringLiteral(
-        "[0:v:0]scale=960:-2,"
-        "drawtext=fontfile='/System/Library/Fonts/"
-        "SFNSMono.ttf':text='A001.mxf':x=w-tw-w*0.0234375:y=h*0.041667:"
-        "fontsize=h/26:fontcolor=white:borderw=2:bordercolor=black,"
-        "drawtext=fontfile='/System/Library/Fonts/SFNSMono.ttf':text='SOURCE TC':x=w*0.609375:y=h*0.1:"
-        "fontsize=h/29:fontcolor=white:borderw=2:bordercolor=black,"
-        "drawtext=fontfile='/System/Library/Fonts/SFNSMono.ttf':timecode='01\\:02\\:03\\:04':rate=25/1:"
-        "x=w-tw-w*0.0234375:y=h*0.1:fontsize=h/29:fontcolor=white:borderw=2:bordercolor=black,"
-        "drawtext=fontfile='/System/Library/Fonts/SFNSMono.ttf':text='CLIP "
-        "ELAPSED':x=w*0.609375:y=h*0.152778:"
-        "fontsize=h/29:fontcolor=white:borderw=2:bordercolor=black,"
-        "drawtext=fontfile='/System/Library/Fonts/SFNSMono.ttf':timecode='00\\:00\\:00\\:00':rate=25/1:"
-        "x=w-tw-w*0.0234375:y=h*0.152778:fontsize=h/29:fontcolor=white:borderw=2:bordercolor=black,"
-        "drawtext=fontfile='/System/Library/Fonts/SFNSMono.ttf':text='FILE DATE  2023-05-01 12\\:34\\:56':"
-        "x=w-tw-w*0.0234375:y=h*0.201389:fontsize=h/46:fontcolor=white:borderw=1:bordercolor=black[v];"
-        "[0:a:0][0:a:1]amix=inputs=2:duration=longest:normalize=0,loudnorm=I=-16:TP=-1.5:LRA=11[a]");
-    QCOMPARE(buildFilter(exampleInputs(), macOSValues().fontFile), expected);
-}
+        inputs.preset = QualityPreset::tiny;
+        inputs.fileDate = QStringLiteral("it's 5%");
+        inputs.audioCount = 0;
+        QCOMPARE(
+            buildFilter(inputs, font),
+            QStringLiteral("[0:v:0]scale=480:-2") + drawn("text='A001.mxf'", "w-tw-w*0.012", "0.03", 17, 2) +
+                drawn("text='SOURCE TC'", "w*0.44", "0.11", 19, 1) +
+                drawn("timecode='01\\:02\\:03\\:04':rate=25/1", "w-tw-w*0.012", "0.11", 19, 1) +
+                drawn("text='CLIP ELAPSED'", "w*0.36", "0.19", 19, 1) +
+                drawn("timecode='00\\:00\\:00\\:00':rate=25/1", "w-tw-w*0.012", "0.19", 19, 1) +
+                drawn("text='FILE DATE  it\\'\\''s 5%':expansion='none'", "w-tw-w*0.012", "0.28", 24, 1) +
+                QStringLiteral("[v]"));
 
-void TestMediaTexts::graphVariants()
-{
-    FilterInputs inputs = exampleInputs();
-    inputs.burnInEnabled = false;
-    inputs.preset = QualityPreset::tiny;
-    inputs.audioCount = 1;
-    QCOMPARE(buildFilter(inputs, QString()),
-             QStringLiteral("[0:v:0]scale=480:-2[v];[0:a:0]amix=inputs=1:duration=longest:normalize=0,"
-                            "loudnorm=I=-16:TP=-1.5:LRA=11[a]"));
-    inputs.audioCount = 0;
-    inputs.preset = QualityPreset::smaller;
-    QCOMPARE(buildFilter(inputs, QString()), QStringLiteral("[0:v:0]scale=720:-2[v]"));
-}
-
-void TestMediaTexts::tinyLayoutAndHostileTexts()
-{
-    FilterInputs inputs = exampleInputs();
-    inputs.preset = QualityPreset::tiny;
-    inputs.fileDate = QStringLiteral("it's 5%");
-    inputs.audioCount = 0;
-    const QString look = QStringLiteral(":fontcolor=white:borderw=%1:bordercolor=black");
-    const QString outline = look.arg(1);
-    const QString expected =
-        QStringLiteral("[0:v:0]scale=480:-2,"
-                       "drawtext=fontfile='/f.ttf':text='A001.mxf':x=w-tw-w*0.012:y=h*0.03:fontsize=h/17") +
-        look.arg(2) +
-        QStringLiteral(",drawtext=fontfile='/f.ttf':text='SOURCE TC':x=w*0.44:y=h*0.11:fontsize=h/19") +
-        outline +
-        QStringLiteral(",drawtext=fontfile='/f.ttf':timecode='01\\:02\\:03\\:04':rate=25/1:"
-                       "x=w-tw-w*0.012:y=h*0.11:fontsize=h/19") +
-        outline +
-        QStringLiteral(",drawtext=fontfile='/f.ttf':text='CLIP ELAPSED':x=w*0.36:y=h*0.19:fontsize=h/19") +
-        outline +
-        QStringLiteral(",drawtext=fontfile='/f.ttf':timecode='00\\:00\\:00\\:00':rate=25/1:"
-                       "x=w-tw-w*0.012:y=h*0.19:fontsize=h/19") +
-        outline +
-        QStringLiteral(",drawtext=fontfile='/f.ttf':text='FILE DATE  it\\'\\''s 5%':expansion='none':"
-                       "x=w-tw-w*0.012:y=h*0.28:fontsize=h/24") +
-        outline + QStringLiteral("[v]");
-    QCOMPARE(buildFilter(inputs, QStringLiteral("/f.ttf")), expected);
-}
-
-void TestMediaTexts::argumentLists()
-{
-    const SystemValues linux = linuxValues(QStringLiteral("/f.ttf"));
-    const QString graph =
-        QStringLiteral("[0:v:0]scale=720:-2[v];[0:a:0]amix=inputs=1:duration=longest:normalize=0,"
-                       "loudnorm=I=-16:TP=-1.5:LRA=11[a]");
-    QCOMPARE(
-        spaced(singlePassArguments(exampleJob(1), macOSValues(), QStringLiteral("/t.mp4"))),
-        QStringLiteral(
-            "-y -loglevel warning -stats -hwaccel videotoolbox -i /footage/A001.mxf -filter_complex ") +
-            graph +
-            QStringLiteral(" -map [v] -map [a] -c:v h264_videotoolbox -b:v 1.2M -maxrate 1.7M -bufsize 2.4M "
-                           "-pix_fmt yuv420p -c:a aac -b:a 96k -ar 48000 -ac 2 -timecode 10:00:00:00 "
-                           "-movflags +faststart /t.mp4"));
-    QCOMPARE(spaced(pieceArguments(exampleJob(0), linux, {2, 180.0, 20.0}, QStringLiteral("/p.mp4"))),
-             QStringLiteral(
-                 "-y -loglevel warning -stats -hwaccel none -ss 180.0 -i /footage/A001.mxf -t 20.0 "
-                 "-filter_complex [0:v:0]scale=720:-2[v] -map [v] -c:v libx264 -preset veryfast -b:v 1.2M "
-                 "-maxrate 1.7M -bufsize 2.4M -pix_fmt yuv420p -movflags +faststart /p.mp4"));
-    QCOMPARE(spaced(joinArguments(QStringLiteral("/w/concat.txt"), QStringLiteral("10:00:00:00"),
-                                  QStringLiteral("/j.mp4"))),
-             QStringLiteral(
-                 "-y -loglevel warning -f concat -safe 0 -i /w/concat.txt -c copy -timecode 10:00:00:00 "
-                 "/j.mp4"));
-
-    EncodeJob drawn = exampleJob(0);
-    drawn.burnInEnabled = true;
-    const QString third = spaced(pieceArguments(drawn, linux, {2, 180.0, 20.0}, QString()));
-    QVERIFY(third.contains(QStringLiteral("timecode='10\\:03\\:00\\:00'")));
-    QVERIFY(third.contains(QStringLiteral("timecode='00\\:03\\:00\\:00'")));
-
-    for (const auto &[preset, rates] :
-         {std::pair(QualityPreset::standard,
-                    "-b:v 2M -maxrate 2.8M -bufsize 4M -pix_fmt yuv420p -c:a aac -b:a 128k"),
-          std::pair(QualityPreset::tiny,
-                    "-b:v 700k -maxrate 1M -bufsize 1.4M -pix_fmt yuv420p -c:a aac -b:a 64k")}) {
-        EncodeJob job = exampleJob(1);
-        job.preset = preset;
-        QVERIFY(spaced(singlePassArguments(job, linux, QString())).contains(QLatin1String(rates)));
+        inputs.burnInEnabled = false;
+        QCOMPARE(buildFilter(inputs, QString()), QStringLiteral("[0:v:0]scale=480:-2[v]"));
     }
-}
 
-void TestMediaTexts::nominalFPS()
-{
-    const QList<std::pair<const char *, qint64>> cases = {
-        {"30000/1001", 30}, {"24000/1001", 24}, {"60000/1001", 60}, {"25/1", 25}, {"0/0", 0},   {"", 24},
-        {"25", 25},         {"25/0", 25},       {"N/A", 24},        {"1/2/3", 1}, {"1e300", 0}, {"71/4", 18}};
-    for (const auto &[rate, fps] : cases)
-        QCOMPARE(TimecodeMath::nominalFPS(QLatin1String(rate)), fps);
-}
+    void argumentLists()
+    {
+        const SystemValues linux = linuxValues(QStringLiteral("/f.ttf"));
+        const QString graph =
+            QStringLiteral("[0:v:0]scale=720:-2[v];[0:a:0]amix=inputs=1:duration=longest:normalize=0,"
+                           "loudnorm=I=-16:TP=-1.5:LRA=11[a]");
+        QCOMPARE(
+            spaced(singlePassArguments(exampleJob(1), macOSValues(), QStringLiteral("/t.mp4"))),
+            QStringLiteral(
+                "-y -loglevel warning -stats -hwaccel videotoolbox -i /footage/A001.mxf -filter_complex ") +
+                graph +
+                QStringLiteral(
+                    " -map [v] -map [a] -c:v h264_videotoolbox -b:v 1.2M -maxrate 1.7M -bufsize 2.4M "
+                    "-pix_fmt yuv420p -c:a aac -b:a 96k -ar 48000 -ac 2 -timecode 10:00:00:00 "
+                    "-movflags +faststart /t.mp4"));
+        QCOMPARE(
+            spaced(pieceArguments(exampleJob(0), linux, {2, 180.0, 20.0}, QStringLiteral("/p.mp4"))),
+            QStringLiteral(
+                "-y -loglevel warning -stats -hwaccel none -ss 180.0 -i /footage/A001.mxf -t 20.0 "
+                "-filter_complex [0:v:0]scale=720:-2[v] -map [v] -c:v libx264 -preset veryfast -b:v 1.2M "
+                "-maxrate 1.7M -bufsize 2.4M -pix_fmt yuv420p -movflags +faststart /p.mp4"));
+        QCOMPARE(spaced(joinArguments(QStringLiteral("/w/concat.txt"), QStringLiteral("10:00:00:00"),
+                                      QStringLiteral("/j.mp4"))),
+                 QStringLiteral(
+                     "-y -loglevel warning -f concat -safe 0 -i /w/concat.txt -c copy -timecode 10:00:00:00 "
+                     "/j.mp4"));
 
-void TestMediaTexts::timecodeAddition()
-{
-    const auto add = [](const char *tc, double seconds, qint64 fps) {
-        return TimecodeMath::add(QLatin1String(tc), seconds, fps);
-    };
-    QCOMPARE(add("01:00:00:00", 90, 25), QStringLiteral("01:01:30:00"));
-    QCOMPARE(add("00:59:59:24", 0.04, 25), QStringLiteral("01:00:00:00"));
-    QCOMPARE(add("00:00:00:00", 180, 30), QStringLiteral("00:03:00:00"));
-    QCOMPARE(add("23:59:50:00", 20, 25), QStringLiteral("24:00:10:00"));
-    // Unchanged: drop-frame, no rate, too few fields, and sums that are no timecode any more.
-    QCOMPARE(add("01:00:00;00", 90, 30), QStringLiteral("01:00:00;00"));
-    QCOMPARE(add("01:00:00:00", 90, 0), QStringLiteral("01:00:00:00"));
-    QCOMPARE(add("01:00:00", 90, 25), QStringLiteral("01:00:00"));
-    QCOMPARE(add("9223372036854775807:00:00:00", 90, 25), QStringLiteral("9223372036854775807:00:00:00"));
-    QCOMPARE(add("01:00:00:00", 1e300, 25), QStringLiteral("01:00:00:00"));
-    QCOMPARE(add("01:00:00:00", 90, std::numeric_limits<qint64>::max()), QStringLiteral("01:00:00:00"));
-}
+        EncodeJob drawn = exampleJob(0);
+        drawn.burnInEnabled = true;
+        const QString third = spaced(pieceArguments(drawn, linux, {2, 180.0, 20.0}, QString()));
+        QVERIFY(third.contains(QStringLiteral("timecode='10\\:03\\:00\\:00'")));
+        QVERIFY(third.contains(QStringLiteral("timecode='00\\:03\\:00\\:00'")));
 
-void TestMediaTexts::progressLines()
-{
-    const QString line =
-        QStringLiteral("frame=   93 fps= 31 q=28.0 size=     256kB time=01:02:03.50 bitrate= 524.3kbits/s "
-                       "dup=1 drop=0 speed= 1.5x    ");
-    QCOMPARE(parseTimeSeconds(line), 3723.5);
-    QCOMPARE(parseSpeed(line), 1.5);
-    QCOMPARE(parseFrameCount(line), 93);
-    QCOMPARE(remainingTime(30, line), 20.0);
+        for (const auto &[preset, rates] :
+             {std::pair(QualityPreset::standard,
+                        "-b:v 2M -maxrate 2.8M -bufsize 4M -pix_fmt yuv420p -c:a aac -b:a 128k"),
+              std::pair(QualityPreset::tiny,
+                        "-b:v 700k -maxrate 1M -bufsize 1.4M -pix_fmt yuv420p -c:a aac -b:a 64k")}) {
+            EncodeJob job = exampleJob(1);
+            job.preset = preset;
+            QVERIFY(spaced(singlePassArguments(job, linux, QString())).contains(QLatin1String(rates)));
+        }
+    }
 
-    QCOMPARE(parseSpeed(QStringLiteral("speed=   0x")), 0.0);
-    QVERIFY(!remainingTime(30, QStringLiteral("speed=   0x")));
-    QVERIFY(!parseSpeed(QStringLiteral("speed=N/A")));
-    QVERIFY(!parseSpeed(QStringLiteral("speed=1.2.3x")));
-    QVERIFY(!parseTimeSeconds(QStringLiteral("time=N/A")));
-    QVERIFY(!parseTimeSeconds(QStringLiteral("time=-00:00:00.02")));
-    QVERIFY(!parseFrameCount(QStringLiteral("[x] frame=3")));
-}
+    void nominalFPS()
+    {
+        const QList<std::pair<const char *, qint64>> cases = {
+            {"30000/1001", 30}, {"24000/1001", 24}, {"60000/1001", 60}, {"25/1", 25},
+            {"0/0", 0},         {"", 24},           {"25", 25},         {"25/0", 25},
+            {"N/A", 24},        {"1/2/3", 1},       {"1e300", 0},       {"71/4", 18}};
+        for (const auto &[rate, fps] : cases)
+            QCOMPARE(TimecodeMath::nominalFPS(QLatin1String(rate)), fps);
+    }
 
-void TestMediaTexts::numbers()
-{
-    QCOMPARE(decimalText(93.44), QStringLiteral("93.44"));
-    QCOMPARE(decimalText(90), QStringLiteral("90.0"));
-    QCOMPARE(decimalText(0.00001), QStringLiteral("0.00001"));
-    QCOMPARE(decimalText(1e22), QStringLiteral("10000000000000000000000.0"));
-    QCOMPARE(decimalNumber(u"12.345000"), 12.345);
-    QCOMPARE(decimalNumber(u"+1e2"), 100.0);
-    for (const QString &text :
-         {QStringLiteral("N/A"), QString(), QStringLiteral(" 1"), QStringLiteral("1,5"),
-          QStringLiteral("nan"), QStringLiteral("inf"), QStringLiteral("1e999"), QStringLiteral("+-1")})
-        QVERIFY2(!decimalNumber(text), qPrintable(text));
-    QCOMPARE(wholeNumber(u"-07"), -7);
-    QVERIFY(!wholeNumber(u"9223372036854775808"));
-}
+    void timecodeAddition()
+    {
+        const auto add = [](const char *tc, double seconds, qint64 fps) {
+            return TimecodeMath::add(QLatin1String(tc), seconds, fps);
+        };
+        QCOMPARE(add("01:00:00:00", 90, 25), QStringLiteral("01:01:30:00"));
+        QCOMPARE(add("00:59:59:24", 0.04, 25), QStringLiteral("01:00:00:00"));
+        QCOMPARE(add("00:00:00:00", 180, 30), QStringLiteral("00:03:00:00"));
+        QCOMPARE(add("23:59:50:00", 20, 25), QStringLiteral("24:00:10:00"));
+        // Unchanged: drop-frame, no rate, too few fields, and sums that are no timecode any more.
+        QCOMPARE(add("01:00:00;00", 90, 30), QStringLiteral("01:00:00;00"));
+        QCOMPARE(add("01:00:00:00", 90, 0), QStringLiteral("01:00:00:00"));
+        QCOMPARE(add("01:00:00", 90, 25), QStringLiteral("01:00:00"));
+        QCOMPARE(add("9223372036854775807:00:00:00", 90, 25), QStringLiteral("9223372036854775807:00:00:00"));
+        QCOMPARE(add("01:00:00:00", 1e300, 25), QStringLiteral("01:00:00:00"));
+        QCOMPARE(add("01:00:00:00", 90, std::numeric_limits<qint64>::max()), QStringLiteral("01:00:00:00"));
+    }
 
-void TestMediaTexts::lineSplitting()
-{
-    LineSplitter splitter;
-    QCOMPARE(splitter.feed("a\r\nb\n"), (QStringList{QStringLiteral("a"), QStringLiteral("b")}));
-    QCOMPARE(splitter.feed("frame=1 ti"), QStringList());
-    QCOMPARE(splitter.feed("me=2\rrest"), QStringList{QStringLiteral("frame=1 time=2")});
-    QCOMPARE(splitter.feed(" \xC3"), QStringList());
-    QCOMPARE(splitter.feed("\xA9\n\xFF\nok\n"),
-             (QStringList{QStringLiteral("rest é"), QStringLiteral("ok")}));
-}
+    void progressLines()
+    {
+        const QString line = QStringLiteral(
+            "frame=   93 fps= 31 q=28.0 size=     256kB time=01:02:03.50 bitrate= 524.3kbits/s "
+            "dup=1 drop=0 speed= 1.5x    ");
+        QCOMPARE(parseTimeSeconds(line), 3723.5);
+        QCOMPARE(parseSpeed(line), 1.5);
+        QCOMPARE(parseFrameCount(line), 93);
+        QCOMPARE(remainingTime(30, line), 20.0);
 
-void TestMediaTexts::stderrTail()
-{
-    StderrTail tail;
-    QCOMPARE(tail.text(), QString());
-    for (int number = 1; number <= 30; ++number)
-        tail.append(QString::number(number));
-    QCOMPARE(tail.lines().size(), 25);
-    QCOMPARE(tail.lines().first(), QStringLiteral("6"));
-    tail.append(QStringLiteral("x\n\ny"));
-    QCOMPARE(tail.lines().size(), 25);
-    QVERIFY(tail.text().endsWith(QStringLiteral("30\nx\ny")));
-}
+        QCOMPARE(parseSpeed(QStringLiteral("speed=   0x")), 0.0);
+        QVERIFY(!remainingTime(30, QStringLiteral("speed=   0x")));
+        QVERIFY(!parseSpeed(QStringLiteral("speed=N/A")));
+        QVERIFY(!parseSpeed(QStringLiteral("speed=1.2.3x")));
+        QVERIFY(!parseTimeSeconds(QStringLiteral("time=N/A")));
+        QVERIFY(!parseTimeSeconds(QStringLiteral("time=-00:00:00.02")));
+        QVERIFY(!parseFrameCount(QStringLiteral("[x] frame=3")));
+    }
+
+    void numbers()
+    {
+        QCOMPARE(decimalText(93.44), QStringLiteral("93.44"));
+        QCOMPARE(decimalText(90), QStringLiteral("90.0"));
+        QCOMPARE(decimalText(0.00001), QStringLiteral("0.00001"));
+        QCOMPARE(decimalText(1e22), QStringLiteral("10000000000000000000000.0"));
+        QCOMPARE(decimalNumber(u"12.345000"), 12.345);
+        QCOMPARE(decimalNumber(u"+1e2"), 100.0);
+        for (const QString &text :
+             {QStringLiteral("N/A"), QString(), QStringLiteral(" 1"), QStringLiteral("1,5"),
+              QStringLiteral("nan"), QStringLiteral("inf"), QStringLiteral("1e999"), QStringLiteral("+-1")})
+            QVERIFY2(!decimalNumber(text), qPrintable(text));
+        QCOMPARE(wholeNumber(u"-07"), -7);
+        QVERIFY(!wholeNumber(u"9223372036854775808"));
+    }
+
+    void stderrTail()
+    {
+        StderrTail tail;
+        QCOMPARE(tail.text(), QString());
+        for (int number = 1; number <= 30; ++number)
+            tail.append(QString::number(number));
+        QCOMPARE(tail.lines().size(), 25);
+        QCOMPARE(tail.lines().first(), QStringLiteral("6"));
+        tail.append(QStringLiteral("x\n\ny"));
+        QCOMPARE(tail.lines().size(), 25);
+        QVERIFY(tail.text().endsWith(QStringLiteral("30\nx\ny")));
+    }
+};
 
 QTEST_GUILESS_MAIN(TestMediaTexts)
 #include "tst_media_texts.moc"

@@ -12,80 +12,75 @@ class TestProbe : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void readsItsSixAnswers();
-    void fallsBack();
-    void failures();
-    void pipeIsNotWaitedFor();
+    void readsItsSixAnswers()
+    {
+        m_script.set("note @/queries\n"
+                     "when format_tags=timecode\nout \\n 01:02:03;04 \\nsecond\\nexit 1\nend\n"
+                     "when v:0 stream=avg_frame_rate\nout 30000/1001\\n\nend\n"
+                     "when csv=p=0\nout 1\\n 2\\t\\n\\n3,x\\n\nend\n"
+                     "when format=duration\nout 12.345000\\n\nend\n"
+                     "when creation_time\nout 2023-11-30T08:00:00.123Z\\n\nend\n");
+        const auto meta = probe(QStringLiteral("/c.mov"));
+        QVERIFY(meta);
+        QCOMPARE(meta->tc, QStringLiteral("01:02:03;04"));
+        QCOMPARE(meta->rate, QStringLiteral("30000/1001"));
+        QCOMPARE(meta->audioCount, 3);
+        QCOMPARE(meta->duration, 12.345);
+        QCOMPARE(meta->fileDate, QStringLiteral("2023-11-30 08:00:00"));
+
+        const QByteArray plain = " -of default=nw=1:nk=1 /c.mov";
+        const QList<QByteArray> expected = {
+            "-v error -show_entries format_tags=timecode" + plain,
+            "-v error -select_streams v:0 -show_entries stream=avg_frame_rate" + plain,
+            "-v error -select_streams a -show_entries stream=index -of csv=p=0 /c.mov",
+            "-v error -show_entries format=duration" + plain,
+            "-v error -show_entries format_tags=modification_date" + plain,
+            "-v error -show_entries format_tags=creation_time" + plain,
+        };
+        QList<QByteArray> queries; // without the tool's own path
+        for (const QByteArray &call :
+             m_script.contents(QStringLiteral("queries")).trimmed().replace("\n\n", "|").split('|'))
+            queries.append(call.mid(call.indexOf('\n') + 1).replace('\n', ' '));
+        QCOMPARE(queries, expected);
+    }
+
+    void fallsBack()
+    {
+        m_script.set("note @/fewer\nwhen stream=avg_frame_rate\nout 25/1\\n\nend\nwhen format=duration\nout "
+                     "N/A\\n\nend\n"
+                     "when modification_date\nout 2024-03-05T14:22:10Z\\n\nend\n");
+        const auto meta = probe(QStringLiteral("/c.mov"));
+        QVERIFY(meta);
+        QCOMPARE(meta->tc, QStringLiteral("00:00:00:00"));
+        QCOMPARE(meta->audioCount, 0);
+        QCOMPARE(meta->duration, 0.0);
+        QCOMPARE(meta->fileDate, QStringLiteral("2024-03-05 14:22:10Z"));
+        QCOMPARE(m_script.contents(QStringLiteral("fewer")).count("/c.mov"), 5);
+    }
+
+    void failures()
+    {
+        m_script.set(
+            "when a stream=index\nout 0\\n\nend\nwhen -show_format\nerr \\n moov atom not found \\n\nend\n");
+        QVERIFY(!probe(QStringLiteral("/c.mov")));
+        QCOMPARE(probeFailureDetail(QStringLiteral("/c.mov")), QStringLiteral("moov atom not found"));
+        m_script.set("");
+        QCOMPARE(probeFailureDetail(QStringLiteral("/c.mov")),
+                 QStringLiteral("ffprobe could not find a valid video stream in this file."));
+    }
+
+    void pipeIsNotWaitedFor()
+    {
+        const QString pipe = m_script.path(QStringLiteral("a.mov"));
+        QCOMPARE(mkfifo(pipe.toUtf8().constData(), 0600), 0);
+        m_script.set("when stream=avg_frame_rate\nout 25/1\\n\nend\n"); // so says a tool that was asked
+        QVERIFY(!probe(pipe));
+        QCOMPARE(probeFailureDetail(pipe), QStringLiteral("This is not a file."));
+    }
 
 private:
     StandInScript m_script;
 };
-
-void TestProbe::readsItsSixAnswers()
-{
-    m_script.set("note @/queries\n"
-                 "when format_tags=timecode\nout \\n 01:02:03;04 \\nsecond\\nexit 1\nend\n"
-                 "when v:0 stream=avg_frame_rate\nout 30000/1001\\n\nend\n"
-                 "when csv=p=0\nout 1\\n 2\\t\\n\\n3,x\\n\nend\n"
-                 "when format=duration\nout 12.345000\\n\nend\n"
-                 "when creation_time\nout 2023-11-30T08:00:00.123Z\\n\nend\n");
-    const auto meta = probe(QStringLiteral("/c.mov"));
-    QVERIFY(meta);
-    QCOMPARE(meta->tc, QStringLiteral("01:02:03;04"));
-    QCOMPARE(meta->rate, QStringLiteral("30000/1001"));
-    QCOMPARE(meta->audioCount, 3);
-    QCOMPARE(meta->duration, 12.345);
-    QCOMPARE(meta->fileDate, QStringLiteral("2023-11-30 08:00:00"));
-
-    const QByteArray plain = " -of default=nw=1:nk=1 /c.mov";
-    const QList<QByteArray> expected = {
-        "-v error -show_entries format_tags=timecode" + plain,
-        "-v error -select_streams v:0 -show_entries stream=avg_frame_rate" + plain,
-        "-v error -select_streams a -show_entries stream=index -of csv=p=0 /c.mov",
-        "-v error -show_entries format=duration" + plain,
-        "-v error -show_entries format_tags=modification_date" + plain,
-        "-v error -show_entries format_tags=creation_time" + plain,
-    };
-    QList<QByteArray> queries; // without the tool's own path
-    for (const QByteArray &call :
-         m_script.contents(QStringLiteral("queries")).trimmed().replace("\n\n", "|").split('|'))
-        queries.append(call.mid(call.indexOf('\n') + 1).replace('\n', ' '));
-    QCOMPARE(queries, expected);
-}
-
-void TestProbe::fallsBack()
-{
-    m_script.set("note @/fewer\nwhen stream=avg_frame_rate\nout 25/1\\n\nend\nwhen format=duration\nout "
-                 "N/A\\n\nend\n"
-                 "when modification_date\nout 2024-03-05T14:22:10Z\\n\nend\n");
-    const auto meta = probe(QStringLiteral("/c.mov"));
-    QVERIFY(meta);
-    QCOMPARE(meta->tc, QStringLiteral("00:00:00:00"));
-    QCOMPARE(meta->audioCount, 0);
-    QCOMPARE(meta->duration, 0.0);
-    QCOMPARE(meta->fileDate, QStringLiteral("2024-03-05 14:22:10Z"));
-    QCOMPARE(m_script.contents(QStringLiteral("fewer")).count("/c.mov"), 5);
-}
-
-void TestProbe::failures()
-{
-    m_script.set(
-        "when a stream=index\nout 0\\n\nend\nwhen -show_format\nerr \\n moov atom not found \\n\nend\n");
-    QVERIFY(!probe(QStringLiteral("/c.mov")));
-    QCOMPARE(probeFailureDetail(QStringLiteral("/c.mov")), QStringLiteral("moov atom not found"));
-    m_script.set("");
-    QCOMPARE(probeFailureDetail(QStringLiteral("/c.mov")),
-             QStringLiteral("ffprobe could not find a valid video stream in this file."));
-}
-
-void TestProbe::pipeIsNotWaitedFor()
-{
-    const QString pipe = m_script.path(QStringLiteral("a.mov"));
-    QCOMPARE(mkfifo(pipe.toUtf8().constData(), 0600), 0);
-    m_script.set("when stream=avg_frame_rate\nout 25/1\\n\nend\n"); // so says a tool that was asked
-    QVERIFY(!probe(pipe));
-    QCOMPARE(probeFailureDetail(pipe), QStringLiteral("This is not a file."));
-}
 
 QTEST_GUILESS_MAIN(TestProbe)
 #include "tst_probe.moc"

@@ -17,187 +17,167 @@ class TestRealEncodes : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void initTestCase();
-    void probesClips();
-    void singlePassProxy();
-    void silentClipWithoutBurnIn();
-    void joinedProxy();
-    void soundBeyondTheLastPicture();
-    void encoderTrial();
+    void initTestCase()
+    {
+        const QString gray = QStringLiteral("-f lavfi -i color=gray:s=640x360:r=25 ");
+        const QString sound = QStringLiteral("-f lavfi -i sine=440:r=48000 ");
+        QVERIFY(
+            ffmpeg(words(gray + sound + sound + sound + sound +
+                         QStringLiteral(
+                             "-map 0 -map 1 -map 2 -map 3 -map 4 -t 5 -c:v mpeg2video -b:v 4M -c:a pcm_s16le "
+                             "-timecode 01:02:03:04")) +
+                   QStringList{path(QStringLiteral("four tracks.mxf"))}));
+        QVERIFY(ffmpeg(words(gray + QStringLiteral("-t 1 -c:v mpeg4 -timecode 10:00:00:00 -metadata "
+                                                   "creation_time=2023-11-30T08:00:00.000000Z")) +
+                       QStringList{path(QStringLiteral("silent.mov"))}));
+        QVERIFY(
+            ffmpeg(words(QStringLiteral(
+                       "-f lavfi -i color=gray:s=320x240:r=25:d=4 -f lavfi -i sine=440:d=4.3 -c:v mpeg4")) +
+                   QStringList{path(QStringLiteral("late sound.mov"))}));
+    }
+
+    void singlePassProxy()
+    {
+        const QString proxy = encode(QStringLiteral("four tracks.mxf"), 0, QualityPreset::standard);
+        QVERIFY(!proxy.isEmpty());
+        QCOMPARE(ffprobe(QStringLiteral("-count_frames -select_streams v:0 -show_entries "
+                                        "stream=codec_name,width,height,pix_fmt,nb_read_frames"),
+                         proxy),
+                 QStringLiteral("h264,960,540,yuv420p,125"));
+        QCOMPARE(
+            ffprobe(QStringLiteral("-select_streams a -show_entries stream=codec_name,sample_rate,channels"),
+                    proxy),
+            QStringLiteral("aac,48000,2"));
+        QCOMPARE(ffprobe(QStringLiteral("-select_streams v:0 -show_entries stream_tags=timecode"), proxy),
+                 QStringLiteral("01:02:03:04"));
+        const QByteArray bytes = fileContents(proxy);
+        QVERIFY(bytes.indexOf("moov") < bytes.indexOf("mdat"));
+        QVERIFY(!m_progress.isEmpty());
+        QCOMPARE(m_progress.last(), 1.0);
+    }
+
+    void silentClipWithoutBurnIn()
+    {
+        QCOMPARE(probe(path(QStringLiteral("four tracks.mxf")))->audioCount, 4);
+        QCOMPARE(probe(path(QStringLiteral("silent.mov")))->fileDate, QStringLiteral("2023-11-30 08:00:00"));
+        const QString proxy = encode(QStringLiteral("silent.mov"), 0, QualityPreset::tiny, false);
+        QCOMPARE(ffprobe(QStringLiteral("-show_entries stream=codec_type,width"), proxy),
+                 QStringLiteral("video,480,data"));
+        const QByteArray frame = proxyFrame(proxy, 3);
+        QVERIFY(!frame.isEmpty());
+        const auto [darkest, brightest] = std::minmax_element(
+            frame.begin(), frame.end(), [](char one, char other) { return uchar(one) < uchar(other); });
+        QVERIFY(uchar(*brightest) - uchar(*darkest) < 8); // nothing is drawn on the gray
+    }
+
+    void joinedProxy()
+    {
+        const QString proxy = encode(QStringLiteral("four tracks.mxf"), 2, QualityPreset::standard);
+        QVERIFY(!proxy.isEmpty());
+        QCOMPARE(ffprobe(QStringLiteral("-count_frames -select_streams v:0 -show_entries "
+                                        "stream=nb_read_frames:stream_tags=timecode"),
+                         proxy),
+                 QStringLiteral("125,01:02:03:04"));
+        QVERIFY(std::is_sorted(m_progress.begin(), m_progress.end()));
+
+        // The second piece begins with frame 50; five frames on, source and elapsed time read:
+        const QByteArray frame = proxyFrame(proxy, 55);
+        const auto differenceTo = [&](const QString &srcTC, const QString &elapsedTC) {
+            return difference(frame, expectedFrame(QStringLiteral("four tracks.mxf"), srcTC, elapsedTC));
+        };
+        const double right = differenceTo(QStringLiteral("01:02:05:09"), QStringLiteral("00:00:02:05"));
+        const double oneFrameOff = differenceTo(QStringLiteral("01:02:05:08"), QStringLiteral("00:00:02:05"));
+        const double unshifted = differenceTo(QStringLiteral("01:02:03:09"), QStringLiteral("00:00:00:05"));
+        QVERIFY2(right < 1.0, qPrintable(QString::number(right)));
+        QVERIFY(right < oneFrameOff);
+        QVERIFY(oneFrameOff < unshifted);
+    }
+
+    void soundBeyondTheLastPicture()
+    {
+        // Two pieces of two seconds hold all pictures; a third has sound only.
+        const QString proxy = encode(QStringLiteral("late sound.mov"), 2, QualityPreset::tiny);
+        QVERIFY(!proxy.isEmpty());
+        QCOMPARE(
+            ffprobe(QStringLiteral(
+                        "-count_frames -select_streams v:0 -show_entries stream=duration,nb_read_frames"),
+                    proxy),
+            QStringLiteral("4.000000,100"));
+    }
+
+    void encoderTrial()
+    {
+        const SystemValues system = currentSystemValues();
+        QCOMPARE(encoderTrialFailure(system, QualityPreset::tiny, std::chrono::minutes(5)), std::nullopt);
+        const auto failure =
+            encoderTrialFailure(system.with({.name = QStringLiteral("h264_no")}), QualityPreset::tiny);
+        QVERIFY(failure && failure->contains(QStringLiteral("Unknown encoder 'h264_no'")));
+    }
 
 private:
     QString path(const QString &name) const { return m_folder.filePath(name); }
 
     /// Encodes with pieces of chunkSeconds, or in a single pass for 0; gives the proxy's path.
-    QString encode(const QString &clip, double chunkSeconds, QualityPreset preset, bool burnIn = true);
-    /// A frame of the proxy, and what it has to look like: the clip's frame with the given texts drawn on it.
-    QByteArray proxyFrame(const QString &proxy, int number) const;
-    QByteArray expectedFrame(const QString &name, const QString &srcTC, const QString &elapsedTC) const;
+    QString encode(const QString &clip, double chunkSeconds, QualityPreset preset, bool burnIn = true)
+    {
+        const QString outDir = path(QStringLiteral("out #1")); // not to be taken for an address
+        const QString final = outDir + QStringLiteral("/proxy.mp4");
+        QDir(outDir).removeRecursively();
+        QDir().mkpath(outDir);
+        m_progress.clear();
+        const EncodeJob job = {path(clip), probe(path(clip)).value(), QUuid(), preset, burnIn};
+        const EncodeContext context = {
+            currentSystemValues(),
+            [this](const QUuid &, double progress, std::optional<double>) { m_progress.append(progress); },
+            {}};
+        const EncodeResult result =
+            chunkSeconds > 0 ? runChunked(job, outDir, final, chunkSeconds, context)
+                             : runSinglePass(job, final, outDir + QStringLiteral("/.tmp_proxy.mp4"), context);
+        if (!result.success)
+            qWarning("%s", qPrintable(result.stderrTail));
+        const QStringList left =
+            QDir(outDir).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+        return left == QStringList{QStringLiteral("proxy.mp4")} ? final : QString();
+    }
+
+    QByteArray proxyFrame(const QString &proxy, int number) const
+    {
+        return grayFrame({QStringLiteral("-i"), proxy, QStringLiteral("-vf"),
+                          QStringLiteral("select=eq(n\\,%1)").arg(number)});
+    }
+
+    /// What a frame has to look like: the clip's with the given texts drawn on it.
+    QByteArray expectedFrame(const QString &name, const QString &srcTC, const QString &elapsedTC) const
+    {
+        // Drawn as still text: nothing here counts frames.
+        const QString right = QStringLiteral("w-tw-w*0.0234375");
+        const QString label = QStringLiteral("w*0.609375");
+        struct {
+            QString text, x, y;
+            int size, outline;
+        } const drawn[] = {
+            {name, right, QStringLiteral("0.041667"), 26, 2},
+            {QStringLiteral("SOURCE TC"), label, QStringLiteral("0.1"), 29, 2},
+            {srcTC, right, QStringLiteral("0.1"), 29, 2},
+            {QStringLiteral("CLIP ELAPSED"), label, QStringLiteral("0.152778"), 29, 2},
+            {elapsedTC, right, QStringLiteral("0.152778"), 29, 2},
+            {QStringLiteral("FILE DATE  unavailable"), right, QStringLiteral("0.201389"), 46, 1},
+        };
+        QString filter = QStringLiteral("scale=960:-2");
+        for (const auto &[text, x, y, size, outline] : drawn)
+            filter += QStringLiteral(",drawtext=fontfile='%1':text='%2':x=%3:y=h*%4:fontsize=h/%5:"
+                                     "fontcolor=white:borderw=%6:bordercolor=black")
+                          .arg(currentSystemValues().fontFile,
+                               QString(text).replace(QLatin1Char(':'), QStringLiteral("\\:")), x, y)
+                          .arg(size)
+                          .arg(outline);
+        return grayFrame(words(QStringLiteral("-f lavfi -i color=gray:s=640x360:r=25 -vf")) +
+                         QStringList{filter});
+    }
 
     QTemporaryDir m_folder;
     QList<double> m_progress;
 };
-
-void TestRealEncodes::initTestCase()
-{
-    const QString gray = QStringLiteral("-f lavfi -i color=gray:s=640x360:r=25 ");
-    const QString sound = QStringLiteral("-f lavfi -i sine=440:r=48000 ");
-    QVERIFY(ffmpeg(
-        words(gray + sound + sound + sound + sound +
-              QStringLiteral("-map 0 -map 1 -map 2 -map 3 -map 4 -t 5 -c:v mpeg2video -b:v 4M -c:a pcm_s16le "
-                             "-timecode 01:02:03:04")) +
-        QStringList{path(QStringLiteral("four tracks.mxf"))}));
-    QVERIFY(ffmpeg(words(gray + QStringLiteral("-t 1 -c:v mpeg4 -timecode 10:00:00:00 -metadata "
-                                               "creation_time=2023-11-30T08:00:00.000000Z")) +
-                   QStringList{path(QStringLiteral("silent.mov"))}));
-    QVERIFY(ffmpeg(words(QStringLiteral(
-                       "-f lavfi -i color=gray:s=320x240:r=25:d=4 -f lavfi -i sine=440:d=4.3 -c:v mpeg4")) +
-                   QStringList{path(QStringLiteral("late sound.mov"))}));
-}
-
-void TestRealEncodes::probesClips()
-{
-    const auto mxf = probe(path(QStringLiteral("four tracks.mxf")));
-    QVERIFY(mxf);
-    QCOMPARE(mxf->tc, QStringLiteral("01:02:03:04"));
-    QCOMPARE(mxf->rate, QStringLiteral("25/1"));
-    QCOMPARE(mxf->audioCount, 4);
-    QCOMPARE(mxf->duration, 5.0);
-
-    const auto mov = probe(path(QStringLiteral("silent.mov")));
-    QVERIFY(mov);
-    QCOMPARE(mov->audioCount, 0);
-    QCOMPARE(mov->fileDate, QStringLiteral("2023-11-30 08:00:00"));
-}
-
-QString TestRealEncodes::encode(const QString &clip, double chunkSeconds, QualityPreset preset, bool burnIn)
-{
-    const QString outDir = path(QStringLiteral("out"));
-    const QString final = outDir + QStringLiteral("/proxy.mp4");
-    QDir(outDir).removeRecursively();
-    QDir().mkpath(outDir);
-    m_progress.clear();
-    const EncodeJob job = {path(clip), probe(path(clip)).value(), QUuid(), preset, burnIn};
-    const EncodeContext context = {
-        currentSystemValues(),
-        [this](const QUuid &, double progress, std::optional<double>) { m_progress.append(progress); },
-        {}};
-    const EncodeResult result =
-        chunkSeconds > 0 ? runChunked(job, outDir, final, chunkSeconds, context)
-                         : runSinglePass(job, final, outDir + QStringLiteral("/.tmp_proxy.mp4"), context);
-    if (!result.success)
-        qWarning("%s", qPrintable(result.stderrTail));
-    const QStringList left = QDir(outDir).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
-    return left == QStringList{QStringLiteral("proxy.mp4")} ? final : QString();
-}
-
-QByteArray TestRealEncodes::proxyFrame(const QString &proxy, int number) const
-{
-    return grayFrame({QStringLiteral("-i"), proxy, QStringLiteral("-vf"),
-                      QStringLiteral("select=eq(n\\,%1)").arg(number)});
-}
-
-QByteArray TestRealEncodes::expectedFrame(const QString &name, const QString &srcTC,
-                                          const QString &elapsedTC) const
-{
-    // Drawn as still text: nothing here counts frames.
-    const auto still = [](const QString &text) {
-        return QStringLiteral("text='%1'")
-            .arg(QString(text).replace(QLatin1Char(':'), QStringLiteral("\\:")));
-    };
-    const QString style = QStringLiteral(":fontcolor=white:borderw=%1:bordercolor=black");
-    const QString font = QStringLiteral(",drawtext=fontfile='%1':").arg(currentSystemValues().fontFile);
-    const QString right = QStringLiteral(":x=w-tw-w*0.0234375");
-    const QString label = QStringLiteral(":x=w*0.609375");
-    const QString filter =
-        QStringLiteral("scale=960:-2") + font + still(name) + right +
-        QStringLiteral(":y=h*0.041667:fontsize=h/26") + style.arg(2) + font +
-        still(QStringLiteral("SOURCE TC")) + label + QStringLiteral(":y=h*0.1:fontsize=h/29") + style.arg(2) +
-        font + still(srcTC) + right + QStringLiteral(":y=h*0.1:fontsize=h/29") + style.arg(2) + font +
-        still(QStringLiteral("CLIP ELAPSED")) + label + QStringLiteral(":y=h*0.152778:fontsize=h/29") +
-        style.arg(2) + font + still(elapsedTC) + right + QStringLiteral(":y=h*0.152778:fontsize=h/29") +
-        style.arg(2) + font + still(QStringLiteral("FILE DATE  unavailable")) + right +
-        QStringLiteral(":y=h*0.201389:fontsize=h/46") + style.arg(1);
-    return grayFrame(words(QStringLiteral("-f lavfi -i color=gray:s=640x360:r=25 -vf")) +
-                     QStringList{filter});
-}
-
-void TestRealEncodes::singlePassProxy()
-{
-    const QString proxy = encode(QStringLiteral("four tracks.mxf"), 0, QualityPreset::standard);
-    QVERIFY(!proxy.isEmpty());
-    QCOMPARE(ffprobe(QStringLiteral("-count_frames -select_streams v:0 -show_entries "
-                                    "stream=codec_name,width,height,pix_fmt,nb_read_frames"),
-                     proxy),
-             QStringLiteral("h264,960,540,yuv420p,125"));
-    QCOMPARE(ffprobe(QStringLiteral("-select_streams a -show_entries stream=codec_name,sample_rate,channels"),
-                     proxy),
-             QStringLiteral("aac,48000,2"));
-    QCOMPARE(ffprobe(QStringLiteral("-select_streams v:0 -show_entries stream_tags=timecode"), proxy),
-             QStringLiteral("01:02:03:04"));
-    const QByteArray bytes = fileContents(proxy);
-    QVERIFY(bytes.indexOf("moov") < bytes.indexOf("mdat"));
-    QVERIFY(!m_progress.isEmpty());
-    QCOMPARE(m_progress.last(), 1.0);
-}
-
-void TestRealEncodes::silentClipWithoutBurnIn()
-{
-    const QString proxy = encode(QStringLiteral("silent.mov"), 0, QualityPreset::tiny, false);
-    QCOMPARE(ffprobe(QStringLiteral("-show_entries stream=codec_type,width"), proxy),
-             QStringLiteral("video,480,data"));
-    const QByteArray frame = proxyFrame(proxy, 3);
-    QVERIFY(!frame.isEmpty());
-    const auto [darkest, brightest] = std::minmax_element(
-        frame.begin(), frame.end(), [](char one, char other) { return uchar(one) < uchar(other); });
-    QVERIFY(uchar(*brightest) - uchar(*darkest) < 8); // nothing is drawn on the gray
-}
-
-void TestRealEncodes::joinedProxy()
-{
-    const QString proxy = encode(QStringLiteral("four tracks.mxf"), 2, QualityPreset::standard);
-    QVERIFY(!proxy.isEmpty());
-    QCOMPARE(ffprobe(QStringLiteral(
-                         "-count_frames -select_streams v:0 -show_entries stream=codec_name,nb_read_frames"),
-                     proxy),
-             QStringLiteral("h264,125"));
-    QCOMPARE(ffprobe(QStringLiteral("-select_streams v:0 -show_entries stream_tags=timecode"), proxy),
-             QStringLiteral("01:02:03:04"));
-    QVERIFY(std::is_sorted(m_progress.begin(), m_progress.end()));
-
-    // The second piece begins with frame 50; five frames on, source and elapsed time read:
-    const QByteArray frame = proxyFrame(proxy, 55);
-    const QString name = QStringLiteral("four tracks.mxf");
-    const double right =
-        difference(frame, expectedFrame(name, QStringLiteral("01:02:05:09"), QStringLiteral("00:00:02:05")));
-    const double oneFrameOff =
-        difference(frame, expectedFrame(name, QStringLiteral("01:02:05:08"), QStringLiteral("00:00:02:05")));
-    const double unshifted =
-        difference(frame, expectedFrame(name, QStringLiteral("01:02:03:09"), QStringLiteral("00:00:00:05")));
-    QVERIFY2(right < 1.0, qPrintable(QString::number(right)));
-    QVERIFY(right < oneFrameOff);
-    QVERIFY(oneFrameOff < unshifted);
-}
-
-void TestRealEncodes::soundBeyondTheLastPicture()
-{
-    // Two pieces of two seconds hold all pictures; a third has sound only.
-    const QString proxy = encode(QStringLiteral("late sound.mov"), 2, QualityPreset::tiny);
-    QVERIFY(!proxy.isEmpty());
-    QCOMPARE(ffprobe(QStringLiteral(
-                         "-count_frames -select_streams v:0 -show_entries stream=duration,nb_read_frames"),
-                     proxy),
-             QStringLiteral("4.000000,100"));
-}
-
-void TestRealEncodes::encoderTrial()
-{
-    const SystemValues system = currentSystemValues();
-    QCOMPARE(encoderTrialFailure(system, QualityPreset::tiny, std::chrono::minutes(5)), std::nullopt);
-    const auto failure =
-        encoderTrialFailure(system.with({.name = QStringLiteral("h264_no")}), QualityPreset::tiny);
-    QVERIFY(failure && failure->contains(QStringLiteral("Unknown encoder 'h264_no'")));
-}
 
 QTEST_GUILESS_MAIN(TestRealEncodes)
 #include "tst_real_encodes.moc"

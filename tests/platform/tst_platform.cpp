@@ -22,110 +22,97 @@ class TestPlatform : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void mainThreadWorkKeepsItsOrder();
-    void closingReleasesAWaitingThread();
-    void preferencesOutliveTheStore();
-    void versionKeys();
-    void utf8IsStrict();
-    void folderLockKeepsOthersOut();
+    void mainThreadWorkKeepsItsOrder()
+    {
+        MainThreadQueue queue;
+        QList<int> order;
+        bool onMain = true;
+        std::jthread worker([&] {
+            const auto note = [&](int number) {
+                onMain = onMain && QThread::currentThread() == thread();
+                order.append(number);
+            };
+            queue.post([&] { note(1); });
+            queue.performAndWait([&] { note(2); });
+            queue.post([&] { note(3); });
+            queue.performAndWait([&] { note(4); });
+        });
+        QTRY_COMPARE_WITH_TIMEOUT(order.size(), 4, 60000);
+        QCOMPARE(order, (QList<int>{1, 2, 3, 4}));
+        QVERIFY(onMain);
+    }
+
+    void closingReleasesAWaitingThread()
+    {
+        MainThreadQueue queue;
+        std::latch begun(1);
+        bool workDone = false;
+        bool interrupted = false;
+        std::thread worker([&] {
+            begun.count_down();
+            try {
+                queue.performAndWait([&] { workDone = true; });
+            } catch (const Interrupted &) {
+                interrupted = true;
+            }
+        });
+        begun.wait();
+        queue.close(); // no event loop ran: the worker waits, or is about to
+        worker.join();
+        QCoreApplication::processEvents();
+        QVERIFY(interrupted);
+        QVERIFY(!workDone);
+    }
+
+    void preferencesOutliveTheStore()
+    {
+        const QTemporaryDir folder;
+        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder.path());
+        const QString key = QStringLiteral("qualityPreset");
+        QVERIFY(!SettingsPreferenceStore().value(key));
+        SettingsPreferenceStore().setValue(key, QStringLiteral("tiny"));
+        QCOMPARE(SettingsPreferenceStore().value(key), QStringLiteral("tiny"));
+    }
+
+    void versionKeys()
+    {
+        const QTemporaryDir folder;
+        QCOMPARE(readVersionKeys(folder.path()).text(), QStringLiteral("1.0 (1)"));
+        QFile file(folder.filePath(QStringLiteral("version.ini")));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("[General]\nCFBundleShortVersionString=2.3\nCFBundleVersion=\"41\"\n");
+        file.close();
+        QCOMPARE(readVersionKeys(folder.path()).text(), QStringLiteral("2.3 (41)"));
+        QVERIFY(QFileInfo::exists(resourceFolder() + QStringLiteral("/version.ini")));
+    }
+
+    void utf8IsStrict()
+    {
+        QCOMPARE(decodeUtf8("é"), QStringLiteral("é"));
+        QCOMPARE(decodeUtf8("\xEF\xBB\xBFx").value().toUtf8(), QByteArray("\xEF\xBB\xBFx"));
+        for (const char *invalid : {"\xFF", "a\xC3", "\xED\xA0\x80", "\xC0\xAF"})
+            QVERIFY(!decodeUtf8(invalid));
+    }
+
+    void folderLockKeepsOthersOut()
+    {
+        const QTemporaryDir folder;
+        std::stop_source source;
+        auto held = std::make_unique<FolderLock>(folder.path(), source.get_token());
+        std::atomic<bool> entered = false;
+        std::jthread other([&] {
+            const FolderLock waiting(folder.path(), {});
+            entered = true;
+        });
+        source.request_stop();
+        QVERIFY_THROWS_EXCEPTION(Interrupted, FolderLock(folder.path(), source.get_token()));
+        QVERIFY(!entered);
+        held.reset();
+        other.join();
+        QVERIFY(entered);
+        const FolderLock missing(folder.filePath(QStringLiteral("none")), {}); // nothing to lock: free
+    }
 };
-
-void TestPlatform::mainThreadWorkKeepsItsOrder()
-{
-    MainThreadQueue queue;
-    QList<int> order;
-    bool onMain = true;
-    std::jthread worker([&] {
-        const auto note = [&](int number) {
-            onMain = onMain && QThread::currentThread() == thread();
-            order.append(number);
-        };
-        queue.post([&] { note(1); });
-        queue.performAndWait([&] { note(2); });
-        queue.post([&] { note(3); });
-        queue.performAndWait([&] { note(4); });
-    });
-    QTRY_COMPARE_WITH_TIMEOUT(order.size(), 4, 60000);
-    QCOMPARE(order, (QList<int>{1, 2, 3, 4}));
-    QVERIFY(onMain);
-}
-
-void TestPlatform::closingReleasesAWaitingThread()
-{
-    MainThreadQueue queue;
-    std::latch begun(1);
-    bool workDone = false;
-    bool interrupted = false;
-    std::thread worker([&] {
-        begun.count_down();
-        try {
-            queue.performAndWait([&] { workDone = true; });
-        } catch (const Interrupted &) {
-            interrupted = true;
-        }
-    });
-    begun.wait();
-    queue.close(); // no event loop ran: the worker waits, or is about to
-    worker.join();
-    QCoreApplication::processEvents();
-    QVERIFY(interrupted);
-    QVERIFY(!workDone);
-}
-
-void TestPlatform::preferencesOutliveTheStore()
-{
-    const QTemporaryDir folder;
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder.path());
-    const QString key = QStringLiteral("qualityPreset");
-    QVERIFY(!SettingsPreferenceStore().value(key));
-    SettingsPreferenceStore().setValue(key, QStringLiteral("tiny"));
-    QCOMPARE(SettingsPreferenceStore().value(key), QStringLiteral("tiny"));
-
-    QFile file(folder.filePath(QStringLiteral("marrowcut/marrowcut.ini")));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("\xFF\x00garbage[[[=\nqualityPreset=@Invalid()\n", 40);
-    file.close();
-    QVERIFY(!SettingsPreferenceStore().value(key));
-}
-
-void TestPlatform::versionKeys()
-{
-    const QTemporaryDir folder;
-    QCOMPARE(readVersionKeys(folder.path()).text(), QStringLiteral("1.0 (1)"));
-    QFile file(folder.filePath(QStringLiteral("version.ini")));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("[General]\nCFBundleShortVersionString=2.3\nCFBundleVersion=\"41\"\n");
-    file.close();
-    QCOMPARE(readVersionKeys(folder.path()).text(), QStringLiteral("2.3 (41)"));
-    QVERIFY(QFileInfo::exists(resourceFolder() + QStringLiteral("/version.ini")));
-}
-
-void TestPlatform::utf8IsStrict()
-{
-    QCOMPARE(decodeUtf8("é"), QStringLiteral("é"));
-    QCOMPARE(decodeUtf8("\xEF\xBB\xBFx").value().toUtf8(), QByteArray("\xEF\xBB\xBFx"));
-    for (const char *invalid : {"\xFF", "a\xC3", "\xED\xA0\x80", "\xC0\xAF"})
-        QVERIFY(!decodeUtf8(invalid));
-}
-
-void TestPlatform::folderLockKeepsOthersOut()
-{
-    const QTemporaryDir folder;
-    std::stop_source source;
-    auto held = std::make_unique<FolderLock>(folder.path(), source.get_token());
-    std::atomic<bool> entered = false;
-    std::jthread other([&] {
-        const FolderLock waiting(folder.path(), {});
-        entered = true;
-    });
-    source.request_stop();
-    QVERIFY_THROWS_EXCEPTION(Interrupted, FolderLock(folder.path(), source.get_token()));
-    QVERIFY(!entered);
-    held.reset();
-    other.join();
-    QVERIFY(entered);
-    const FolderLock missing(folder.filePath(QStringLiteral("none")), {}); // nothing to lock: free
-}
 
 QTEST_GUILESS_MAIN(TestPlatform)
 #include "tst_platform.moc"
