@@ -27,13 +27,15 @@ WindowCase {
             {tag: "one unticked", jobs: ["queued", "unticked"], selectAll: "Select All", clear: false, go: true, done: "0 of 2 done", bar: 0},
             {tag: "all unticked", jobs: ["unticked"], selectAll: "Select All", clear: false, go: false, done: "0 of 1 done", bar: 0},
             {tag: "finished", jobs: ["done", "failed:encode error"], selectAll: "", clear: true, go: false, done: "1 of 2 done", bar: 1},
+            {tag: "in the run", jobs: ["done", "encoding"], selectAll: "", clear: true, go: false, done: "1 of 2 done", bar: 0.75},
             {tag: "half", jobs: ["skipped", "unticked"], selectAll: "Select All", clear: true, go: false, done: "1 of 2 done", bar: 0.5}
         ];
     }
 
     function test_controlBar(data: var) {
         data.jobs.forEach((status, index) => {
-            queue.add("/clips/" + index + ".mxf", status === "unticked" ? "queued" : status);
+            const kind = status === "unticked" ? "queued" : status;
+            queue.add("/clips/" + index + ".mxf", kind, status === "encoding" ? 0.5 : 0);
             queue.setSelected(index, status !== "unticked");
         });
         tryVerify(() => find("overallBar") !== null);

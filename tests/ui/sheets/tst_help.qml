@@ -30,10 +30,7 @@ Item {
 
         function lines() {
             const found = [];
-            const search = item => {
-                for (let i = 0; i < item.children.length; ++i)
-                    item.children[i].explanation ? found.push(item.children[i]) : search(item.children[i]);
-            };
+            const search = item => item.explanation ? found.push(item) : Array.from(item.children).forEach(search);
             search(mockup);
             return found;
         }

@@ -8,7 +8,6 @@
 #include <QDBusMessage>
 #include <QDBusUnixFileDescriptor>
 #include <QDir>
-#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -87,15 +86,10 @@ class DesktopServicesTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        QVERIFY(m_clips.isValid());
-        QVERIFY(QDir(m_clips.path()).mkdir(QStringLiteral("Shoot #3")));
-    }
-
     void revealing()
     {
         QList<QUrl> opened;
+        QVERIFY(QDir(m_clips.path()).mkdir(QStringLiteral("Shoot #3")));
         DesktopFileViewer viewer([&opened](const QUrl &folder) { opened.append(folder); });
         const QUrl folder = QUrl::fromLocalFile(m_clips.filePath(QStringLiteral("Shoot #3")));
 

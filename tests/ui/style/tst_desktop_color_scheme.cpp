@@ -90,15 +90,6 @@ private Q_SLOTS:
         QCOMPARE(changes.count(), 3);
     }
 
-    void choiceOverridesTheDesktop()
-    {
-        DesktopColorScheme *scheme = DesktopColorScheme::instance();
-        scheme->setChoice(DesktopColorScheme::Dark);
-        QVERIFY(scheme->dark());
-        scheme->setChoice(DesktopColorScheme::Desktop);
-        QVERIFY(!scheme->dark());
-    }
-
 private:
     PrivateBus m_bus;
     FakePortal m_portal{m_bus.server()};

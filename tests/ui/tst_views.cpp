@@ -1,6 +1,7 @@
 #include "ui/sheets/diagnostics_report.h"
 
 #include <QClipboard>
+#include <QDesktopServices>
 #include <QDragEnterEvent>
 #include <QGuiApplication>
 #include <QMimeData>
@@ -15,12 +16,29 @@ Q_IMPORT_QML_PLUGIN(Marrowcut_SheetsPlugin)
 Q_IMPORT_QML_PLUGIN(Marrowcut_MainPlugin)
 Q_IMPORT_QML_PLUGIN(Marrowcut_ScriptedPlugin)
 
-/// What the tests do in another program's place.
+/// What the tests see of the desktop, and do in another program's place.
 class TestDesktop : public QObject
 {
     Q_OBJECT
     Q_PROPERTY(QObject *report MEMBER m_report CONSTANT)
+    Q_PROPERTY(QList<QUrl> openedLinks MEMBER m_openedLinks NOTIFY linkOpened)
 public:
+    TestDesktop() { QDesktopServices::setUrlHandler(QStringLiteral("https"), this, "openLink"); }
+    ~TestDesktop() override { QDesktopServices::unsetUrlHandler(QStringLiteral("https")); }
+
+    /// A window that is active may not have the keyboard: its transient parent counts as well.
+    Q_INVOKABLE QObject *focusWindow() const { return QGuiApplication::focusWindow(); }
+    Q_INVOKABLE void openLink(const QUrl &url)
+    {
+        m_openedLinks << url;
+        Q_EMIT linkOpened();
+    }
+    Q_INVOKABLE QString takeClipboard()
+    {
+        const QString text = QGuiApplication::clipboard()->text();
+        QGuiApplication::clipboard()->clear();
+        return text;
+    }
     /// Moves dragged items over the window. Returns whether they would be taken.
     Q_INVOKABLE bool dragOver(QQuickItem *item, const QPoint &place, const QList<QUrl> &urls)
     {
@@ -43,17 +61,23 @@ public:
         QCoreApplication::sendEvent(item->window(), &drop);
         return drop.isAccepted() ? drop.dropAction() : Qt::IgnoreAction;
     }
-    Q_INVOKABLE QString takeClipboard()
-    {
-        const QString text = QGuiApplication::clipboard()->text();
-        QGuiApplication::clipboard()->clear();
-        return text;
-    }
+
+Q_SIGNALS:
+    void linkOpened();
 
 private:
+    static QList<marrowcut::ProxyJob> oneFailedJob()
+    {
+        auto job = marrowcut::ProxyJob::forSource(QUrl(QStringLiteral("file:///clips/A001.mxf")));
+        job.status = marrowcut::JobStatus::failed(QStringLiteral("encode error"));
+        job.errorDetail = QStringLiteral("Invalid data\n").repeated(25);
+        return {job};
+    }
+
     static constexpr Qt::DropActions offered = Qt::MoveAction | Qt::CopyAction;
     QMimeData m_mimeData;
-    QObject *m_report = new marrowcut::DiagnosticsReport([] { return QList<marrowcut::ProxyJob>(); }, this);
+    QObject *m_report = new marrowcut::DiagnosticsReport(oneFailedJob, this);
+    QList<QUrl> m_openedLinks;
 };
 
 class Setup : public QObject
@@ -67,6 +91,6 @@ public Q_SLOTS:
     }
 };
 
-QUICK_TEST_MAIN_WITH_SETUP(main_window, Setup)
+QUICK_TEST_MAIN_WITH_SETUP(views, Setup)
 
-#include "tst_main_window.moc"
+#include "tst_views.moc"
