@@ -17,29 +17,20 @@ class TestEncoderChoice : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void firstThatWorksIsChosen_data()
-    {
-        QTest::addColumn<QByteArray>("script");
-        QTest::addColumn<QString>("chosen");
-        const QByteArray counted = "when ffprobe -count_frames\nout 10\\n\nend\n";
-        const QByteArray secondWorks = "when h264_qsv\nwrite-output\nend\n";
-        const QString second = QStringLiteral("h264_qsv");
-        QTest::newRow("first works") << QByteArray(counted + "write-output\n")
-                                     << QStringLiteral("h264_nvenc");
-        QTest::newRow("first fails") << QByteArray(counted + "when h264_nvenc\nwrite-output\nexit 1\nend\n" +
-                                                   secondWorks)
-                                     << second;
-        QTest::newRow("first writes no file") << QByteArray(counted + secondWorks) << second;
-        QTest::newRow("files without their pictures")
-            << QByteArray("when ffprobe\nout 9\\n\nend\nwrite-output\n") << QStringLiteral("libx264");
-        QTest::newRow("none works") << QByteArray("exit 1\n") << QStringLiteral("libx264");
-    }
-
     void firstThatWorksIsChosen()
     {
-        QFETCH(QByteArray, script);
-        m_script.set(script);
-        QTEST(EncoderChoice().settle(anywhere(), QualityPreset::standard).name, "chosen");
+        const QByteArray counted = "when ffprobe -count_frames\nout 10\\n\nend\n";
+        const QByteArray secondWorks = counted + "when h264_qsv\nwrite-output\nend\n";
+        for (const auto &[script, chosen] :
+             {std::pair(counted + "write-output\n", "h264_nvenc"),
+              std::pair("when h264_nvenc\nwrite-output\nexit 1\nend\n" + secondWorks, "h264_qsv"),
+              std::pair(secondWorks, "h264_qsv"), // the first writes no file
+              std::pair(QByteArray("when ffprobe\nout 9\\n\nend\nwrite-output\n"),
+                        "libx264"), // one picture is missing
+              std::pair(QByteArray("exit 1\n"), "libx264")}) {
+            m_script.set(script);
+            QCOMPARE(EncoderChoice().settle(anywhere(), QualityPreset::standard).name, QLatin1String(chosen));
+        }
     }
 
     void failureIsToldInTheToolsWords()

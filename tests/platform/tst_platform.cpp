@@ -1,13 +1,11 @@
 #include "platform/folder_lock.h"
 #include "platform/interrupted.h"
 #include "platform/main_thread_queue.h"
-#include "platform/preference_store.h"
 #include "platform/resource_folder.h"
 #include "platform/utf8.h"
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QThread>
@@ -62,16 +60,6 @@ private Q_SLOTS:
         QCoreApplication::processEvents();
         QVERIFY(interrupted);
         QVERIFY(!workDone);
-    }
-
-    void preferencesOutliveTheStore()
-    {
-        const QTemporaryDir folder;
-        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder.path());
-        const QString key = QStringLiteral("qualityPreset");
-        QVERIFY(!SettingsPreferenceStore().value(key));
-        SettingsPreferenceStore().setValue(key, QStringLiteral("tiny"));
-        QCOMPARE(SettingsPreferenceStore().value(key), QStringLiteral("tiny"));
     }
 
     void versionKeys()

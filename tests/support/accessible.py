@@ -25,7 +25,7 @@ def _all_below(node):
 def _matches(node, role, name):
     try:
         found = node.get_name() or ""
-        return (role is None or node.get_role_name() == role) and (found.startswith(name) if name else True)
+        return (role is None or node.get_role_name() == role) and found.startswith(name)
     except GLib.Error:
         return False
 
@@ -52,9 +52,9 @@ class Application:
         return [node for node in _all_below(root) if _matches(node, role, name) and is_showing(node)]
 
     def wait_for(self, role, name, gone=False):
-        found = wait_until(lambda: gone != bool(self.elements(role, name)) and (self.elements(role, name) or True),
-                           what=f"{'no ' if gone else ''}{role} {name!r}")
-        return None if gone else found[0]
+        if gone:
+            return wait_until(lambda: not self.elements(role, name), what=f"no {role} {name!r}")
+        return wait_until(lambda: self.elements(role, name), what=f"{role} {name!r}")[0]
 
     def press(self, name, role="push button"):
         """Presses through the accessibility interface, as assistive technology does."""

@@ -46,6 +46,21 @@ TestCase {
             report: TestDesktop.report
         }
 
+        BurnInMockup {
+            id: mockup
+
+            y: 140
+            width: 400
+        }
+
+        PlainLinkText {
+            id: link
+
+            y: 110
+            title: "a **plain** title"
+            url: "https://example.org/page"
+        }
+
         ReportArea {
             id: area
 
@@ -134,6 +149,39 @@ TestCase {
         visit(data.sheet.contentItem);
         const count = role => roles.filter(each => each === role).length;
         compare([count(Accessible.Heading), count(Accessible.Link)], [1, data.links]);
+    }
+
+    function test_hoverExplainsOneLine() {
+        const all = [];
+        const search = item => item.explanation ? all.push(item) : Array.from(item.children).forEach(search);
+        search(mockup);
+        const displays = ["CAM001.MXF", "SOURCE TC  01:12:04:18", "CLIP ELAPSED  00:00:14:02", "FILE DATE  2026-03-11 09:41:02"];
+        const explanations = ["filename", "internal camera timecode", "time elapsed in this clip", "time/date file was created"];
+        compare(all.map(line => line.text), displays);
+        for (let i = 0; i < all.length; ++i) {
+            mouseMove(all[i], 4, all[i].height / 2);
+            tryCompare(all[i], "isHovering", true);
+            compare(all.map(line => line.text), displays.map((text, n) => n === i ? explanations[i] : text));
+            // also where the explanation is the shorter text
+            wait(0);
+            verify(all[i].isHovering);
+        }
+        mouseMove(link, 1, 1);
+        tryCompare(all[3], "isHovering", false);
+        compare(all.map(line => line.text), displays);
+    }
+
+    function test_linkOpensOnce() {
+        mainWindow.requestActivate();
+        tryVerify(() => TestDesktop.focusWindow() === mainWindow);
+        compare(link.text, "a **plain** title");
+        link.forceActiveFocus();
+        const keys = [Qt.Key_Return, Qt.Key_Enter, Qt.Key_Space].map(key => () => keyClick(key));
+        for (const act of [() => mouseClick(link), ...keys]) {
+            const before = TestDesktop.openedLinks.length;
+            act();
+            compare(String(TestDesktop.openedLinks.slice(before)), "https://example.org/page");
+        }
     }
 
     function test_scrollingHelp() {
