@@ -54,8 +54,8 @@ private Q_SLOTS:
         m_engine->removeFromQueue(m_engine->jobs().first().id);
         m_engine->enqueue({a});
         QCOMPARE(names(), (QStringList{QStringLiteral("b.mov"), QStringLiteral("a.mov")}));
-        m_engine->toggleSelected(m_engine->jobs().last().id); // found where it is now
-        QVERIFY(m_engine->jobs().first().isSelected && !m_engine->jobs().last().isSelected);
+        m_engine->toggleSelected(m_engine->jobs().first().id); // found where it is now
+        QVERIFY(!m_engine->jobs().first().isSelected && m_engine->jobs().last().isSelected);
     }
 
     void announcesEachEditBeforeItIsApplied()
