@@ -7,7 +7,6 @@
 
 #include <QTest>
 
-#include <cmath>
 #include <limits>
 
 using namespace marrowcut;
