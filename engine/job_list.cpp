@@ -1,6 +1,8 @@
 #include "engine/job_list.h"
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
 namespace marrowcut
 {
@@ -24,26 +26,35 @@ void JobList::append(const ProxyJob &job)
     m_jobs.append(job);
 }
 
-void JobList::removeIf(const std::function<bool(const ProxyJob &)> &matches)
+void JobList::removeIf(const Predicate &matches)
 {
-    const auto found = std::find_if(m_jobs.cbegin(), m_jobs.cend(), matches);
-    if (found == m_jobs.cend())
+    if (std::none_of(m_jobs.cbegin(), m_jobs.cend(), matches))
         return;
-    const qsizetype first = found - m_jobs.cbegin();
     m_announce();
-    const QList<ProxyJob> before = m_jobs;
-    m_jobs = before.first(first);
-    m_jobs.reserve(before.size());
-    for (qsizetype position = first; position < before.size(); ++position) {
-        const ProxyJob &job = before[position];
-        if (matches(job)) {
+    const QList<ProxyJob> before = std::exchange(m_jobs, {});
+    std::remove_copy_if(before.cbegin(), before.cend(), std::back_inserter(m_jobs), matches);
+    updateIndexes(before, matches);
+}
+
+/// Hashing the sources is what takes time, so the fewer are hashed: those that stay or those that go.
+void JobList::updateIndexes(const QList<ProxyJob> &before, const Predicate &isGone)
+{
+    const bool fewStay = m_jobs.size() < before.size() / 2;
+    if (fewStay) {
+        m_positions.clear();
+        m_sources.clear();
+    }
+    for (const ProxyJob &job : before) {
+        const bool gone = isGone(job);
+        if (gone && !fewStay) {
             m_positions.remove(job.id);
             m_sources.remove(job.sourceURL);
-        } else {
-            m_positions[job.id] = m_jobs.size();
-            m_jobs.append(job);
+        } else if (!gone && fewStay) {
+            m_sources.insert(job.sourceURL);
         }
     }
+    for (qsizetype position = 0; position < m_jobs.size(); ++position)
+        m_positions.insert(std::as_const(m_jobs)[position].id, position);
 }
 
 } // namespace marrowcut

@@ -16,6 +16,8 @@ namespace marrowcut
 class JobList
 {
 public:
+    using Predicate = std::function<bool(const ProxyJob &)>;
+
     /// announce must not edit the list.
     explicit JobList(std::function<void()> announce);
 
@@ -38,9 +40,11 @@ public:
     }
 
     /// Removes every job that matches, as one edit; nothing is announced when none does.
-    void removeIf(const std::function<bool(const ProxyJob &)> &matches);
+    void removeIf(const Predicate &matches);
 
 private:
+    void updateIndexes(const QList<ProxyJob> &before, const Predicate &isGone);
+
     std::function<void()> m_announce;
     QList<ProxyJob> m_jobs;
     QHash<QUuid, qsizetype> m_positions;
