@@ -35,8 +35,9 @@ Options:
   --help            show this help
   --version         show the version; with --verbose also the encoder that is used
 
-Exit status: 0 every clip has its proxy, 1 some failed, 2 wrong usage or nothing to do,
-3 ffmpeg, ffprobe or the named encoder is missing or does not work, 130 interrupted.
+Exit status: 0 every clip has its proxy, 1 some failed or not all output could be written,
+2 wrong usage or nothing to do, 3 ffmpeg, ffprobe or the named encoder is missing or does
+not work, 130 interrupted.
 )";
 
 void addPath(const QString &path, Request &request)

@@ -5,11 +5,10 @@
 namespace marrowcut::cli
 {
 
-std::optional<media::EncoderChoice> chooseEncoder(const QString &name, QualityPreset preset, QString &problem,
-                                                  const std::stop_token &stop)
+EncoderAnswer chooseEncoder(const QString &name, QualityPreset preset, const std::stop_token &stop)
 {
     if (name == QLatin1String("auto"))
-        return media::EncoderChoice();
+        return {media::EncoderChoice(), {}};
     const media::SystemValues system = media::currentSystemValues();
     for (const media::VideoEncoder &encoder : system.hardwareEncoders) {
         if (encoder.name != name)
@@ -17,18 +16,34 @@ std::optional<media::EncoderChoice> chooseEncoder(const QString &name, QualityPr
         const std::optional<QString> failure =
             media::encoderTrialFailure(system.with(encoder), preset, media::encoderTrialLimit, stop);
         if (!failure)
-            return media::EncoderChoice(encoder);
-        problem = QStringLiteral("%1 does not work here: %2").arg(name, *failure);
-        return std::nullopt;
+            return {media::EncoderChoice(encoder), {}};
+        return {std::nullopt, QStringLiteral("%1 does not work here: %2").arg(name, *failure)};
     }
-    return media::EncoderChoice(system.videoEncoder);
+    return {media::EncoderChoice(system.videoEncoder), {}};
 }
 
-QString encoderInUse(const QString &name, QString &problem)
+EncoderAnswer encoderInUse(const QString &name, const std::stop_token &stop)
 {
     const QualityPreset preset = QualityPreset::standard;
-    std::optional<media::EncoderChoice> choice = chooseEncoder(name, preset, problem);
-    return choice ? choice->settle(media::currentSystemValues(), preset).name : QString();
+    EncoderAnswer answer = chooseEncoder(name, preset, stop);
+    if (answer.choice)
+        answer.choice->settle(media::currentSystemValues(), preset, stop);
+    return answer;
+}
+
+bool EncoderQuestion::ask(const Find &find, const Take &take)
+{
+    return m_thread.start([this, find, take](const std::stop_token &stop) {
+        const EncoderAnswer answer = find(stop);
+        m_mainThread.post([take, answer] { take(answer); });
+    });
+}
+
+bool EncoderQuestion::interrupt(std::chrono::milliseconds limit)
+{
+    m_thread.requestStop();
+    m_mainThread.close();
+    return m_thread.endedWithin(limit);
 }
 
 } // namespace marrowcut::cli

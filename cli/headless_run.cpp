@@ -1,14 +1,14 @@
 #include "headless_run.h"
 
-#include "encoder_request.h"
+#include "complaint.h"
 #include "exit_status.h"
+#include "interruption.h"
 #include "json_reporter.h"
 #include "live_reporter.h"
 #include "plain_reporter.h"
 #include "refusal.h"
 
 #include "engine/queue_summary.h"
-#include "platform/interrupted.h"
 
 #include <algorithm>
 #include <utility>
@@ -74,36 +74,30 @@ void HeadlessRun::tellRefused(const QList<RefusedItem> &refused)
 
 void HeadlessRun::start()
 {
-    const auto choose = [this, name = m_request.encoder,
-                         preset = m_engine.qualityPreset()](const std::stop_token &stop) {
-        QString problem;
-        try {
-            const auto choice = chooseEncoder(name, preset, problem, stop);
-            m_mainThread.post([this, choice, problem] { begin(choice, problem); });
-        } catch (const Interrupted &) { // the program is about to end
-        }
-    };
-    m_choosing = std::jthread(choose);
+    const auto find = [name = m_request.encoder, preset = m_engine.qualityPreset()](
+                          const std::stop_token &stop) { return chooseEncoder(name, preset, stop); };
+    if (!m_question.ask(find, [this](const EncoderAnswer &encoder) { begin(encoder); }))
+        Q_EMIT couldNotStart(noThread(), someFailed);
 }
 
-void HeadlessRun::begin(const std::optional<media::EncoderChoice> &choice, const QString &problem)
+void HeadlessRun::begin(const EncoderAnswer &encoder)
 {
-    if (!choice) {
-        Q_EMIT encoderFailed(problem);
+    if (!encoder.choice) {
+        Q_EMIT couldNotStart(encoder.problem, toolMissing);
         return;
     }
-    m_engine.setEncoderChoice(*choice);
-    m_running = true;
+    m_engine.setEncoderChoice(*encoder.choice);
     m_engine.start();
+    m_running = m_engine.isRunning();
+    if (!m_running)
+        Q_EMIT couldNotStart(noThread(), someFailed);
 }
 
 bool HeadlessRun::interrupt()
 {
-    m_mainThread.close();
-    m_choosing = {};
-    const bool hasEnded = m_engine.interrupt(std::chrono::milliseconds(800));
+    const bool haveEnded = m_question.interrupt(interruptLimit) && m_engine.interrupt(interruptLimit);
     m_reporter->interrupted();
-    return hasEnded;
+    return haveEnded;
 }
 
 void HeadlessRun::scheduleRefresh()

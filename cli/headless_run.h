@@ -1,15 +1,13 @@
 #pragma once
 
 #include "command_line.h"
+#include "encoder_request.h"
 #include "engine/burn_in_engine.h"
-#include "platform/main_thread_queue.h"
 #include "reporter.h"
 
 #include <QObject>
 
 #include <memory>
-#include <optional>
-#include <thread>
 
 namespace marrowcut::cli
 {
@@ -26,15 +24,15 @@ public:
     bool queueItems();
     /// Returns at once; the encoder that was asked for makes its trial first.
     void start();
-    /// Breaks off. Returns whether the run's thread has ended in time.
+    /// Breaks off. Returns whether the threads have ended in time.
     bool interrupt();
 
 Q_SIGNALS:
-    void encoderFailed(const QString &problem); ///< instead of ended()
+    void couldNotStart(const QString &problem, int exitStatus);
     void ended(int exitStatus);
 
 private:
-    void begin(const std::optional<media::EncoderChoice> &choice, const QString &problem);
+    void begin(const EncoderAnswer &encoder);
     void scheduleRefresh();
     void refresh();
     void reportJobs();
@@ -49,8 +47,7 @@ private:
     bool m_refreshScheduled = false;
     bool m_running = false;
     bool m_itemFailed = false;
-    MainThreadQueue m_mainThread;
-    std::jthread m_choosing; ///< the encoder
+    EncoderQuestion m_question; // last: its thread ends before anything else goes
 };
 
 } // namespace marrowcut::cli

@@ -1,7 +1,9 @@
 #include "command_line.h"
-#include "encoder_request.h"
+#include "complaint.h"
+#include "encoder_report.h"
 #include "exit_status.h"
 #include "headless_run.h"
+#include "interruption.h"
 #include "name_list.h"
 #include "notification_module.h"
 
@@ -17,7 +19,6 @@
 #include <QTimer>
 
 #include <cstdio>
-#include <cstdlib>
 #include <memory>
 
 using namespace marrowcut;
@@ -25,11 +26,6 @@ using namespace marrowcut::cli;
 
 namespace
 {
-
-void complain(const QString &problem)
-{
-    QTextStream(stderr) << "marrowcut-cli: " << problem << '\n';
-}
 
 int wrongUsage(const QString &problem)
 {
@@ -65,20 +61,6 @@ bool toolsAreThere()
     return complete;
 }
 
-int tellEncoder(const QString &asked)
-{
-    if (!toolsAreThere())
-        return toolMissing;
-    QString problem;
-    const QString name = encoderInUse(asked, problem);
-    if (!problem.isEmpty()) {
-        complain(problem);
-        return toolMissing;
-    }
-    QTextStream(stdout) << "encoder: " << name << '\n';
-    return allDone;
-}
-
 /// Runs the request to its end; the desktop's answers, where they are wanted, included.
 int runRequest(const Request &request)
 {
@@ -94,15 +76,11 @@ int runRequest(const Request &request)
     if (!toolsAreThere())
         return toolMissing;
 
-    TerminationSignals signalSource; // until here a signal ends the program by itself
-    QObject::connect(&signalSource, &TerminationSignals::received, &run, [&run] {
-        if (!run.interrupt())
-            std::_Exit(wasInterrupted); // the system holds the run's thread; the child dies with us
-        QCoreApplication::exit(wasInterrupted);
-    });
-    QObject::connect(&run, &HeadlessRun::encoderFailed, &run, [](const QString &problem) {
+    const TerminationSignals termination; // until here a signal ends the program by itself
+    endOnSignal(termination, [&run] { return run.interrupt(); });
+    QObject::connect(&run, &HeadlessRun::couldNotStart, &run, [](const QString &problem, int status) {
         complain(problem);
-        QCoreApplication::exit(toolMissing);
+        QCoreApplication::exit(status);
     });
     QObject::connect(&run, &HeadlessRun::ended, &run, [&notifications](int status) {
         notifications->whenIdle([status] { QCoreApplication::exit(status); });
@@ -129,7 +107,9 @@ int run(int argc, char *argv[])
             return wrongUsage(problem);
     }
     const QCoreApplication application(argc, argv);
-    return commandLine.request ? runRequest(*commandLine.request) : tellEncoder(commandLine.encoderToTell);
+    if (commandLine.request)
+        return runRequest(*commandLine.request);
+    return toolsAreThere() ? tellEncoder(commandLine.encoderToTell) : toolMissing;
 }
 
 /// The status, or that of a failure where not all could be printed: a script may rely on what it reads.

@@ -2,14 +2,12 @@
 
 #include "engine/completion_notification.h"
 #include "engine/queue_runner.h"
-#include "platform/interrupted.h"
 #include "platform/notification_center.h"
 #include "platform/preference_store.h"
 
 #include <QPointer>
 
 #include <algorithm>
-#include <system_error>
 
 namespace marrowcut
 {
@@ -25,8 +23,8 @@ BurnInEngine::BurnInEngine(PreferenceStore &preferences, NotificationCenter &not
 
 BurnInEngine::~BurnInEngine()
 {
-    m_runThread.request_stop();
-    m_mainThread.close();
+    m_runThread.requestStop();
+    m_mainThread.close(); // the run's thread may wait for it
 }
 
 void BurnInEngine::setQualityPreset(QualityPreset preset)
@@ -110,49 +108,38 @@ void BurnInEngine::start()
 {
     if (m_isRunning || !hasSelectedQueuedJobs())
         return;
-    Q_EMIT willChange();
-    m_isRunning = true;
-
-    try {
-        startRunThread();
-    } catch (const std::system_error &) { // the system has no thread to give
-        Q_EMIT willChange();
-        m_isRunning = false;
-    }
+    setRunning(true);
+    const auto work = [this, preset = m_qualityPreset](const std::stop_token &stop) { run(preset, stop); };
+    if (!m_runThread.start(work))
+        setRunning(false);
 }
 
-void BurnInEngine::startRunThread()
+void BurnInEngine::run(QualityPreset preset, const std::stop_token &stop)
 {
-    std::promise<void> ended;
-    m_runEnded = ended.get_future();
-    m_runThread = std::jthread([this, preset = m_qualityPreset,
-                                ended = std::move(ended)](std::stop_token stop) mutable {
-        try {
-            const auto tellRecorded = [this](const QUuid &id, const QString &manifestLine) {
-                Q_EMIT recorded(id, manifestLine);
-            };
-            QueueRunner(m_jobs, m_mainThread, m_encoderChoice, chunkSeconds, tellRecorded, std::move(stop))
-                .runQueue(preset);
-            m_mainThread.post([this] { finishRun(); });
-        } catch (const Interrupted &) { // the program is quitting: nothing more is wanted
-        }
-        ended.set_value();
-    });
+    const auto tellRecorded = [this](const QUuid &id, const QString &manifestLine) {
+        Q_EMIT recorded(id, manifestLine);
+    };
+    QueueRunner(m_jobs, m_mainThread, m_encoderChoice, chunkSeconds, tellRecorded, stop).runQueue(preset);
+    m_mainThread.post([this] { finishRun(); });
+}
+
+void BurnInEngine::setRunning(bool isRunning)
+{
+    Q_EMIT willChange();
+    m_isRunning = isRunning;
 }
 
 void BurnInEngine::finishRun()
 {
-    m_runThread.join(); // it has nothing left to do
-    Q_EMIT willChange();
-    m_isRunning = false;
+    setRunning(false);
     notifyCompletion();
 }
 
 bool BurnInEngine::interrupt(std::chrono::milliseconds limit)
 {
-    m_runThread.request_stop();
+    m_runThread.requestStop();
     m_mainThread.close();
-    return !m_runThread.joinable() || m_runEnded.wait_for(limit) == std::future_status::ready;
+    return m_runThread.endedWithin(limit);
 }
 
 void BurnInEngine::notifyCompletion()

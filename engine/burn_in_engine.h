@@ -5,13 +5,12 @@
 #include "engine/model/quality_preset.h"
 #include "engine/video_files.h"
 #include "media/encoder_choice.h"
+#include "platform/background_thread.h"
 #include "platform/main_thread_queue.h"
 
 #include <QObject>
 
 #include <chrono>
-#include <future>
-#include <thread>
 
 namespace marrowcut
 {
@@ -66,7 +65,8 @@ public:
     void clearCompleted();
 
     /// Begins a run over the jobs that are queued and selected, with the preset of this moment, and
-    /// returns at once. Nothing when a run is going on or there is no such job.
+    /// returns at once. Nothing when a run is going on, there is no such job, or the system has no thread
+    /// to give; isRunning() tells.
     void start();
 
     /// For quitting: ends the running tool at once and leaves every file as it is. Waits for the run's
@@ -81,7 +81,8 @@ Q_SIGNALS:
     void recorded(const QUuid &id, const QString &manifestLine);
 
 private:
-    void startRunThread();
+    void run(QualityPreset preset, const std::stop_token &stop);
+    void setRunning(bool isRunning);
     void finishRun();
     void notifyCompletion();
 
@@ -92,8 +93,7 @@ private:
     QualityPreset m_qualityPreset;
     media::EncoderChoice m_encoderChoice; ///< the run's thread's while there is one
     MainThreadQueue m_mainThread;
-    std::future<void> m_runEnded;
-    std::jthread m_runThread;
+    BackgroundThread m_runThread;
 };
 
 } // namespace marrowcut

@@ -26,6 +26,8 @@ public:
     /// trials. Throws Interrupted, and tries again when called again.
     const VideoEncoder &settle(const SystemValues &system, QualityPreset preset,
                                const std::stop_token &stop = {});
+    /// Empty until it is settled.
+    QString name() const { return m_encoder ? m_encoder->name : QString(); }
 
 private:
     std::optional<VideoEncoder> m_encoder;

@@ -4,6 +4,7 @@ import json
 import os
 import pty
 import re
+import resource
 import shutil
 import signal
 import subprocess
@@ -251,13 +252,29 @@ class CliTest(unittest.TestCase):
         program = self.with_hanging_encoder()[:1]
         temporary = self.folder / "temporary"
         temporary.mkdir()
-        process = self.start_cli("--encoder", "h264_nvenc", "a.mov", program=program,
-                                 env=dict(self.environment, TMPDIR=temporary))
-        encoder = self.encoder()
-        process.send_signal(signal.SIGINT)
-        process.communicate(timeout=60)
-        self.assertEqual(process.returncode, 130)
-        self.assertFalse(encoder.exists() or self.proxies.exists() or os.listdir(temporary))
+        for arguments in (["a.mov"], ["--version", "--verbose"]):
+            with self.subTest(arguments=arguments):
+                process = self.start_cli("--encoder", "h264_nvenc", *arguments, program=program,
+                                         env=dict(self.environment, TMPDIR=temporary))
+                encoder = self.encoder()
+                process.send_signal(signal.SIGINT)
+                process.communicate(timeout=60)
+                self.assertEqual(process.returncode, 130)
+                self.assertFalse(encoder.exists() or self.proxies.exists() or os.listdir(temporary))
+                self.pid.unlink()
+
+    def test_without_threads_nothing_is_called_done(self):
+        (self.folder / "a.mov").touch()
+
+        def allow_no_thread():  # its stack, as large as the limit for the first one, has no place
+            resource.setrlimit(resource.RLIMIT_STACK, (1 << 47, resource.RLIM_INFINITY))
+
+        for arguments in (["a.mov"], ["--version", "--verbose"]):
+            with self.subTest(arguments=arguments):
+                result = self.run_cli(*arguments, preexec_fn=allow_no_thread)
+                self.assertEqual(result.returncode, 1)
+                self.assertIn(b"no further thread", result.stderr)
+        self.assertFalse(self.proxies.exists())
 
     # On a terminal
 

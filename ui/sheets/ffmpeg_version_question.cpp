@@ -28,7 +28,7 @@ FFmpegVersionQuestion::FFmpegVersionQuestion(const QString &ffmpegPath, std::chr
 {
     m_limit.setSingleShot(true);
     m_limit.setInterval(limit);
-    connect(&m_limit, &QTimer::timeout, this, [this] { m_run.request_stop(); });
+    connect(&m_limit, &QTimer::timeout, this, [this] { m_run.requestStop(); });
 }
 
 void FFmpegVersionQuestion::ask(const Answer &answer)
@@ -40,11 +40,15 @@ void FFmpegVersionQuestion::ask(const Answer &answer)
         answer(versionLine);
     };
     m_limit.start();
-    m_run = std::jthread([this, take, path = m_ffmpegPath](const std::stop_token &stop) {
-        const QString versionLine = askFFmpeg(path, stop);
+    const auto takeLater = [this, take](const QString &versionLine) {
         QMetaObject::invokeMethod(
             this, [take, versionLine] { take(versionLine); }, Qt::QueuedConnection);
-    });
+    };
+    const auto work = [takeLater, path = m_ffmpegPath](const std::stop_token &stop) {
+        takeLater(askFFmpeg(path, stop));
+    };
+    if (!m_run.start(work))
+        takeLater(ffmpegVersionLine(QString()));
 }
 
 } // namespace marrowcut

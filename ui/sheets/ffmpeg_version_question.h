@@ -1,11 +1,12 @@
 #pragma once
 
+#include "platform/background_thread.h"
+
 #include <QObject>
 #include <QTimer>
 
 #include <chrono>
 #include <functional>
-#include <thread>
 
 namespace marrowcut
 {
@@ -28,7 +29,7 @@ private:
     const QString m_ffmpegPath;
     QTimer m_limit;
     int m_number = 0;
-    std::jthread m_run; // last: its end is awaited before anything else goes
+    BackgroundThread m_run; // last: its end is awaited before anything else goes
 };
 
 } // namespace marrowcut
