@@ -40,6 +40,8 @@ namespace
 constexpr int jobCount = 10000;
 constexpr int measuredSeconds = 10;
 constexpr int roundCount = 5;
+constexpr QSize usualSize(480, 460);
+constexpr QSize largeSize(900, 900);
 constexpr int frameMilliseconds = 16; // of a display that draws sixty times a second
 
 double processorSeconds()
@@ -93,6 +95,23 @@ void finish(ScriptedQueue &queue, int rows, int step)
         queue.setStatus(row, QStringLiteral("done"));
 }
 
+double propertyOf(const QQuickItem *list, const char *name)
+{
+    return list->property(name).toDouble();
+}
+
+/// As the scroll bar does it; 0 is the beginning, 1 the end.
+void scrollTo(QQuickItem *list, double share)
+{
+    const double way = propertyOf(list, "contentHeight") - list->height();
+    list->setProperty("contentY", propertyOf(list, "originY") + share * way);
+}
+
+void scrollBy(QQuickItem *list, double pages)
+{
+    list->setProperty("contentY", propertyOf(list, "contentY") + pages * list->height());
+}
+
 /// What a user or a run does to a window with many rows, in this order.
 QList<Operation> operations(ScriptedQueue &queue, QQuickView &view)
 {
@@ -105,7 +124,10 @@ QList<Operation> operations(ScriptedQueue &queue, QQuickView &view)
         {"a row is removed", [&queue, model] { model->removeFromQueue(queue.jobs()[2].id.toString()); }},
         {"Select All", [model] { model->toggleAllSelected(); }},
         {"Select None", [model] { model->toggleAllSelected(); }},
-        {"to the end of the list", [list] { QMetaObject::invokeMethod(list, "positionViewAtEnd"); }},
+        {"to the end of the list", [list] { scrollTo(list, 1); }},
+        {"most of a page up", [list] { scrollBy(list, -0.9); }},
+        {"half a page up", [list] { scrollBy(list, -0.5); }},
+        {"to the middle of the list", [list] { scrollTo(list, 0.5); }},
         {"a drop of ten clips", [model] { model->handleDrop(clips(jobCount, 10)); }},
         {"a folder of 1,000 clips", [&queue] { queue.enqueue(clips(jobCount + 10, 1000)); }},
         {"Clear of the finished", [model] { model->clearCompleted(); }},
@@ -113,7 +135,7 @@ QList<Operation> operations(ScriptedQueue &queue, QQuickView &view)
          [&queue] { finish(queue, 2000, 1); }},
         {"Clear of every other of 2,000", [model] { model->clearCompleted(); },
          [&queue] { finish(queue, 2000, 2); }},
-        {"a larger window", [&view] { view.resize(900, 900); }},
+        {"a window twice as high", [&view] { view.resize(view.width(), 2 * view.height()); }},
     };
 }
 
@@ -165,9 +187,12 @@ double median(const QList<FrameRecorder::Longest> &all, double FrameRecorder::Lo
     return values[values.size() / 2];
 }
 
-void reportFrames(const Rounds &rounds, QTextStream &out)
+void reportFrames(const Rounds &rounds, QSize size, QTextStream &out)
 {
-    out << QStringLiteral("the main thread was busy for, at most, in milliseconds (median of %1 rounds):\n")
+    out << QStringLiteral("in a window of %1x%2 the main thread was busy for, at most, in milliseconds "
+                          "(median of %3 rounds):\n")
+               .arg(size.width())
+               .arg(size.height())
                .arg(roundCount);
     for (const QString &name : rounds.names) {
         const auto &all = rounds.longest[name];
@@ -181,20 +206,22 @@ void reportFrames(const Rounds &rounds, QTextStream &out)
     }
 }
 
-void show(QQuickView &view, QueueViewModel *model, HelpState &helpState, DiagnosticsReport &report)
+void show(QQuickView &view, QSize size, QueueViewModel *model, HelpState &helpState,
+          DiagnosticsReport &report)
 {
     view.setInitialProperties({{QStringLiteral("queue"), QVariant::fromValue(model)},
                                {QStringLiteral("helpState"), QVariant::fromValue(&helpState)},
                                {QStringLiteral("report"), QVariant::fromValue(&report)}});
     view.setResizeMode(QQuickView::SizeRootObjectToView);
     view.setSource(QUrl(QStringLiteral("qrc:/qt-project.org/imports/Marrowcut/Main/ContentView.qml")));
-    view.resize(480, 460);
+    view.resize(size);
     view.show();
     runEventLoop(1000);
 }
 
 /// Tells the cost at rest too when there is somebody to tell.
-void measureScripted(FrameRecorder &recorder, HelpState &helpState, Rounds &rounds, QTextStream *out)
+void measureScripted(FrameRecorder &recorder, HelpState &helpState, QSize size, Rounds &rounds,
+                     QTextStream *out)
 {
     ScriptedQueue queue;
     for (const QUrl &clip : clips(0, jobCount))
@@ -202,7 +229,7 @@ void measureScripted(FrameRecorder &recorder, HelpState &helpState, Rounds &roun
     queue.setStatus(0, QStringLiteral("encoding"));
     DiagnosticsReport report([&queue] { return queue.jobs(); });
     QQuickView view;
-    show(view, queue.viewModel(), helpState, report);
+    show(view, size, queue.viewModel(), helpState, report);
     if (out)
         *out << QStringLiteral("%1 jobs, two reports a second: %2 % of one core; %3 row items exist\n")
                     .arg(jobCount)
@@ -213,7 +240,7 @@ void measureScripted(FrameRecorder &recorder, HelpState &helpState, Rounds &roun
 
 /// The window on a real engine.
 struct EngineWindow {
-    explicit EngineWindow(HelpState &helpState) { show(view, &model, helpState, report); }
+    EngineWindow(HelpState &helpState, QSize size) { show(view, size, &model, helpState, report); }
 
     MemoryPreferenceStore preferences;
     MemoryNotificationCenter notifications{false};
@@ -240,7 +267,7 @@ double dropCost(HelpState &helpState, int count)
 {
     const QTemporaryDir folder;
     fill(folder, count);
-    EngineWindow window(helpState);
+    EngineWindow window(helpState, usualSize);
     QEventLoop loop;
     QObject::connect(window.model.jobs(), &QAbstractItemModel::rowsInserted, &loop, [&] {
         if (window.model.jobs()->rowCount() == count)
@@ -252,13 +279,13 @@ double dropCost(HelpState &helpState, int count)
     return (processorSeconds() - before) * 1e6 / count;
 }
 
-void measureWithEngine(FrameRecorder &recorder, HelpState &helpState, Rounds &rounds)
+void measureWithEngine(FrameRecorder &recorder, HelpState &helpState, QSize size, Rounds &rounds)
 {
     const QTemporaryDir folder;
     fill(folder, jobCount);
     const QTemporaryDir other;
     const QList<QUrl> files = fill(other, 1000);
-    EngineWindow window(helpState);
+    EngineWindow window(helpState, size);
     recordFrames(recorder, engineOperations(window.engine, window.model, folder.path(), files), rounds);
     if (window.engine.jobs().size() != jobCount - 1 + files.size())
         qFatal("%lld clips queued", window.engine.jobs().size());
@@ -273,6 +300,16 @@ void reportDrops(HelpState &helpState, QTextStream &out)
                    .arg(dropCost(helpState, count), 0, 'f', 1);
 }
 
+void measureFrames(FrameRecorder &recorder, HelpState &helpState, QSize size, QTextStream &out)
+{
+    Rounds rounds;
+    for (int round = 0; round < roundCount; ++round) {
+        measureScripted(recorder, helpState, size, rounds, round == 0 ? &out : nullptr);
+        measureWithEngine(recorder, helpState, size, rounds);
+    }
+    reportFrames(rounds, size, out);
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -281,11 +318,7 @@ int main(int argc, char *argv[])
     FrameRecorder application(argc, argv);
     HelpState helpState;
     QTextStream out(stdout);
-    Rounds rounds;
-    for (int round = 0; round < roundCount; ++round) {
-        measureScripted(application, helpState, rounds, round == 0 ? &out : nullptr);
-        measureWithEngine(application, helpState, rounds);
-    }
-    reportFrames(rounds, out);
+    for (const QSize size : {usualSize, largeSize})
+        measureFrames(application, helpState, size, out);
     reportDrops(helpState, out);
 }

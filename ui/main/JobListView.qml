@@ -42,12 +42,18 @@ ColumnLayout {
         Layout.fillWidth: true
         Layout.fillHeight: true
         color: Theme.base
+        onHeightChanged: list.shrink()
 
         ListView {
             id: list
 
             readonly property int rowHeight: 36
-            readonly property real wantedHeight: Math.min(parent.height, topMargin + count * rowHeight + bottomMargin)
+            readonly property real allRowsHeight: topMargin + count * rowHeight + bottomMargin
+
+            // Not a binding: a new height can change the count, which would be a loop.
+            function shrink() {
+                height = Math.min(height, parent.height, allRowsHeight);
+            }
 
             function openMenu() {
                 const row = currentItem as JobRow;
@@ -57,7 +63,7 @@ ColumnLayout {
 
             objectName: "jobList"
             width: parent.width
-            onWantedHeightChanged: height = Math.min(height, wantedHeight)
+            onAllRowsHeightChanged: shrink()
             topMargin: 4
             bottomMargin: 4
             model: root.queue.jobs
@@ -74,15 +80,20 @@ ColumnLayout {
             }
 
             // Rows take about a millisecond each to make, and a drop can show a window full of them: they are
-            // uncovered some each frame.
+            // uncovered some each frame. Then the next page is made in spare time, so that scrolling finds it there.
             FrameAnimation {
-                running: list.height < list.wantedHeight
-                onTriggered: list.height = Math.min(list.wantedHeight, list.height + 3 * list.rowHeight)
+                running: list.height < Math.min(list.parent.height, list.allRowsHeight)
+                onTriggered: {
+                    list.height = Math.min(list.parent.height, list.allRowsHeight, list.height + 3 * list.rowHeight);
+                    if (!running)
+                        list.cacheBuffer = list.parent.height;
+                }
             }
 
             // It fits into the rows' padding.
             T.ScrollBar.vertical: ScrollBar {
-                policy: size < 1 ? T.ScrollBar.AlwaysOn : T.ScrollBar.AlwaysOff
+                objectName: "scrollBar"
+                policy: list.allRowsHeight > list.parent.height ? T.ScrollBar.AlwaysOn : T.ScrollBar.AlwaysOff
             }
 
             // qmllint disable unqualified

@@ -8,6 +8,12 @@ WindowCase {
 
     name: "Rows"
 
+    SignalSpy {
+        id: barShown
+
+        signalName: "visibleChanged"
+    }
+
     function test_forms_data(): list<var> {
         return [
             {tag: "queued", status: "queued", text: "Queued"},
@@ -150,11 +156,31 @@ WindowCase {
         verify(!piece(0, "status").truncated);
     }
 
-    function test_onlyVisibleRowsExist() {
-        for (let number = 0; number < 2000; ++number)
+    function test_listFollowsItsRowsAndTheWindow() {
+        queue.add("/clips/0.mxf");
+        const list = findChild(content, "jobList");
+        const bar = findChild(content, "scrollBar");
+        barShown.target = bar;
+        barShown.clear();
+        queue.add("/clips/1.mxf");
+        queue.add("/clips/2.mxf");
+        tryCompare(list, "height", 3 * 36 + 8);
+        compare(barShown.count, 0);
+        for (let number = 3; number < 2000; ++number)
             queue.add("/clips/" + number + ".mxf");
-        row(0);
-        verify(findChild(content, "jobList").contentItem.children.length < 40);
+        tryVerify(() => bar.visible && list.height === list.parent.height);
+        for (const height of [900, 460]) {
+            content.height = height;
+            tryVerify(() => list.height === list.parent.height);
+            verify(list.contentItem.children.length < 80);
+        }
+        list.contentY = list.originY + list.contentHeight - list.height;
+        tryVerify(() => list.itemAtIndex(1999) !== null);
+        for (let index = 2; index < 2000; ++index)
+            queue.setStatus(index, "done");
+        click("clearButton");
+        tryVerify(() => list.height === 2 * 36 + 8 && !bar.visible);
+        compare(list.contentY, list.originY - 4);
     }
 
     function test_keyboardGoesThroughTheRows() {
