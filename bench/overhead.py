@@ -19,7 +19,7 @@ from recording import program_with_tools, recorded_commands
 SHORT_CLIPS, LONG_CLIPS = 20, 2
 SHORT_SECONDS, LONG_SECONDS = 2, 92  # a long one is cut into two pieces and joined
 QUALITY = ("--quality", "tiny")  # the less there is to encode, the more the rest weighs
-ROUNDS = 3
+ROUNDS = 8
 OWN_LIMIT = 0.01
 
 

@@ -127,6 +127,7 @@ QList<Operation> operations(ScriptedQueue &queue, QQuickView &view)
         {"to the end of the list", [list] { scrollTo(list, 1); }},
         {"most of a page up", [list] { scrollBy(list, -0.9); }},
         {"half a page up", [list] { scrollBy(list, -0.5); }},
+        {"most of a page down", [list] { scrollBy(list, 0.9); }},
         {"to the middle of the list", [list] { scrollTo(list, 0.5); }},
         {"a drop of ten clips", [model] { model->handleDrop(clips(jobCount, 10)); }},
         {"a folder of 1,000 clips", [&queue] { queue.enqueue(clips(jobCount + 10, 1000)); }},

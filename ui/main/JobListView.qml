@@ -64,6 +64,7 @@ ColumnLayout {
             objectName: "jobList"
             width: parent.width
             onAllRowsHeightChanged: shrink()
+            onContentYChanged: rest.restart()
             topMargin: 4
             bottomMargin: 4
             model: root.queue.jobs
@@ -80,13 +81,25 @@ ColumnLayout {
             }
 
             // Rows take about a millisecond each to make, and a drop can show a window full of them: they are
-            // uncovered some each frame. Then the next page is made in spare time, so that scrolling finds it there.
+            // uncovered some each frame.
             FrameAnimation {
                 running: list.height < Math.min(list.parent.height, list.allRowsHeight)
                 onTriggered: {
                     list.height = Math.min(list.parent.height, list.allRowsHeight, list.height + 3 * list.rowHeight);
                     if (!running)
-                        list.cacheBuffer = list.parent.height;
+                        rest.restart();
+                }
+            }
+
+            // At rest, the page before and the one after are made in spare time, so that scrolling finds them there. Only
+            // a new value makes the list look to both sides.
+            Timer {
+                id: rest
+
+                interval: 100
+                onTriggered: {
+                    const page = Math.ceil(list.parent.height);
+                    list.cacheBuffer = list.cacheBuffer === page ? page + 1 : page;
                 }
             }
 
