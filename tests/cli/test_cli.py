@@ -263,6 +263,7 @@ class CliTest(unittest.TestCase):
                 self.assertFalse(encoder.exists() or self.proxies.exists() or os.listdir(temporary))
                 self.pid.unlink()
 
+    @unittest.skipIf(b"__tsan_init" in Path(PROGRAM).read_bytes(), "the thread sanitizer needs the usual stack limit")
     def test_without_threads_nothing_is_called_done(self):
         (self.folder / "a.mov").touch()
 
