@@ -50,9 +50,12 @@ ColumnLayout {
             readonly property int rowHeight: 36
             readonly property real allRowsHeight: topMargin + count * rowHeight + bottomMargin
 
+            // In a lower one it shows no row, and takes rows that are appended for some that stand before the view.
+            readonly property int lowestHeight: topMargin + rowHeight + bottomMargin
+
             // Not a binding: a new height can change the count, which would be a loop.
             function shrink() {
-                height = Math.min(height, parent.height, allRowsHeight);
+                height = Math.max(lowestHeight, Math.min(height, parent.height, allRowsHeight));
             }
 
             function openMenu() {
@@ -63,13 +66,17 @@ ColumnLayout {
 
             objectName: "jobList"
             width: parent.width
+            height: lowestHeight
             onAllRowsHeightChanged: shrink()
+            // What comes into an emptied list has no current row, and so none that the Tab key reaches.
+            onCountChanged: if (currentIndex < 0 && count > 0) currentIndex = 0
             onContentYChanged: rest.restart()
             topMargin: 4
             bottomMargin: 4
             model: root.queue.jobs
             reuseItems: true
             cacheBuffer: 0
+            highlightMoveDuration: 0 // it is not seen, but draws every frame while it is on its way
             clip: true
             boundsBehavior: Flickable.StopAtBounds
             Accessible.role: Accessible.List
@@ -92,7 +99,7 @@ ColumnLayout {
             }
 
             // At rest, the page before and the one after are made in spare time, so that scrolling finds them there. Only
-            // a new value makes the list look to both sides.
+            // a new value makes the list look to both sides, so the value alternates.
             Timer {
                 id: rest
 

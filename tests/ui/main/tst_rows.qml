@@ -183,7 +183,26 @@ WindowCase {
         compare(list.contentY, list.originY - 4);
     }
 
+    function test_listOpensAtItsFirstRow() {
+        const list = findChild(content, "jobList");
+        for (let part = 0; part < 4; ++part) {
+            for (let number = 0; number < 500; ++number)
+                queue.add("/clips/" + part + "_" + number + ".mxf");
+            waitForRendering(content);
+        }
+        tryCompare(list, "height", list.parent.height);
+        compare(list.contentY, list.originY - list.topMargin);
+        verify(list.itemAtIndex(0));
+        // Nothing may go on moving, and drawing, where nobody sees it.
+        list.currentIndex = 1999;
+        tryVerify(() => list.highlightItem.y === list.currentItem.y);
+    }
+
     function test_keyboardGoesThroughTheRows() {
+        queue.add("/clips/earlier.mxf", "done");
+        row(0);
+        click("clearButton");
+        tryCompare(findChild(content, "jobList"), "count", 0);
         queue.add("/clips/A001.mxf");
         queue.add("/clips/A002.mxf");
         queue.add("/clips/A003.mxf", "failed:encode error");
