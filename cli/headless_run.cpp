@@ -86,6 +86,7 @@ void HeadlessRun::begin(const EncoderAnswer &encoder)
         Q_EMIT couldNotStart(encoder.problem, toolMissing);
         return;
     }
+    Q_ASSERT(m_engine.hasSelectedQueuedJobs());
     m_engine.setEncoderChoice(*encoder.choice);
     m_engine.start();
     m_running = m_engine.isRunning();

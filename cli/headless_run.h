@@ -28,6 +28,7 @@ public:
     bool interrupt();
 
 Q_SIGNALS:
+    /// Instead of ended().
     void couldNotStart(const QString &problem, int exitStatus);
     void ended(int exitStatus);
 

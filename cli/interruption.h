@@ -11,7 +11,7 @@ class TerminationSignals;
 namespace marrowcut::cli
 {
 
-/// How long a signal waits for the threads' end.
+/// How long a signal waits for each thread's end.
 constexpr std::chrono::milliseconds interruptLimit{800};
 
 /// On a signal: interrupts, then leaves the event loop with wasInterrupted; when the threads have not ended,

@@ -83,7 +83,8 @@ std::optional<QString> encoderTrialFailure(const SystemValues &system, QualityPr
 {
     const QTemporaryDir folder; // no clip's folder: it goes whatever happens
     if (!folder.isValid())
-        return QStringLiteral("No temporary folder can be made: %1").arg(folder.errorString());
+        return QStringLiteral("No temporary folder can be made, in $TMPDIR or /tmp: %1")
+            .arg(folder.errorString());
     try {
         return failureIn(folder.path(), system, preset, {.stop = stop, .timeLimit = limit});
     } catch (const ProcessRunner::LaunchError &error) {
