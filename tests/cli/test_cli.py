@@ -264,7 +264,8 @@ class CliTest(unittest.TestCase):
                 self.pid.unlink()
 
     @unittest.skipIf(b"__tsan_init" in Path(PROGRAM).read_bytes(), "the thread sanitizer needs the usual stack limit")
-    @unittest.skipIf(resource.getrlimit(resource.RLIMIT_STACK)[1] != resource.RLIM_INFINITY, "the stack limit cannot be raised here")
+    @unittest.skipIf(resource.getrlimit(resource.RLIMIT_STACK)[1] != resource.RLIM_INFINITY,
+                     "the stack limit cannot be raised here")
     def test_without_threads_nothing_is_called_done(self):
         (self.folder / "a.mov").touch()
 

@@ -49,13 +49,16 @@ ColumnLayout {
 
             readonly property int rowHeight: 36
             readonly property real allRowsHeight: topMargin + count * rowHeight + bottomMargin
-
             // In a lower one it shows no row, and takes rows that are appended for some that stand before the view.
             readonly property int lowestHeight: topMargin + rowHeight + bottomMargin
 
-            // Not a binding: a new height can change the count, which would be a loop.
+            // Not a property: a new height can change the count, and its binding would be a loop.
+            function wantedHeight(): real {
+                return Math.max(lowestHeight, Math.min(parent.height, allRowsHeight));
+            }
+
             function shrink() {
-                height = Math.max(lowestHeight, Math.min(height, parent.height, allRowsHeight));
+                height = Math.min(height, wantedHeight());
             }
 
             function openMenu() {
@@ -90,9 +93,9 @@ ColumnLayout {
             // Rows take about a millisecond each to make, and a drop can show a window full of them: they are
             // uncovered some each frame.
             FrameAnimation {
-                running: list.height < Math.min(list.parent.height, list.allRowsHeight)
+                running: list.height < list.wantedHeight()
                 onTriggered: {
-                    list.height = Math.min(list.parent.height, list.allRowsHeight, list.height + 3 * list.rowHeight);
+                    list.height = Math.min(list.wantedHeight(), list.height + 3 * list.rowHeight);
                     if (!running)
                         rest.restart();
                 }
