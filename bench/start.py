@@ -12,7 +12,7 @@ sys.path.insert(0, os.fspath(Path(__file__).parent.parent / "tests/support"))
 from desktop import Desktop  # noqa: E402
 
 WINDOW_ROUNDS, COMMAND_ROUNDS = 10, 60
-WINDOW_LIMIT, COMMAND_LIMIT = 1.3, 1.5
+WINDOW_LIMIT, COMMAND_LIMIT = 1.3, 2.5
 
 
 class WindowList:

@@ -5,9 +5,9 @@
 #include "headless_run.h"
 #include "interruption.h"
 #include "name_list.h"
-#include "notification_module.h"
 
 #include "media/ffmpeg_locator.h"
+#include "platform/desktop_notifications.h"
 #include "platform/preference_store.h"
 #include "platform/process_setup.h"
 #include "platform/resource_folder.h"
@@ -61,6 +61,13 @@ bool toolsAreThere()
     return complete;
 }
 
+std::unique_ptr<NotificationCenter> makeNotificationCenter(bool notify)
+{
+    if (notify)
+        return std::make_unique<DesktopNotifications>(QStringLiteral("marrowcut"));
+    return std::make_unique<MemoryNotificationCenter>(false);
+}
+
 /// Runs the request to its end; the desktop's answers, where they are wanted, included.
 int runRequest(const Request &request)
 {
@@ -68,7 +75,7 @@ int runRequest(const Request &request)
     MemoryPreferenceStore preferences; // a choice made here is not remembered
     QualityPreset::setSaved(preferences, QualityPreset::saved(remembered));
     const std::unique_ptr<NotificationCenter> notifications =
-        request.notify ? loadNotificationModule() : std::make_unique<MemoryNotificationCenter>(false);
+        makeNotificationCenter(request.notify);
 
     HeadlessRun run(preferences, *notifications, request);
     if (!run.queueItems())

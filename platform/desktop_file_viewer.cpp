@@ -63,5 +63,3 @@ void DesktopFileViewer::openNearestFolder(const QUrl &folder)
 }
 
 } // namespace marrowcut
-
-#include "moc_desktop_file_viewer.cpp" // in this object: a program that does without it does without D-Bus

@@ -82,5 +82,3 @@ void DesktopNotifications::finishCall(bool succeeded, const std::function<void(b
 }
 
 } // namespace marrowcut
-
-#include "moc_desktop_notifications.cpp" // in this object: a program that does without it does without D-Bus

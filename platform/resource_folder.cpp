@@ -28,11 +28,6 @@ QString resourceFolder()
     return QDir::cleanPath(executableFolder() + QStringLiteral("/../share/marrowcut"));
 }
 
-QString moduleFolder()
-{
-    return QDir::cleanPath(executableFolder() + QStringLiteral("/../lib/marrowcut"));
-}
-
 QString VersionKeys::text() const
 {
     return QStringLiteral("%1 (%2)").arg(shortVersion, build);

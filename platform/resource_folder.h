@@ -10,9 +10,6 @@ namespace marrowcut
 /// test programs. Absolute path without a trailing slash; not checked for existence.
 QString resourceFolder();
 
-/// The folder of what the programs load only when it is wanted: ../lib/marrowcut, by the same rule.
-QString moduleFolder();
-
 /// The version keys that the resource folder carries in version.ini.
 struct VersionKeys {
     QString shortVersion; ///< "CFBundleShortVersionString"; "1.0" where it is missing

@@ -52,5 +52,3 @@ void SleepInhibitor::request()
 }
 
 } // namespace marrowcut
-
-#include "moc_sleep_inhibitor.cpp" // in this object: a program that does without it does without D-Bus
