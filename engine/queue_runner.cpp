@@ -7,7 +7,7 @@
 #include "media/probe.h"
 #include "media/single_pass_encode.h"
 #include "platform/folder_lock.h"
-#include "platform/interrupted.h"
+#include "platform/background_thread.h"
 #include "platform/main_thread_queue.h"
 
 #include <QDir>

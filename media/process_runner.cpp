@@ -2,7 +2,7 @@
 
 #include "media/line_splitter.h"
 #include "platform/child_guard.h"
-#include "platform/interrupted.h"
+#include "platform/background_thread.h"
 #include "platform/utf8.h"
 
 #include <QEventLoop>

@@ -1,7 +1,5 @@
 #include "platform/background_thread.h"
 
-#include "platform/interrupted.h"
-
 #include <system_error>
 
 namespace marrowcut
@@ -14,7 +12,7 @@ void perform(const BackgroundThread::Work &work, const std::stop_token &stop, st
 {
     try {
         work(stop);
-    } catch (const Interrupted &) { // nothing more is wanted of it
+    } catch (const Interrupted &) { // the caller asked for the end
     }
     ended.set_value();
 }
@@ -33,6 +31,13 @@ bool BackgroundThread::start(Work work)
         return false;
     }
     return true;
+}
+
+void BackgroundThread::abandon()
+{
+    requestStop();
+    if (m_thread.joinable())
+        m_thread.detach();
 }
 
 bool BackgroundThread::endedWithin(std::chrono::milliseconds limit) const

@@ -1,6 +1,6 @@
 #include "platform/folder_lock.h"
 
-#include "platform/interrupted.h"
+#include "platform/background_thread.h"
 
 #include <QFile>
 

@@ -1,6 +1,6 @@
 #include "platform/main_thread_queue.h"
 
-#include "platform/interrupted.h"
+#include "platform/background_thread.h"
 
 #include <condition_variable>
 #include <mutex>

@@ -2,7 +2,7 @@
 
 #include "media/encoder_choice.h"
 #include "media/encoder_trial.h"
-#include "platform/interrupted.h"
+#include "platform/background_thread.h"
 #include "support/stand_in_script.h"
 
 #include <QTest>

@@ -1,5 +1,5 @@
+#include "platform/background_query.h"
 #include "platform/folder_lock.h"
-#include "platform/interrupted.h"
 #include "platform/main_thread_queue.h"
 #include "platform/resource_folder.h"
 #include "platform/utf8.h"
@@ -60,6 +60,32 @@ private Q_SLOTS:
         QCoreApplication::processEvents();
         QVERIFY(interrupted);
         QVERIFY(!workDone);
+    }
+
+    void queryDeliversOnceAndNeverBlocks()
+    {
+        BackgroundQuery<int> query;
+        QList<std::optional<int>> delivered;
+        const auto take = [&](const std::optional<int> &result) { delivered.append(result); };
+        query.start([](const std::stop_token &) { return 1; }, take);
+        query.start([](const std::stop_token &) { return 2; }, take); // replaces the first
+        QTRY_COMPARE_WITH_TIMEOUT(delivered, (QList<std::optional<int>>{2}), 60000);
+
+        // A thread that the system holds: it hears no stop request.
+        const auto held = std::make_shared<std::latch>(1);
+        const auto hang = [held](const std::stop_token &) {
+            held->wait();
+            return 3;
+        };
+        query.start(hang, take, std::chrono::milliseconds(1));
+        QTRY_COMPARE_WITH_TIMEOUT(delivered.size(), 2, 60000);
+        QCOMPARE(delivered.last(), std::nullopt);
+        query.start(hang, take);
+        QVERIFY(!query.cancel(std::chrono::milliseconds(1)));
+        query.start([](const std::stop_token &) -> int { throw Interrupted(); }, take);
+        QTRY_COMPARE_WITH_TIMEOUT(delivered.size(), 3, 60000);
+        QCOMPARE(delivered.last(), std::nullopt);
+        held->count_down();
     }
 
     void versionKeys()

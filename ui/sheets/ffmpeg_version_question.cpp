@@ -1,7 +1,7 @@
 #include "ui/sheets/ffmpeg_version_question.h"
 
 #include "media/process_runner.h"
-#include "platform/interrupted.h"
+#include "platform/background_thread.h"
 #include "ui/sheets/diagnostics_text.h"
 
 namespace marrowcut
