@@ -2,8 +2,7 @@
 
 #include "engine/video_files.h"
 #include "media/system_values.h"
-#include "platform/absolute_path.h"
-#include "platform/utf8.h"
+#include "platform/file_names.h"
 
 #include <QCommandLineParser>
 

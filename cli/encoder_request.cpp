@@ -1,6 +1,6 @@
 #include "encoder_request.h"
 
-#include "media/encoder_trial.h"
+#include "media/encoder_choice.h"
 
 namespace marrowcut::cli
 {

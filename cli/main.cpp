@@ -10,7 +10,7 @@
 #include "platform/desktop_notifications.h"
 #include "platform/preference_store.h"
 #include "platform/process_setup.h"
-#include "platform/resource_folder.h"
+#include "platform/resources.h"
 #include "platform/termination_signals.h"
 
 #include <QCoreApplication>
@@ -51,7 +51,7 @@ QString completeNames(Request &request, const GivenInput &input)
 bool toolsAreThere()
 {
     bool complete = true;
-    for (const QString &path : {FFmpegLocator::ffmpegPath(), FFmpegLocator::ffprobePath()}) {
+    for (const QString &path : {media::FFmpegLocator::ffmpegPath(), media::FFmpegLocator::ffprobePath()}) {
         const QFileInfo tool(path);
         if (tool.isFile() && tool.isExecutable())
             continue;
@@ -74,8 +74,7 @@ int runRequest(const Request &request)
     const SettingsPreferenceStore remembered;
     MemoryPreferenceStore preferences; // a choice made here is not remembered
     QualityPreset::setSaved(preferences, QualityPreset::saved(remembered));
-    const std::unique_ptr<NotificationCenter> notifications =
-        makeNotificationCenter(request.notify);
+    const std::unique_ptr<NotificationCenter> notifications = makeNotificationCenter(request.notify);
 
     HeadlessRun run(preferences, *notifications, request);
     if (!run.queueItems())

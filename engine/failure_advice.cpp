@@ -51,7 +51,7 @@ QString placeAdvice(const ProxyJob &job)
 
 QString missingTool()
 {
-    for (const QString &path : {FFmpegLocator::ffmpegPath(), FFmpegLocator::ffprobePath()}) {
+    for (const QString &path : {media::FFmpegLocator::ffmpegPath(), media::FFmpegLocator::ffprobePath()}) {
         if (const QFileInfo tool(path); !tool.isFile() || !tool.isExecutable())
             return QStringLiteral("%1 is missing: it was expected at %2. Install FFmpeg, then retry.")
                 .arg(tool.fileName(), path);

@@ -44,7 +44,7 @@ QStringList probedFields(const std::optional<ProbedMetadata> &meta)
 {
     if (!meta)
         return {QString(), QString(), QString(), QString(), QString()};
-    return {meta->tc, meta->rate, decimalText(meta->duration), QString::number(meta->audioCount),
+    return {meta->tc, meta->rate, media::decimalText(meta->duration), QString::number(meta->audioCount),
             meta->fileDate};
 }
 

@@ -2,12 +2,11 @@
 
 #include "engine/manifest.h"
 #include "engine/output_paths.h"
-#include "media/chunked_encode.h"
-#include "media/file_steps.h"
+#include "media/encoders.h"
+#include "media/output_files.h"
 #include "media/probe.h"
-#include "media/single_pass_encode.h"
-#include "platform/folder_lock.h"
 #include "platform/background_thread.h"
+#include "platform/folder_lock.h"
 #include "platform/main_thread_queue.h"
 
 #include <QDir>

@@ -2,8 +2,8 @@
 
 #include "engine/job_list.h"
 #include "engine/model/quality_preset.h"
-#include "media/encode_job.h"
 #include "media/encoder_choice.h"
+#include "media/encoders.h"
 
 #include <functional>
 #include <stop_token>

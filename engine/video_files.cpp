@@ -1,6 +1,6 @@
 #include "engine/video_files.h"
 
-#include "platform/utf8.h"
+#include "platform/file_names.h"
 
 #include <QFileInfo>
 

@@ -1,12 +1,11 @@
-#include "media/chunked_encode.h"
+#include "media/encoders.h"
 
 #include "media/encoder_arguments.h"
+#include "media/error_output.h"
 #include "media/ffmpeg_locator.h"
-#include "media/file_steps.h"
-#include "media/finished_mp4.h"
+#include "media/output_files.h"
 #include "media/process_runner.h"
 #include "media/progress_parsing.h"
-#include "media/stderr_tail.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "media/encode_job.h"
+#include "media/encoders.h"
 
 #include <QStringList>
 

@@ -1,8 +1,8 @@
 #include "media/ffmpeg_locator.h"
 
-#include "platform/resource_folder.h"
+#include "platform/resources.h"
 
-namespace marrowcut::FFmpegLocator
+namespace marrowcut::media::FFmpegLocator
 {
 
 const QString &ffmpegPath()
@@ -17,4 +17,4 @@ const QString &ffprobePath()
     return path;
 }
 
-} // namespace marrowcut::FFmpegLocator
+} // namespace marrowcut::media::FFmpegLocator

@@ -7,7 +7,7 @@
 #include <cmath>
 #include <string_view>
 
-namespace marrowcut
+namespace marrowcut::media
 {
 
 namespace
@@ -51,4 +51,4 @@ QString decimalText(double value)
     return text;
 }
 
-} // namespace marrowcut
+} // namespace marrowcut::media

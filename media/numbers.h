@@ -6,7 +6,7 @@
 #include <optional>
 
 /// Numbers as the tools and the manifest write them, whatever the user's locale.
-namespace marrowcut
+namespace marrowcut::media
 {
 
 /// The number that the whole text writes in decimal, with an optional sign, point and exponent.
@@ -20,4 +20,4 @@ std::optional<qint64> wholeNumber(QStringView text);
 /// part and never with an exponent: 93.44, 90.0.
 QString decimalText(double value);
 
-} // namespace marrowcut
+} // namespace marrowcut::media

@@ -1,9 +1,9 @@
 #include "media/process_runner.h"
 
-#include "media/line_splitter.h"
-#include "platform/child_guard.h"
+#include "media/error_output.h"
 #include "platform/background_thread.h"
-#include "platform/utf8.h"
+#include "platform/file_names.h"
+#include "platform/process_setup.h"
 
 #include <QEventLoop>
 #include <QProcess>
@@ -11,7 +11,7 @@
 
 #include <algorithm>
 
-namespace marrowcut::ProcessRunner
+namespace marrowcut::media::ProcessRunner
 {
 
 namespace
@@ -95,4 +95,4 @@ qint32 runStreaming(const QString &executable, const QStringList &arguments,
     return status;
 }
 
-} // namespace marrowcut::ProcessRunner
+} // namespace marrowcut::media::ProcessRunner

@@ -14,7 +14,7 @@
 ///
 /// A termination status other than 0 is a result, never an error. A child that died by a signal has
 /// 128 plus the signal's number, as a shell reports it.
-namespace marrowcut::ProcessRunner
+namespace marrowcut::media::ProcessRunner
 {
 
 /// Thrown when a child cannot be started: the system's own words.
@@ -50,4 +50,4 @@ qint32 runStreaming(const QString &executable, const QStringList &arguments,
                     const std::function<void(const QString &line)> &onStderrLine,
                     const Options &options = {});
 
-} // namespace marrowcut::ProcessRunner
+} // namespace marrowcut::media::ProcessRunner

@@ -1,6 +1,6 @@
 #include "media/system_values.h"
 
-#include "platform/monospaced_font.h"
+#include "platform/resources.h"
 
 namespace marrowcut::media
 {

@@ -8,7 +8,7 @@
 #include <cmath>
 #include <optional>
 
-namespace marrowcut::TimecodeMath
+namespace marrowcut::media::TimecodeMath
 {
 
 namespace
@@ -84,4 +84,4 @@ QString add(const QString &tc, double offsetSeconds, qint64 fps)
         .join(QLatin1Char(':'));
 }
 
-} // namespace marrowcut::TimecodeMath
+} // namespace marrowcut::media::TimecodeMath

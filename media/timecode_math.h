@@ -2,7 +2,7 @@
 
 #include <QString>
 
-namespace marrowcut::TimecodeMath
+namespace marrowcut::media::TimecodeMath
 {
 
 /// Whole frames per second of a frame-rate text as ffprobe prints it: "30000/1001" is 30. Without
@@ -14,4 +14,4 @@ qint64 nominalFPS(const QString &rateText);
 /// result that is out of range leave the timecode unchanged.
 QString add(const QString &tc, double offsetSeconds, qint64 fps);
 
-} // namespace marrowcut::TimecodeMath
+} // namespace marrowcut::media::TimecodeMath

@@ -1,10 +1,14 @@
 #include "platform/process_setup.h"
 
+#include <QProcess>
+
 #include <clocale>
+#include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
 #include <langinfo.h>
 #include <string_view>
+#include <sys/prctl.h>
 #include <unistd.h>
 
 namespace marrowcut
@@ -36,6 +40,22 @@ void setUpProcess()
 {
     detachStandardInput();
     ensureUtf8Locale();
+}
+
+void guardChild(QProcess &process)
+{
+    // Runs between fork and exec: async-signal-safe calls only.
+    process.setChildProcessModifier([parent = getpid()] {
+        prctl(PR_SET_PDEATHSIG, SIGKILL);
+        if (getppid() != parent) // died before the line above took effect
+            _exit(127);
+
+        sigset_t groupSignals;
+        sigemptyset(&groupSignals);
+        for (const int signal : {SIGINT, SIGQUIT, SIGHUP, SIGTERM})
+            sigaddset(&groupSignals, signal);
+        sigprocmask(SIG_BLOCK, &groupSignals, nullptr);
+    });
 }
 
 } // namespace marrowcut

@@ -1,10 +1,10 @@
 #include "targets.h"
 
 #include "engine/model/remaining_time_text.h"
-#include "media/drawtext_escape.h"
-#include "media/line_splitter.h"
+#include "media/burn_in_filter.h"
+#include "media/error_output.h"
 #include "media/numbers.h"
-#include "media/probe_answers.h"
+#include "media/probe.h"
 #include "media/progress_parsing.h"
 #include "media/timecode_math.h"
 

@@ -1,7 +1,6 @@
 // Which encoder is chosen over stand-in tools that pretend.
 
 #include "media/encoder_choice.h"
-#include "media/encoder_trial.h"
 #include "platform/background_thread.h"
 #include "support/stand_in_script.h"
 

@@ -1,5 +1,4 @@
-#include "media/chunked_encode.h"
-#include "media/single_pass_encode.h"
+#include "media/encoders.h"
 #include "support/stand_in_script.h"
 
 #include <QDir>

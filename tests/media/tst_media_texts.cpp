@@ -1,8 +1,8 @@
 #include "media/burn_in_filter.h"
 #include "media/encoder_arguments.h"
+#include "media/error_output.h"
 #include "media/numbers.h"
 #include "media/progress_parsing.h"
-#include "media/stderr_tail.h"
 #include "media/timecode_math.h"
 
 #include <QTest>

@@ -29,7 +29,7 @@ private Q_SLOTS:
     {
         const auto result = run("flood 1048576\n");
         QCOMPARE(result.stdout.size(), 1048576);
-        QCOMPARE(result.stderr.size(), ProcessRunner::keptErrorOutput);
+        QCOMPARE(result.stderr.size(), media::ProcessRunner::keptErrorOutput);
 
         // 3 does not divide what is kept: the first character's beginning is gone.
         const auto cut = run("err " + QByteArray("\u20ac").repeated(30000) + "\\nlast\\n\n");
@@ -38,7 +38,7 @@ private Q_SLOTS:
         int lines = 0;
         m_script.set("flood 1048576\nendless 3000000\nerr \\nlast\\n\n");
         QString last;
-        ProcessRunner::runStreaming(FFmpegLocator::ffmpegPath(), {}, [&](const QString &line) {
+        media::ProcessRunner::runStreaming(media::FFmpegLocator::ffmpegPath(), {}, [&](const QString &line) {
             ++lines;
             last = line;
         });
@@ -53,7 +53,7 @@ private Q_SLOTS:
             "\\xA9\\nrest\nexit 7\n");
         QStringList lines;
         const auto onLine = [&](const QString &line) { lines.append(line); };
-        QCOMPARE(ProcessRunner::runStreaming(FFmpegLocator::ffmpegPath(), {}, onLine), 7);
+        QCOMPARE(media::ProcessRunner::runStreaming(media::FFmpegLocator::ffmpegPath(), {}, onLine), 7);
         QCOMPARE(lines, (QStringList{QStringLiteral("frame=1 time=00:00:04.00"), QStringLiteral("b"),
                                      QStringLiteral("é")}));
     }
@@ -62,14 +62,14 @@ private Q_SLOTS:
     {
         m_script.set("err a\\n\nclose-err\nout x\nwait-for @/go\nexit 5\n");
         const auto onLine = [this](const QString &) { m_script.touch(QStringLiteral("go")); };
-        QCOMPARE(ProcessRunner::runStreaming(FFmpegLocator::ffmpegPath(), {}, onLine), 5);
+        QCOMPARE(media::ProcessRunner::runStreaming(media::FFmpegLocator::ffmpegPath(), {}, onLine), 5);
     }
 
 private:
-    ProcessRunner::CapturedResult run(const QByteArray &script, const QStringList &arguments = {})
+    media::ProcessRunner::CapturedResult run(const QByteArray &script, const QStringList &arguments = {})
     {
         m_script.set(script);
-        return ProcessRunner::run(FFmpegLocator::ffmpegPath(), arguments);
+        return media::ProcessRunner::run(media::FFmpegLocator::ffmpegPath(), arguments);
     }
 
     StandInScript m_script;

@@ -1,9 +1,8 @@
 // The system's own tools on small clips made on the spot; each proxy is opened again and judged.
 
-#include "media/chunked_encode.h"
-#include "media/encoder_trial.h"
+#include "media/encoder_choice.h"
+#include "media/encoders.h"
 #include "media/probe.h"
-#include "media/single_pass_encode.h"
 #include "support/real_tools.h"
 
 #include <QDir>

@@ -1,8 +1,8 @@
 #include "platform/background_query.h"
+#include "platform/file_names.h"
 #include "platform/folder_lock.h"
 #include "platform/main_thread_queue.h"
-#include "platform/resource_folder.h"
-#include "platform/utf8.h"
+#include "platform/resources.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -22,7 +22,7 @@ inline QStringList words(const QString &line)
 inline bool ffmpeg(const QStringList &arguments)
 {
     const QStringList quiet = words(QStringLiteral("-nostdin -y -v error"));
-    const auto result = ProcessRunner::run(FFmpegLocator::ffmpegPath(), quiet + arguments);
+    const auto result = media::ProcessRunner::run(media::FFmpegLocator::ffmpegPath(), quiet + arguments);
     if (result.status != 0)
         qWarning("%s", qPrintable(result.stderr));
     return result.status == 0;
@@ -33,7 +33,7 @@ inline QString ffprobe(const QString &options, const QString &file)
 {
     const QStringList arguments = words(QStringLiteral("-v error ") + options) +
                                   words(QStringLiteral("-of csv=p=0")) + QStringList{file};
-    return ProcessRunner::run(FFmpegLocator::ffprobePath(), arguments)
+    return media::ProcessRunner::run(media::FFmpegLocator::ffprobePath(), arguments)
         .stdout.trimmed()
         .replace(QLatin1Char('\n'), QLatin1Char(','));
 }

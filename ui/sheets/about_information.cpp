@@ -1,6 +1,6 @@
 #include "ui/sheets/about_information.h"
 
-#include "platform/resource_folder.h"
+#include "platform/resources.h"
 
 namespace marrowcut
 {

@@ -1,6 +1,6 @@
 #include "ui/sheets/diagnostics_text.h"
 
-#include "platform/resource_folder.h"
+#include "platform/resources.h"
 
 #include <QStringList>
 #include <QSysInfo>

@@ -13,9 +13,9 @@ namespace
 QString askFFmpeg(const QString &path, const std::stop_token &stop)
 {
     try {
-        const auto result = ProcessRunner::run(path, {QStringLiteral("-version")}, {.stop = stop});
+        const auto result = media::ProcessRunner::run(path, {QStringLiteral("-version")}, {.stop = stop});
         return ffmpegVersionLine(result.stdout);
-    } catch (const ProcessRunner::LaunchError &) {
+    } catch (const media::ProcessRunner::LaunchError &) {
     } catch (const Interrupted &) {
     }
     return ffmpegVersionLine(QString());

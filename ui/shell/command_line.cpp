@@ -1,7 +1,6 @@
 #include "ui/shell/command_line.h"
 
-#include "platform/absolute_path.h"
-#include "platform/utf8.h"
+#include "platform/file_names.h"
 
 #include <QCommandLineParser>
 

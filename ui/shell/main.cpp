@@ -3,7 +3,7 @@
 #include "ui/shell/renderer_choice.h"
 
 #include "platform/process_setup.h"
-#include "platform/resource_folder.h"
+#include "platform/resources.h"
 #include "platform/termination_signals.h"
 #include "ui/style/desktop_color_scheme.h"
 

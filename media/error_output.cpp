@@ -1,10 +1,10 @@
-#include "media/line_splitter.h"
+#include "media/error_output.h"
 
-#include "platform/utf8.h"
+#include "platform/file_names.h"
 
 #include <algorithm>
 
-namespace marrowcut
+namespace marrowcut::media
 {
 
 QStringList LineSplitter::feed(QByteArrayView bytes)
@@ -41,4 +41,13 @@ void LineSplitter::finishLine(QStringList &lines)
     m_tooLong = false;
 }
 
-} // namespace marrowcut
+void StderrTail::append(const QString &text)
+{
+    for (const QString &line : text.split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
+        m_lines.append(line.left(longestLine));
+        if (m_lines.size() > m_maxLines)
+            m_lines.removeFirst();
+    }
+}
+
+} // namespace marrowcut::media

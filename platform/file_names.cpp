@@ -1,6 +1,7 @@
-#include "platform/absolute_path.h"
+#include "platform/file_names.h"
 
 #include <QDir>
+#include <QStringDecoder>
 
 namespace marrowcut
 {
@@ -12,6 +13,16 @@ QString absolutePath(const QString &path)
     QStringList parts = absolute.split(QLatin1Char('/'), Qt::SkipEmptyParts);
     parts.removeAll(QStringLiteral("."));
     return QLatin1Char('/') + parts.join(QLatin1Char('/'));
+}
+
+std::optional<QString> decodeUtf8(QByteArrayView bytes)
+{
+    QStringDecoder decoder(QStringDecoder::Utf8,
+                           QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom);
+    QString text = decoder(bytes);
+    if (decoder.hasError())
+        return std::nullopt;
+    return text;
 }
 
 } // namespace marrowcut

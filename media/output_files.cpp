@@ -1,7 +1,12 @@
-#include "media/finished_mp4.h"
+#include "media/output_files.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QtEndian>
+
+#include <cerrno>
+#include <cstdio>
+#include <filesystem>
 
 namespace marrowcut::media
 {
@@ -30,6 +35,30 @@ qint64 boxSize(QFile &file, QByteArray &type)
 }
 
 } // namespace
+
+void removeIfThere(const QString &path)
+{
+    std::remove(QFile::encodeName(path).constData());
+}
+
+void removeFolder(const QString &path)
+{
+    std::error_code ignored;
+    std::filesystem::remove_all(QFile::encodeName(path).toStdString(), ignored);
+}
+
+bool moveIntoPlace(const QString &finished, const QString &finalPath)
+{
+    // Not QFile::rename: where renaming fails, that falls back to copying, which could leave half a
+    // file under the final name.
+    const QByteArray from = QFile::encodeName(finished);
+    const QByteArray to = QFile::encodeName(finalPath);
+    if (std::rename(from.constData(), to.constData()) != 0 && errno == EISDIR) {
+        removeIfThere(finalPath); // an empty folder
+        std::rename(from.constData(), to.constData());
+    }
+    return QFileInfo(finalPath).isFile();
+}
 
 QString noPictures()
 {
