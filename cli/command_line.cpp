@@ -92,7 +92,7 @@ CommandLine versionAnswer(const QString &version, const QCommandLineParser &pars
 {
     CommandLine answer = {.output = QStringLiteral("marrowcut-cli %1\n").arg(version)};
     if (parser.isSet(QStringLiteral("verbose")))
-        answer.encoderToTell = parser.value(QStringLiteral("encoder"));
+        answer.encoderToPrint = parser.value(QStringLiteral("encoder"));
     return answer;
 }
 

@@ -26,10 +26,10 @@ struct Request {
 };
 
 struct CommandLine {
-    std::optional<Request> request = {}; ///< absent: there is nothing more to do than print
-    QString output = {};                 ///< the answer to --help and --version
-    QString error = {};                  ///< what is wrong with the usage
-    QString encoderToTell = {};          ///< the answer goes on with what this choice comes to, unless empty
+    std::optional<Request> request = {}; ///< absent when there is only something to print
+    QString output = {};                 ///< the text of --help or --version
+    QString error = {};                  ///< what is wrong with the usage, or empty
+    QString encoderToPrint = {};         ///< value of --encoder to resolve and print as well, unless empty
 };
 
 /// Takes names, separated by NUL, into what the request names. Empty ones don't count.

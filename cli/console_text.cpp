@@ -11,32 +11,57 @@ namespace marrowcut::cli
 namespace
 {
 
-bool commandsTheTerminal(QChar character)
+/// Whether the character could command a terminal, break the line or make a text show as another.
+bool isUnsafe(char32_t character)
 {
-    switch (character.category()) {
-    case QChar::Other_Control:
+    switch (QChar::category(character)) {
+    case QChar::Other_Control: // C0, DEL and C1
     case QChar::Separator_Line:
     case QChar::Separator_Paragraph:
         return true;
-    case QChar::Other_Format: // direction marks among them; joiners only shape letters and emoji
-        return character != u'\u200C' && character != u'\u200D';
+    case QChar::Other_Format: // direction marks and tags among them; joiners only shape letters and emoji
+        return character != U'\u200C' && character != U'\u200D';
     default:
-        return false;
+        return character >= 0xE0000 && character < 0xE0080; // the rest of the block of tags
     }
 }
 
-QString escaped(QChar character)
+QString escapeSequence(char32_t character)
 {
-    switch (character.unicode()) {
-    case '\n':
+    switch (character) {
+    case U'\n':
         return QStringLiteral("\\n");
-    case '\r':
+    case U'\r':
         return QStringLiteral("\\r");
-    case '\t':
+    case U'\t':
         return QStringLiteral("\\t");
     default:
-        return QString::asprintf("\\x%02X", static_cast<unsigned>(character.unicode()));
+        return QString::asprintf(character > 0xFFFF ? "\\U%08X"
+                                 : character > 0xFF ? "\\u%04X"
+                                                    : "\\x%02X",
+                                 static_cast<unsigned>(character));
     }
+}
+
+QString jsonEscapeSequence(char32_t character)
+{
+    QString sequence;
+    for (const QChar unit : QChar::fromUcs4(character))
+        sequence += QString::asprintf("\\u%04x", static_cast<unsigned>(unit.unicode()));
+    return sequence;
+}
+
+template <typename Escape>
+QString withUnsafeEscaped(const QString &text, Escape escape)
+{
+    QString shown;
+    for (const char32_t character : text.toUcs4()) {
+        if (isUnsafe(character))
+            shown += escape(character);
+        else
+            shown += QChar::fromUcs4(character);
+    }
+    return shown;
 }
 
 int columnsOf(char32_t character)
@@ -62,14 +87,20 @@ qsizetype fitting(Iterator begin, Iterator end, int columns)
 
 QString printable(const QString &text)
 {
-    QString shown;
-    for (const QChar character : text) {
-        if (commandsTheTerminal(character))
-            shown += escaped(character);
-        else
-            shown += character;
-    }
-    return shown;
+    return withUnsafeEscaped(text, escapeSequence);
+}
+
+QString printableJson(const QString &json)
+{
+    return withUnsafeEscaped(json, jsonEscapeSequence);
+}
+
+QString indentedLines(const QString &text)
+{
+    QString lines;
+    for (const QString &line : text.split(QLatin1Char('\n'), Qt::SkipEmptyParts))
+        lines += QStringLiteral("    ") + printable(line) + QLatin1Char('\n');
+    return lines;
 }
 
 int columnWidth(const QString &text)

@@ -1,16 +1,10 @@
 #include "headless_run.h"
 
-#include "complaint.h"
-#include "exit_status.h"
-#include "interruption.h"
-#include "json_reporter.h"
-#include "live_reporter.h"
-#include "plain_reporter.h"
-#include "refusal.h"
+#include "program_exit.h"
 
 #include "engine/queue_summary.h"
 
-#include <algorithm>
+#include <chrono>
 #include <utility>
 
 namespace marrowcut::cli
@@ -19,13 +13,15 @@ namespace marrowcut::cli
 namespace
 {
 
+constexpr std::chrono::milliseconds redrawInterval{100};
+
 std::unique_ptr<Reporter> makeReporter(const Request &request)
 {
     if (request.json)
         return std::make_unique<JsonReporter>();
     if (request.quiet)
-        return std::make_unique<QuietReporter>();
-    if (standardOutputIsTerminal())
+        return std::make_unique<Reporter>();
+    if (LiveReporter::isPossible())
         return std::make_unique<LiveReporter>();
     return std::make_unique<PlainReporter>();
 }
@@ -38,6 +34,9 @@ HeadlessRun::HeadlessRun(PreferenceStore &preferences, NotificationCenter &notif
     , m_engine(preferences, notifications)
     , m_reporter(makeReporter(request))
 {
+    m_redrawTimer.setSingleShot(true);
+    m_redrawTimer.setInterval(redrawInterval);
+    connect(&m_redrawTimer, &QTimer::timeout, this, &HeadlessRun::redraw);
     connect(&m_engine, &BurnInEngine::willChange, this, &HeadlessRun::scheduleRefresh);
     connect(&m_engine, &BurnInEngine::recorded, this, &HeadlessRun::reportRecorded);
 }
@@ -48,22 +47,21 @@ bool HeadlessRun::queueItems()
     for (const QString &name : m_request.unusableNames)
         refused.append({name, RefusedItem::Reason::nameIsNotText});
     refused += m_engine.enqueue(m_request.items);
-    tellRefused(refused);
+    reportRefused(refused);
 
     if (m_request.quality)
         m_engine.setQualityPreset(*m_request.quality);
-    const QList<ProxyJob> added = m_engine.jobs();
-    for (const ProxyJob &job : added) {
-        if (!m_request.burnIn)
+    if (!m_request.burnIn) {
+        const QList<ProxyJob> added = m_engine.jobs();
+        for (const ProxyJob &job : added)
             m_engine.toggleBurnIn(job.id);
-        m_reportedStatuses.append(job.status);
     }
     for (const ProxyJob &job : m_engine.jobs())
         m_reporter->queued(job);
-    return !added.isEmpty();
+    return !m_engine.jobs().isEmpty();
 }
 
-void HeadlessRun::tellRefused(const QList<RefusedItem> &refused)
+void HeadlessRun::reportRefused(const QList<RefusedItem> &refused)
 {
     for (const RefusedItem &item : refused) {
         m_itemFailed = m_itemFailed || isFailure(item.reason);
@@ -74,36 +72,47 @@ void HeadlessRun::tellRefused(const QList<RefusedItem> &refused)
 
 void HeadlessRun::start()
 {
-    const auto find = [name = m_request.encoder, preset = m_engine.qualityPreset()](
-                          const std::stop_token &stop) { return chooseEncoder(name, preset, stop); };
-    if (!m_question.ask(find, [this](const EncoderAnswer &encoder) { begin(encoder); }))
-        Q_EMIT couldNotStart(noThread(), someFailed);
-}
-
-void HeadlessRun::begin(const EncoderAnswer &encoder)
-{
-    if (!encoder.choice) {
-        Q_EMIT couldNotStart(encoder.problem, toolMissing);
+    if (m_request.encoder == automaticEncoder()) {
+        begin(EncoderResult{.choice = media::EncoderChoice()});
         return;
     }
-    Q_ASSERT(m_engine.hasSelectedQueuedJobs());
-    m_engine.setEncoderChoice(*encoder.choice);
-    m_engine.start();
-    m_running = m_engine.isRunning();
+    const auto resolve = [name = m_request.encoder, preset = m_engine.qualityPreset()](
+                             const std::stop_token &stop) { return resolveEncoder(name, preset, stop); };
+    m_encoderQuery.start(resolve, [this](const auto &encoder) { begin(encoder); });
+}
+
+/// Without a result, no thread could be started.
+void HeadlessRun::begin(const std::optional<EncoderResult> &encoder)
+{
+    if (encoder && !encoder->choice) {
+        end(toolMissing, encoder->problem, encoder->detail);
+        return;
+    }
+    if (encoder) {
+        m_engine.setEncoderChoice(*encoder->choice);
+        m_engine.start();
+        m_running = m_engine.isRunning();
+    }
     if (!m_running)
-        Q_EMIT couldNotStart(noThread(), someFailed);
+        end(someFailed, noThreadText());
+}
+
+void HeadlessRun::end(int exitStatus, const QString &problem, const QString &detail)
+{
+    printError(problem, detail);
+    Q_EMIT ended(exitStatus);
 }
 
 bool HeadlessRun::interrupt()
 {
-    const bool haveEnded = m_question.interrupt(interruptLimit) && m_engine.interrupt(interruptLimit);
+    const bool threadsEnded = m_encoderQuery.cancel() && m_engine.interrupt(quitLimit);
     m_reporter->interrupted();
-    return haveEnded;
+    return threadsEnded;
 }
 
 void HeadlessRun::scheduleRefresh()
 {
-    // The engine speaks before it applies an edit; afterwards is when the event loop is back.
+    // The engine announces an edit before it applies it; it is applied when the event loop is back.
     if (!std::exchange(m_refreshScheduled, true))
         QMetaObject::invokeMethod(this, &HeadlessRun::refresh, Qt::QueuedConnection);
 }
@@ -113,40 +122,47 @@ void HeadlessRun::refresh()
     m_refreshScheduled = false;
     if (!m_running)
         return;
-    reportJobs();
-    if (m_engine.isRunning())
+    reportChanges();
+    if (m_engine.isRunning()) {
+        if (!m_redrawTimer.isActive())
+            m_redrawTimer.start();
         return;
+    }
     m_running = false;
     m_reporter->finished(m_engine.jobs());
     const bool failed = m_itemFailed || QueueSummary::of(m_engine.jobs()).failedCount > 0;
     Q_EMIT ended(failed ? someFailed : allDone);
 }
 
-void HeadlessRun::reportJobs()
+/// Takes constant time for each change, however long the queue: jobs run in list order, one at a time, so
+/// only the first that is not finished can have changed.
+void HeadlessRun::reportChanges()
 {
-    // Jobs run in list order, one at a time: what moves is the first that is not finished.
     const QList<ProxyJob> &jobs = m_engine.jobs();
-    while (m_firstUnfinished < jobs.size()) {
-        const ProxyJob &job = jobs[m_firstUnfinished];
-        if (job.status != m_reportedStatuses[m_firstUnfinished])
+    for (; m_current < jobs.size(); ++m_current) {
+        const ProxyJob &job = jobs[m_current];
+        if (std::exchange(m_reportedStatus, job.status) != job.status)
             m_reporter->statusChanged(job);
-        m_reportedStatuses[m_firstUnfinished] = job.status;
         if (!job.status.isFinished()) {
             m_reporter->progressed(job, jobs);
             return;
         }
-        ++m_firstUnfinished;
+        m_reportedStatus = JobStatus::queued();
     }
+}
+
+void HeadlessRun::redraw()
+{
+    if (m_running && m_current < m_engine.jobs().size())
+        m_reporter->redraw(m_engine.jobs()[m_current], m_engine.jobs());
 }
 
 void HeadlessRun::reportRecorded(const QUuid &id, const QString &manifestLine)
 {
-    reportJobs(); // what led here comes first
-    const QList<ProxyJob> &jobs = m_engine.jobs();
-    const auto job = std::find_if(jobs.begin(), jobs.end(),
-                                  [&id](const ProxyJob &candidate) { return candidate.id == id; });
-    if (job != jobs.end())
-        m_reporter->recorded(*job, manifestLine);
+    reportChanges();                                      // the job's own changes come first
+    const ProxyJob &job = m_engine.jobs()[m_current - 1]; // none of the next job came yet
+    Q_ASSERT(job.id == id);
+    m_reporter->recorded(job, manifestLine);
 }
 
 } // namespace marrowcut::cli

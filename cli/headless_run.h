@@ -1,54 +1,60 @@
 #pragma once
 
 #include "command_line.h"
-#include "encoder_request.h"
-#include "engine/burn_in_engine.h"
+#include "encoder_option.h"
 #include "reporter.h"
 
+#include "engine/burn_in_engine.h"
+
 #include <QObject>
+#include <QTimer>
 
 #include <memory>
 
 namespace marrowcut::cli
 {
 
-/// One run of the engine without a window: queues what was asked for, runs it, reports, and says with
-/// which status the program should end. Main thread; needs a running event loop.
+/// One run of the engine without a window: queues the requested items, runs the queue, reports, and ends with
+/// the program's exit status. Main thread; needs a running event loop.
 class HeadlessRun : public QObject
 {
     Q_OBJECT
 public:
     HeadlessRun(PreferenceStore &preferences, NotificationCenter &notifications, const Request &request);
 
-    /// Queues the items and tells of those that give no clip. False when there is nothing to do.
+    /// Queues the items and reports those that give no clip. False when no clip was queued; ended() is not
+    /// emitted then.
     bool queueItems();
-    /// Returns at once; the encoder that was asked for makes its trial first.
+    /// Whether a named item counts as a failure of the run.
+    bool itemFailed() const { return m_itemFailed; }
+    /// Starts the run and returns at once. A hardware encoder that was named does its test encode first.
     void start();
-    /// Breaks off. Returns whether the threads have ended in time.
+    /// Ends the run at once and leaves all files as they are. Returns whether the threads ended in time.
     bool interrupt();
 
 Q_SIGNALS:
-    /// Instead of ended().
-    void couldNotStart(const QString &problem, int exitStatus);
     void ended(int exitStatus);
 
 private:
-    void begin(const EncoderAnswer &encoder);
+    void begin(const std::optional<EncoderResult> &encoder);
+    void end(int exitStatus, const QString &problem, const QString &detail = {});
     void scheduleRefresh();
     void refresh();
-    void reportJobs();
+    void reportChanges();
+    void redraw();
     void reportRecorded(const QUuid &id, const QString &manifestLine);
-    void tellRefused(const QList<RefusedItem> &refused);
+    void reportRefused(const QList<RefusedItem> &refused);
 
     Request m_request;
     BurnInEngine m_engine;
     std::unique_ptr<Reporter> m_reporter;
-    QList<JobStatus> m_reportedStatuses; ///< one per job, as last told
-    qsizetype m_firstUnfinished = 0;     ///< all jobs before have been told to the end
+    QTimer m_redrawTimer;
+    qsizetype m_current = 0;                          ///< index of the first job that is not finished
+    JobStatus m_reportedStatus = JobStatus::queued(); ///< of that job
     bool m_refreshScheduled = false;
     bool m_running = false;
     bool m_itemFailed = false;
-    EncoderQuestion m_question; // last: its thread ends before anything else goes
+    EncoderQuery m_encoderQuery;
 };
 
 } // namespace marrowcut::cli

@@ -1,9 +1,10 @@
-#include "json_reporter.h"
+#include "reporter.h"
+
+#include "console_text.h"
 
 #include "engine/failure_advice.h"
 #include "engine/output_paths.h"
 #include "engine/queue_summary.h"
-#include "refusal.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -23,9 +24,10 @@ void write(const QString &event, QJsonObject fields)
 {
     fields.insert(QStringLiteral("v"), formatVersion);
     fields.insert(QStringLiteral("event"), event);
-    const QByteArray line = QJsonDocument(fields).toJson(QJsonDocument::Compact) + '\n';
+    const QString json = QString::fromUtf8(QJsonDocument(fields).toJson(QJsonDocument::Compact));
+    const QByteArray line = printableJson(json).toUtf8() + '\n';
     std::fwrite(line.constData(), 1, static_cast<std::size_t>(line.size()), stdout);
-    std::fflush(stdout); // whoever reads a pipe waits for this line
+    std::fflush(stdout); // a reader of the pipe waits for this line
 }
 
 QJsonObject clipFields(const ProxyJob &job)
@@ -66,6 +68,25 @@ void writeStatus(const ProxyJob &job)
     write(QStringLiteral("status"), fields);
 }
 
+/// What a script compares: the enumerator's name. Never changes.
+QString refusalName(RefusedItem::Reason reason)
+{
+    using Reason = RefusedItem::Reason;
+    switch (reason) {
+    case Reason::noSuchPath:
+        return QStringLiteral("noSuchPath");
+    case Reason::notAVideoFile:
+        return QStringLiteral("notAVideoFile");
+    case Reason::folderWithoutVideoFiles:
+        return QStringLiteral("folderWithoutVideoFiles");
+    case Reason::unreadableFolder:
+        return QStringLiteral("unreadableFolder");
+    case Reason::nameIsNotText:
+        return QStringLiteral("nameIsNotText");
+    }
+    Q_UNREACHABLE();
+}
+
 double rounded(double number)
 {
     return std::round(number * 10000) / 10000;
@@ -75,6 +96,7 @@ double rounded(double number)
 
 void JsonReporter::refused(const RefusedItem &item)
 {
+    Reporter::refused(item);
     ++m_refusedCount;
     write(QStringLiteral("refused"), {{QStringLiteral("item"), item.path},
                                       {QStringLiteral("reason"), refusalName(item.reason)},
@@ -91,10 +113,11 @@ void JsonReporter::queued(const ProxyJob &job)
 
 void JsonReporter::statusChanged(const ProxyJob &job)
 {
+    Reporter::statusChanged(job);
     if (job.status.isProbing() || job.status.isEncoding())
         writeStatus(job);
     else if (job.status == JobStatus::skipped())
-        writeDone(job, QJsonValue::Null); // done and failed are told once the manifest has their line
+        writeDone(job, QJsonValue::Null); // done and failed come once the manifest has their line
 }
 
 void JsonReporter::progressed(const ProxyJob &runningJob, const QList<ProxyJob> &jobs)

@@ -1,15 +1,18 @@
-#include "live_reporter.h"
+#include "reporter.h"
 
 #include "console_text.h"
+
 #include "engine/model/remaining_time_text.h"
 #include "engine/queue_summary.h"
-#include "plain_reporter.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
+#include <optional>
 #include <string_view>
 #include <sys/ioctl.h>
 #include <unistd.h>
+#include <utility>
 
 namespace marrowcut::cli
 {
@@ -17,46 +20,105 @@ namespace marrowcut::cli
 namespace
 {
 
-constexpr int barColumns = 24;
+constexpr int gapColumns = 2;
+constexpr int leastNameColumns = 8;
+constexpr int usualNameColumns = 40;
 
-int terminalColumns()
+/// What fits beside a name. The narrower the terminal, the less is shown.
+struct Form {
+    int barColumns;
+    bool showsRemaining;
+
+    /// Of bar, percentage and a long remaining time, with the gaps between them.
+    int columns() const { return (barColumns > 0 ? barColumns + 2 : 0) + 4 + (showsRemaining ? 2 + 12 : 0); }
+};
+
+struct Layout {
+    int columns;     ///< of the whole line
+    int nameColumns; ///< available for a name
+    Form form;
+};
+
+/// What a line that is redrawn shows.
+struct Line {
+    QString name;
+    QString state;                       ///< a percentage or a status
+    std::optional<double> fraction = {}; ///< for the bar
+    QString remaining = {};
+};
+
+Layout terminalLayout()
 {
     winsize size = {};
     const bool known = ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
-    return known ? size.ws_col : 80;
+    const int columns = (known ? size.ws_col : 80) - 1; // the last column would wrap on some terminals
+    constexpr int fairNameColumns = 16;
+    constexpr std::array forms = {Form{24, true}, Form{8, true}, Form{8, false}, Form{0, false}};
+    const auto *form = std::ranges::find_if(forms, [columns](const Form &candidate) {
+        return columns - candidate.columns() - gapColumns >= fairNameColumns;
+    });
+    const Form &chosen = form == forms.end() ? forms.back() : *form;
+    return {columns, columns - chosen.columns() - gapColumns, chosen};
 }
 
-/// The name to the left, in what the rest of the line leaves of the terminal's width.
-QString lineWith(const QString &name, const QString &rest)
+QString padded(const QString &text, int columns)
 {
-    const int room = terminalColumns() - 1 - columnWidth(rest) - 2;
-    const int nameColumns = std::clamp(room, 8, 40);
-    const QString shown = elidedMiddle(printable(name), nameColumns);
-    const QString padding(std::max(nameColumns - columnWidth(shown), 0), QLatin1Char(' '));
-    return elidedMiddle(shown + padding + QStringLiteral("  ") + rest, terminalColumns() - 1);
+    return text + QString(std::max(columns - columnWidth(text), 0) + gapColumns, QLatin1Char(' '));
 }
 
-QString runningLine(const ProxyJob &job)
+/// Aligned with the lines that are redrawn, but with the whole name: the terminal may wrap it.
+QString finishedLine(const ProxyJob &job)
 {
-    QString rest = bar(job.progress, barColumns) + QStringLiteral("  ");
-    rest += job.status.isEncoding() ? percentage(job.progress) : job.status.label();
-    const QString remaining = formatETA(job.etaSeconds.value_or(0));
-    if (job.etaSeconds.value_or(0) > 1.0 && !remaining.isEmpty())
-        rest += QStringLiteral("  ") + remaining;
-    return lineWith(job.fileName(), rest);
+    const int nameColumns = std::min(terminalLayout().nameColumns, usualNameColumns);
+    return padded(printable(job.fileName()), nameColumns) + printable(job.status.label()) + QLatin1Char('\n');
 }
 
-QString overallLine(const QList<ProxyJob> &jobs)
+QString drawnLine(const Line &line, const Layout &layout, int nameColumns)
+{
+    const QString gap(gapColumns, QLatin1Char(' '));
+    QString rest = line.state;
+    if (line.fraction && layout.form.barColumns > 0)
+        rest = bar(*line.fraction, layout.form.barColumns) + gap + rest;
+    if (layout.form.showsRemaining && !line.remaining.isEmpty())
+        rest += gap + line.remaining;
+    const int room = std::min(nameColumns, layout.columns - gapColumns - columnWidth(rest));
+    if (room < leastNameColumns)
+        return elidedMiddle(line.state, layout.columns);
+    return padded(elidedMiddle(line.name, room), room) + rest;
+}
+
+/// The lines, their bars below each other, none wider than the terminal.
+QStringList drawnLines(const QList<Line> &lines)
+{
+    const Layout layout = terminalLayout();
+    int nameColumns = usualNameColumns;
+    for (const Line &line : lines)
+        nameColumns = std::max(nameColumns, columnWidth(line.name));
+    QStringList texts;
+    for (const Line &line : lines)
+        texts.append(drawnLine(line, layout, std::min(nameColumns, layout.nameColumns)));
+    return texts;
+}
+
+Line runningLine(const ProxyJob &job)
+{
+    if (!job.status.isEncoding())
+        return {printable(job.fileName()), job.status.label()};
+    const double seconds = job.etaSeconds.value_or(0);
+    return {printable(job.fileName()), percentage(job.progress), job.progress,
+            seconds > 1.0 ? formatETA(seconds) : QString()};
+}
+
+Line overallLine(const QList<ProxyJob> &jobs)
 {
     const QueueSummary summary = QueueSummary::of(jobs);
-    const QString done = QStringLiteral("%1 of %2 done").arg(summary.doneCount).arg(summary.jobCount);
-    return lineWith(done, bar(summary.overallProgress, barColumns) + QStringLiteral("  ") +
-                              percentage(summary.overallProgress));
+    return {QStringLiteral("%1 of %2 done").arg(summary.doneCount).arg(summary.jobCount),
+            percentage(summary.overallProgress), summary.overallProgress};
 }
 
 } // namespace
 
-bool standardOutputIsTerminal()
+bool LiveReporter::isPossible()
 {
     const char *type = std::getenv("TERM");
     return isatty(STDOUT_FILENO) && type && std::string_view(type) != "dumb";
@@ -66,39 +128,42 @@ void LiveReporter::statusChanged(const ProxyJob &job)
 {
     if (!job.status.isFinished())
         return;
-    m_out << eraseDrawn() << lineWith(job.fileName(), printable(job.status.label())) << '\n'
-          << indentedDetail(job) << Qt::flush;
+    // A failure goes to standard error, which usually is the same terminal.
+    if (!job.status.isFailed() || !isatty(STDERR_FILENO))
+        m_finishedLines += finishedLine(job);
+    if (job.status.isFailed()) {
+        write({});
+        Reporter::statusChanged(job);
+    }
 }
 
-void LiveReporter::progressed(const ProxyJob &runningJob, const QList<ProxyJob> &jobs)
+void LiveReporter::redraw(const ProxyJob &runningJob, const QList<ProxyJob> &jobs)
 {
-    draw({runningLine(runningJob), overallLine(jobs)});
+    write(drawnLines({runningLine(runningJob), overallLine(jobs)}));
 }
 
 void LiveReporter::finished(const QList<ProxyJob> &jobs)
 {
-    m_out << eraseDrawn() << '\n' << closingLines(jobs) << Qt::flush;
+    write({});
+    m_out << '\n';
+    PlainReporter::finished(jobs);
 }
 
 void LiveReporter::interrupted()
 {
-    m_out << eraseDrawn() << "Interrupted.\n" << Qt::flush;
+    write({});
 }
 
-void LiveReporter::draw(const QStringList &lines)
+/// Replaces the drawn lines by the finished ones and these.
+void LiveReporter::write(const QStringList &drawnLines)
 {
-    m_out << eraseDrawn() << lines.join(QLatin1Char('\n')) << '\n' << Qt::flush;
-    m_drawnLines = lines.size();
-}
-
-QString LiveReporter::eraseDrawn()
-{
-    if (m_drawnLines == 0)
-        return QString();
-    // Up to the first drawn line, then clear to the end of the screen.
-    const QString sequence = QStringLiteral("\r\x1b[%1A\x1b[J").arg(m_drawnLines);
-    m_drawnLines = 0;
-    return sequence;
+    if (m_drawnLines > 0) // up to the first drawn line, then clear to the end of the screen
+        m_out << QStringLiteral("\r\x1b[%1A\x1b[J").arg(m_drawnLines);
+    m_out << std::exchange(m_finishedLines, {});
+    for (const QString &line : drawnLines)
+        m_out << line << '\n';
+    m_out << Qt::flush;
+    m_drawnLines = drawnLines.size();
 }
 
 } // namespace marrowcut::cli

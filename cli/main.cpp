@@ -1,10 +1,8 @@
 #include "command_line.h"
-#include "complaint.h"
-#include "encoder_report.h"
-#include "exit_status.h"
+#include "encoder_option.h"
 #include "headless_run.h"
-#include "interruption.h"
 #include "name_list.h"
+#include "program_exit.h"
 
 #include "media/ffmpeg_locator.h"
 #include "platform/desktop_notifications.h"
@@ -29,7 +27,7 @@ namespace
 
 int wrongUsage(const QString &problem)
 {
-    complain(problem);
+    printError(problem);
     QTextStream(stderr) << "Try 'marrowcut-cli --help'.\n";
     return nothingToDo;
 }
@@ -48,14 +46,14 @@ QString completeNames(Request &request, const GivenInput &input)
     return namesNothing ? QStringLiteral("No clip or folder was named.") : QString();
 }
 
-bool toolsAreThere()
+bool toolsArePresent()
 {
     bool complete = true;
     for (const QString &path : {media::FFmpegLocator::ffmpegPath(), media::FFmpegLocator::ffprobePath()}) {
         const QFileInfo tool(path);
         if (tool.isFile() && tool.isExecutable())
             continue;
-        complain(QStringLiteral("%1 is missing: it was expected at %2").arg(tool.fileName(), path));
+        printError(QStringLiteral("%1 is missing: it was expected at %2").arg(tool.fileName(), path));
         complete = false;
     }
     return complete;
@@ -79,15 +77,11 @@ int runRequest(const Request &request)
     HeadlessRun run(preferences, *notifications, request);
     if (!run.queueItems())
         return nothingToDo;
-    if (!toolsAreThere())
+    if (!toolsArePresent())
         return toolMissing;
 
     const TerminationSignals termination; // until here a signal ends the program by itself
-    endOnSignal(termination, [&run] { return run.interrupt(); });
-    QObject::connect(&run, &HeadlessRun::couldNotStart, &run, [](const QString &problem, int status) {
-        complain(problem);
-        QCoreApplication::exit(status);
-    });
+    exitOnSignal(termination, [&run] { return run.interrupt(); });
     QObject::connect(&run, &HeadlessRun::ended, &run, [&notifications](int status) {
         notifications->whenIdle([status] { QCoreApplication::exit(status); });
     });
@@ -104,7 +98,7 @@ int run(int argc, char *argv[])
     QTextStream(stdout) << commandLine.output;
     if (!commandLine.error.isEmpty())
         return wrongUsage(commandLine.error);
-    if (!commandLine.request && commandLine.encoderToTell.isEmpty())
+    if (!commandLine.request && commandLine.encoderToPrint.isEmpty())
         return allDone;
 
     if (commandLine.request) {
@@ -115,7 +109,7 @@ int run(int argc, char *argv[])
     const QCoreApplication application(argc, argv);
     if (commandLine.request)
         return runRequest(*commandLine.request);
-    return toolsAreThere() ? tellEncoder(commandLine.encoderToTell) : toolMissing;
+    return toolsArePresent() ? printEncoder(commandLine.encoderToPrint) : toolMissing;
 }
 
 /// The status, or that of a failure where not all could be printed: a script may rely on what it reads.
@@ -123,7 +117,7 @@ int unlessOutputWasLost(int status)
 {
     if (std::fflush(stdout) == 0 && !std::ferror(stdout))
         return status;
-    complain(QStringLiteral("The output could not be written in full."));
+    printError(QStringLiteral("The output could not be written in full."));
     return status == allDone ? someFailed : status;
 }
 

@@ -1,17 +1,62 @@
 #include "reporter.h"
 
 #include "console_text.h"
-#include "refusal.h"
+#include "program_exit.h"
 
-#include <QTextStream>
+#include "engine/failure_advice.h"
 
 namespace marrowcut::cli
 {
 
+namespace
+{
+
+using Reason = RefusedItem::Reason;
+
+/// The clip's name and failure, then the tools' messages and the advice, indented.
+QString failureLines(const ProxyJob &job)
+{
+    QString detail = job.errorDetail.value_or(QString());
+    if (const QString advice = failureAdvice(job); !advice.isEmpty())
+        detail += QStringLiteral("\nWhat to do: ") + advice;
+    return QStringLiteral("%1: %2\n").arg(printable(job.fileName()), printable(job.status.label())) +
+           indentedLines(detail);
+}
+
+} // namespace
+
+QString refusalText(Reason reason)
+{
+    switch (reason) {
+    case Reason::noSuchPath:
+        return QStringLiteral("no such file or folder");
+    case Reason::notAVideoFile:
+        return QStringLiteral("not an MXF, MOV or MP4 file");
+    case Reason::folderWithoutVideoFiles:
+        return QStringLiteral("no MXF, MOV or MP4 files in this folder");
+    case Reason::unreadableFolder:
+        return QStringLiteral("this folder cannot be read");
+    case Reason::nameIsNotText:
+        return QStringLiteral("the name is not valid UTF-8 text; rename the file first");
+    }
+    Q_UNREACHABLE();
+}
+
+bool isFailure(Reason reason)
+{
+    return reason == Reason::noSuchPath || reason == Reason::unreadableFolder ||
+           reason == Reason::nameIsNotText;
+}
+
 void Reporter::refused(const RefusedItem &item)
 {
-    QTextStream(stderr) << "marrowcut-cli: " << printable(item.path) << ": " << refusalText(item.reason)
-                        << '\n';
+    printError(QStringLiteral("%1: %2").arg(item.path, refusalText(item.reason)));
+}
+
+void Reporter::statusChanged(const ProxyJob &job)
+{
+    if (job.status.isFailed())
+        QTextStream(stderr) << failureLines(job);
 }
 
 } // namespace marrowcut::cli

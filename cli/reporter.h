@@ -4,30 +4,92 @@
 #include "engine/video_files.h"
 
 #include <QList>
+#include <QString>
+#include <QStringList>
+#include <QTextStream>
 
 namespace marrowcut::cli
 {
 
-/// Tells the user how a run goes. Each call comes from the main thread.
+/// Why an item was refused, for the user.
+QString refusalText(RefusedItem::Reason reason);
+
+/// Whether a refused item makes the run fail: it was named and cannot be processed, unlike what a folder or a
+/// wildcard merely brought along.
+bool isFailure(RefusedItem::Reason reason);
+
+/// Reports a run to the user. This base prints failures on standard error and nothing else, which is what
+/// --quiet does; the others add to it. Main thread only.
 class Reporter
 {
 public:
     virtual ~Reporter() = default;
 
-    /// An item that was named gives no clip. Before everything else; by default on standard error.
+    /// A named item gives no clip. Called before everything else.
     virtual void refused(const RefusedItem &item);
-    /// A job takes part in the run. Once for each, before the run begins.
-    virtual void queued(const ProxyJob &) {}
-    /// A job has another status than before.
-    virtual void statusChanged(const ProxyJob &job) = 0;
-    /// Something may have moved: called after every change, not more often than the tools report.
-    virtual void progressed(const ProxyJob &runningJob, const QList<ProxyJob> &jobs) = 0;
-    /// A job that was done or failed has its line, line feed included, in the manifest.
-    virtual void recorded(const ProxyJob &, const QString & /*manifestLine*/) {}
+    /// A job takes part in the run. Once for each, before the run starts.
+    virtual void queued(const ProxyJob & /*job*/) {}
+    /// Called for every change of a job's status.
+    virtual void statusChanged(const ProxyJob &job);
+    /// Called after every change of the running job, as often as the tools report.
+    virtual void progressed(const ProxyJob & /*runningJob*/, const QList<ProxyJob> & /*jobs*/) {}
+    /// Like progressed(), but at most ten times a second.
+    virtual void redraw(const ProxyJob & /*runningJob*/, const QList<ProxyJob> & /*jobs*/) {}
+    /// The manifest line, line feed included, of a job that is done or failed was written.
+    virtual void recorded(const ProxyJob & /*job*/, const QString & /*manifestLine*/) {}
     /// The run is over.
-    virtual void finished(const QList<ProxyJob> &jobs) = 0;
-    /// The user broke off.
-    virtual void interrupted() = 0;
+    virtual void finished(const QList<ProxyJob> & /*jobs*/) {}
+    /// The user interrupted the run.
+    virtual void interrupted() {}
+
+protected:
+    QTextStream m_out{stdout};
+};
+
+/// For pipes and logs: one line for each change of a status, and the closing list of proxies.
+class PlainReporter : public Reporter
+{
+public:
+    void statusChanged(const ProxyJob &job) override;
+    void finished(const QList<ProxyJob> &jobs) override;
+};
+
+/// For terminals: a line for each finished clip; below them, redrawn in place, a line for the running clip
+/// with bar, percentage and remaining time, and one for the whole run. The cursor always rests at the start
+/// of the line below, so the terminal is usable whenever the program ends.
+class LiveReporter : public PlainReporter
+{
+public:
+    /// Whether standard output is a terminal that can move its cursor.
+    static bool isPossible();
+
+    void statusChanged(const ProxyJob &job) override;
+    void redraw(const ProxyJob &runningJob, const QList<ProxyJob> &jobs) override;
+    void finished(const QList<ProxyJob> &jobs) override;
+    void interrupted() override;
+
+private:
+    void write(const QStringList &drawnLines);
+
+    QString m_finishedLines; ///< written with the next redraw
+    qsizetype m_drawnLines = 0;
+};
+
+/// For programs: one JSON object per line and event on standard output, each line written at once.
+/// docs/json-events.md is the contract; what it promises changes only together with its version.
+class JsonReporter : public Reporter
+{
+public:
+    void refused(const RefusedItem &item) override;
+    void queued(const ProxyJob &job) override;
+    void statusChanged(const ProxyJob &job) override;
+    void progressed(const ProxyJob &runningJob, const QList<ProxyJob> &jobs) override;
+    void recorded(const ProxyJob &job, const QString &manifestLine) override;
+    void finished(const QList<ProxyJob> &jobs) override;
+    void interrupted() override;
+
+private:
+    qint64 m_refusedCount = 0;
 };
 
 } // namespace marrowcut::cli

@@ -58,8 +58,6 @@ class Workplace:
         self.tools.mkdir(parents=True)
         (self.folder / "installed/bin").mkdir()
         self.program = Path(shutil.copy(program, self.folder / "installed/bin"))
-        if (program.parent.parent / "lib").is_dir():
-            shutil.copytree(program.parent.parent / "lib", self.folder / "installed/lib")
         for tool in ("ffmpeg", "ffprobe"):
             wrapper = self.tools / tool
             wrapper.write_text(WRAPPER.format(tool=tool, real=shutil.which(tool)))

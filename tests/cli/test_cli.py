@@ -10,6 +10,7 @@ import signal
 import subprocess
 import sys
 import tempfile
+import termios
 import unittest
 from pathlib import Path
 
@@ -21,6 +22,8 @@ del sys.argv[1:]
 
 
 class CliTest(unittest.TestCase):
+    FAILURE = r"^broken\.mxf: Failed: could not read metadata\n(    .*\n)+    What to do: The clip is .*\n$"
+
     def setUp(self):
         self.folder = Path(tempfile.mkdtemp())
         self.addCleanup(shutil.rmtree, self.folder)
@@ -66,13 +69,12 @@ class CliTest(unittest.TestCase):
         (self.folder / "broken.mxf").write_text("nothing")
         result = self.run_cli(".", "--quality", "tiny")
         lines = result.stdout.decode().splitlines()
-        self.assertEqual(result.returncode, 1, result.stderr)
+        self.assertEqual(result.returncode, 1)
         a = [line for line in lines if line.startswith("a.mov")]
         self.assertEqual(a, ["a.mov: Reading metadata…", "a.mov: Encoding…", "a.mov: Done",
                              f"a.mov → {self.proxies}/a_proxy.mp4"])
-        failed = lines.index("broken.mxf: Failed: could not read metadata")
-        self.assertRegex(lines[failed + 1], r"^    .*broken\.mxf|^    \[mxf")
-        self.assertEqual(lines[-1], "2 of 3 done, 1 failed")
+        self.assertEqual(lines[-2:], ["broken.mxf → no proxy (could not read metadata)", "2 of 3 done, 1 failed"])
+        self.assertRegex(result.stderr.decode(), self.FAILURE)
         self.assertTrue((self.proxies / "it's 100%_proxy.mp4").stat().st_size > 0)
         self.assertEqual(len((self.proxies / "manifest.csv").read_text().splitlines()), 4)
 
@@ -96,10 +98,20 @@ class CliTest(unittest.TestCase):
 
     def test_quiet_prints_failures_only(self):
         make_clip(self.folder / "a.mov")
-        (self.folder / "b.mov").write_text("nothing")
+        (self.folder / "broken.mxf").write_text("nothing")
         result = self.run_cli("--quiet", ".")
         self.assertEqual((result.returncode, result.stdout), (1, b""))
-        self.assertRegex(result.stderr.decode(), r"^b\.mov: Failed: could not read metadata\n(    .*\n)+    What to do: The clip is ")
+        self.assertRegex(result.stderr.decode(), self.FAILURE)
+
+    def test_long_closing_list_names_failures_only(self):
+        self.proxies.mkdir()
+        for number in range(21):
+            (self.folder / f"{number:02}.mov").touch()
+            (self.proxies / f"{number:02}_proxy.mp4").touch()
+        (self.folder / "broken.mxf").write_text("nothing")
+        for folder, count in ((".", 22), ("broken.mxf", 1)):
+            closing = [line for line in self.run_cli(folder).stdout.decode().splitlines() if "→" in line]
+            self.assertEqual(closing, ["broken.mxf → no proxy (could not read metadata)"], count)
 
     # For programs
 
@@ -117,7 +129,10 @@ class CliTest(unittest.TestCase):
         (self.folder / "broken.mxf").write_text("nothing")
         result = self.run_cli("--json", "--no-burn-in", "gone.mov", "notes.txt", "a,\n\".mov", "b.mov", "broken.mxf")
         events, order = self.events(result.stdout)
-        self.assertEqual((result.returncode, result.stderr), (1, b""))
+        self.assertEqual(result.returncode, 1)
+        gone, notes, failure = result.stderr.decode().split("\n", 2)
+        self.assertEqual(gone, f"marrowcut-cli: {self.folder}/gone.mov: no such file or folder")
+        self.assertRegex(failure, self.FAILURE)
         self.assertEqual(order, [
             ("refused", "gone.mov"), ("refused", "notes.txt"),
             ("queued", "a,\n\".mov"), ("queued", "b.mov"), ("queued", "broken.mxf"),
@@ -209,7 +224,7 @@ class CliTest(unittest.TestCase):
             result = self.run_cli(*arguments, program=[program])
             return result.returncode, result.stdout.decode(), result.stderr.decode()
 
-        complaint = "marrowcut-cli: h264_qsv does not work here: no such card\n"
+        complaint = "marrowcut-cli: h264_qsv does not work here:\n    no such card\n"
         self.assertEqual(run("--encoder", "h264_qsv", "a.mov"), (3, "", complaint))
         self.assertFalse(self.proxies.exists())
         version = subprocess.check_output([program, "--version"], text=True)
@@ -232,10 +247,10 @@ class CliTest(unittest.TestCase):
                 process.send_signal(number)
                 output, errors = process.communicate(timeout=60)
                 self.assertEqual(process.returncode, 130)
+                self.assertEqual(errors, b"Interrupted.\n")
+                self.assertNotIn(b"Interrupted.", output)
                 if arguments:
-                    self.assertEqual((self.events(output)[1], errors), ([("interrupted", "")], b""))
-                else:
-                    self.assertIn(b"Interrupted.", errors)
+                    self.assertEqual(self.events(output)[1], [("interrupted", "")])
                 self.assertFalse(encoder.exists())
                 self.assertEqual(os.listdir(self.proxies), [".tmp_a_proxy.mp4"])
                 self.pid.unlink()
@@ -276,14 +291,15 @@ class CliTest(unittest.TestCase):
             with self.subTest(arguments=arguments):
                 result = self.run_cli(*arguments, preexec_fn=allow_no_thread)
                 self.assertEqual(result.returncode, 1)
-                self.assertIn(b"no further thread", result.stderr)
+                self.assertIn(b"cannot start another thread", result.stderr)
         self.assertFalse(self.proxies.exists())
 
     # On a terminal
 
-    def on_terminal(self, program, typed=b""):
-        """Exit status and what is shown."""
+    def on_terminal(self, program, typed=b"", columns=80, shown=None, then=None):
+        """Exit status and what is shown. Once it matches an expression, something may be done."""
         terminal, other_end = pty.openpty()
+        termios.tcsetwinsize(other_end, (24, columns))
         process = self.start_cli(".", program=program, stdin=other_end, stdout=other_end, stderr=other_end,
                                  env=dict(self.environment, TERM="xterm"), start_new_session=True)
         os.close(other_end)
@@ -294,6 +310,8 @@ class CliTest(unittest.TestCase):
                 output += os.read(terminal, 65536)
             except OSError:  # the other end is closed
                 return process.wait(), output.decode()
+            if then and re.search(shown, output.decode(errors="ignore")):
+                then = then()
 
     def test_live_lines(self):
         make_clip(self.folder / "a.mov", seconds=8)
@@ -302,11 +320,31 @@ class CliTest(unittest.TestCase):
         self.assertEqual(status, 1)
         self.assertRegex(output, r"a\.mov +█*░*  +\d+%")
         self.assertRegex(output, r"\d of 2 done +█*░*  +\d+%")
-        self.assertRegex(output, r"a\.mov +Done")
-        self.assertIn("b\\x1B[2J.mov", output)
+        self.assertRegex(output, r"a\.mov +Done\r\n")
+        self.assertEqual(len(re.findall(r"b\\x1B\[2J\.mov: Failed: could not read metadata\r\n    ", output)), 1)
         # Nothing but moving up, and clearing what was drawn there, ever reaches the terminal.
         self.assertEqual(set(re.findall(r"\x1b[^A-Za-z]*[A-Za-z]", output)) - {"\x1b[2A", "\x1b[J"}, set())
         self.assertTrue(output.endswith("1 of 2 done, 1 failed\r\n"))
+
+    def test_live_lines_use_the_width_there_is(self):
+        name = "A001C002_" + "long_" * 16 + "name.mov"
+        go_on = self.folder / "go_on"
+        program = self.with_stand_ins("when avg_frame_rate\nout 25/1\\n\nend\nwhen format=duration\nout 50\\n\nend\n"
+                                      "when ffprobe\nexit 0\nend\nerr frame=1 time=00:00:10.00 speed=0.001x\\r\n"
+                                      f"wait-for {go_on}\nwrite-output\n")
+        (self.folder / name).touch()
+        for columns, bar, named in [(200, 24, "A001C002_.*_name.mov"), (40, 8, "A001C0.*….*name.mov"), (20, 0, "A.*….*v"),
+                                    (9, 0, "")]:
+            with self.subTest(columns=columns):
+                output = self.on_terminal(program, columns=columns, shown="20%", then=go_on.touch)[1]
+                drawn = [line for line in re.split(r"[\r\n]+|\x1b\[[0-9]*[A-Z]", output) if line.endswith("%")
+                         or line.endswith("left")]
+                self.assertLess(max(map(len, drawn)), columns)
+                self.assertTrue(any(re.search(rf"^{named} *[^█]*█{{{bar // 5}}}░{{{bar - bar // 5}}} *20%", line)
+                                    for line in drawn), drawn)
+                self.assertIn(name, output)  # the line that stays
+                go_on.unlink()
+                shutil.rmtree(self.proxies)
 
     def test_typed_keys_do_not_reach_the_encoder(self):
         (self.folder / "a.mov").touch()
