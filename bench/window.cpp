@@ -3,13 +3,10 @@
 
 #include "frame_recorder.h"
 
-#include "engine/burn_in_engine.h"
 #include "platform/desktop_file_viewer.h"
 #include "platform/notification_center.h"
 #include "platform/preference_store.h"
-#include "ui/main/engine_queue_source.h"
-#include "ui/main/queue_view_model.h"
-#include "ui/main/scripted/scripted_queue.h"
+#include "support/staged_engine.h"
 #include "ui/sheets/diagnostics_report.h"
 #include "ui/sheets/help_state.h"
 
@@ -56,7 +53,7 @@ void runEventLoop(int milliseconds)
     loop.exec();
 }
 
-double shareOfOneCore(ScriptedQueue &queue)
+double shareOfOneCore(StagedEngine &queue)
 {
     QTimer reports;
     double progress = 0;
@@ -89,7 +86,7 @@ struct Operation {
     int milliseconds = 500;                ///< in which it is done
 };
 
-void finish(ScriptedQueue &queue, int rows, int step)
+void finish(StagedEngine &queue, int rows, int step)
 {
     for (int row = 0; row < rows; row += step)
         queue.setStatus(row, QStringLiteral("done"));
@@ -113,7 +110,7 @@ void scrollBy(QQuickItem *list, double pages)
 }
 
 /// What a user or a run does to a window with many rows, in this order.
-QList<Operation> operations(ScriptedQueue &queue, QQuickView &view)
+QList<Operation> operations(StagedEngine &queue, QQuickView &view)
 {
     auto *model = queue.viewModel();
     auto *list = view.rootObject()->findChild<QQuickItem *>(QStringLiteral("jobList"));
@@ -224,7 +221,7 @@ void show(QQuickView &view, QSize size, QueueViewModel *model, HelpState &helpSt
 void measureScripted(FrameRecorder &recorder, HelpState &helpState, QSize size, Rounds &rounds,
                      QTextStream *out)
 {
-    ScriptedQueue queue;
+    StagedEngine queue;
     for (const QUrl &clip : clips(0, jobCount))
         queue.add(clip.toLocalFile(), QStringLiteral("queued"));
     queue.setStatus(0, QStringLiteral("encoding"));
@@ -246,9 +243,8 @@ struct EngineWindow {
     MemoryPreferenceStore preferences;
     MemoryNotificationCenter notifications{false};
     BurnInEngine engine{preferences, notifications};
-    EngineQueueSource source{engine};
     DesktopFileViewer viewer{[](const QUrl &) {}};
-    QueueViewModel model{source, viewer};
+    QueueViewModel model{engine, viewer};
     DiagnosticsReport report{[this] { return engine.jobs(); }};
     QQuickView view;
 };

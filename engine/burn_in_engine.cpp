@@ -48,19 +48,12 @@ bool BurnInEngine::hasSelectedQueuedJobs() const
 
 QList<RefusedItem> BurnInEngine::enqueue(const QList<QUrl> &urls)
 {
-    VideoFileReader reader;
-    reader.add(urls);
-    const ExpandedItems items = reader.read();
-    enqueueVideoFiles(items.videoFiles);
-    return items.refused;
-}
-
-void BurnInEngine::enqueueVideoFiles(const QList<QUrl> &videoFiles)
-{
-    for (const QUrl &videoFile : videoFiles) {
+    const ExpandedItems items = expandItems(urls);
+    for (const QUrl &videoFile : items.videoFiles) {
         if (!m_jobs.containsSource(videoFile))
             m_jobs.append(ProxyJob::forSource(videoFile));
     }
+    return items.refused;
 }
 
 void BurnInEngine::removeFromQueue(QUuid id)

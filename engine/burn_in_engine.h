@@ -51,8 +51,6 @@ public:
     /// Adds one job for each video file that the files and folders stand for and that is not listed
     /// yet. Returns the items that gave none.
     QList<RefusedItem> enqueue(const QList<QUrl> &urls);
-    /// The same for video files that are known to be some: nothing is looked up.
-    void enqueueVideoFiles(const QList<QUrl> &videoFiles);
     /// Only a queued job is removed.
     void removeFromQueue(QUuid id);
     /// Queued jobs only; one edit for each.
@@ -67,7 +65,7 @@ public:
     /// Begins a run over the jobs that are queued and selected, with the preset of this moment, and
     /// returns at once. Nothing when a run is going on, there is no such job, or the system has no thread
     /// to give; isRunning() tells.
-    void start();
+    virtual void start();
 
     /// For quitting: ends the running tool at once and leaves every file as it is. Waits for the run's
     /// thread, up to the limit, and returns whether it has ended; it always does unless the system
@@ -80,9 +78,13 @@ Q_SIGNALS:
     /// to the manifest. Comes after the edits that finished the job, before any of the next one.
     void recorded(const QUuid &id, const QString &manifestLine);
 
+protected:
+    /// For a subclass that stages jobs in any state.
+    JobList &jobList() { return m_jobs; }
+    void setRunning(bool isRunning);
+
 private:
     void run(QualityPreset preset, const std::stop_token &stop);
-    void setRunning(bool isRunning);
     void finishRun();
     void notifyCompletion();
 

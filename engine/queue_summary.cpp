@@ -20,4 +20,9 @@ QueueSummary QueueSummary::of(const QList<ProxyJob> &jobs)
     return summary;
 }
 
+QString QueueSummary::doneText() const
+{
+    return QStringLiteral("%1 of %2 done").arg(doneCount).arg(jobCount);
+}
+
 } // namespace marrowcut

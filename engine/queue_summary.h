@@ -3,6 +3,7 @@
 #include "engine/model/proxy_job.h"
 
 #include <QList>
+#include <QString>
 
 namespace marrowcut
 {
@@ -21,6 +22,9 @@ struct QueueSummary {
     bool hasCompletedJobs() const { return doneCount + failedCount > 0; }
     /// False when no job is queued.
     bool allQueuedSelected() const { return queuedCount > 0 && selectedQueuedCount == queuedCount; }
+
+    /// Such as "3 of 5 done".
+    QString doneText() const;
 
     bool operator==(const QueueSummary &) const = default;
 

@@ -2,10 +2,15 @@
 
 #include "platform/file_names.h"
 
+#include <QByteArrayList>
+#include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
+#include <optional>
+#include <system_error>
 
 namespace marrowcut
 {
@@ -14,6 +19,57 @@ namespace
 {
 
 using Reason = RefusedItem::Reason;
+
+/// Qt's own listing leaves out names that are not UTF-8. Empty when the folder cannot be opened; a folder
+/// that fails midway ends there.
+std::optional<QByteArrayList> entryNames(const QString &folder)
+{
+    std::error_code error;
+    std::filesystem::directory_iterator entry(QFile::encodeName(folder).toStdString(), error);
+    if (error)
+        return std::nullopt;
+    QByteArrayList names;
+    for (; entry != std::filesystem::directory_iterator(); entry.increment(error))
+        names.append(QByteArray::fromStdString(entry->path().filename().native()));
+    return names;
+}
+
+void expandFolder(const QString &path, ExpandedItems &items)
+{
+    const auto names = entryNames(path);
+    if (!names) {
+        items.refused.append({path, Reason::unreadableFolder});
+        return;
+    }
+    const QString prefix = path.endsWith(QLatin1Char('/')) ? path : path + QLatin1Char('/');
+    bool hasVideoFiles = false;
+    for (const QByteArray &bytes : *names) {
+        const auto name = decodeUtf8(bytes);
+        if (!isVideoFileName(name ? *name : QString::fromLatin1(bytes)))
+            continue;
+        hasVideoFiles = true;
+        if (name)
+            items.videoFiles.append(QUrl::fromLocalFile(prefix + *name));
+        else
+            items.refused.append({prefix + shownBytes(bytes), Reason::nameIsNotText});
+    }
+    if (!hasVideoFiles)
+        items.refused.append({path, Reason::folderWithoutVideoFiles});
+}
+
+void expandItem(const QUrl &url, ExpandedItems &items)
+{
+    const QString path = url.toLocalFile();
+    const QFileInfo info(path);
+    if (path.isEmpty() || !info.exists())
+        items.refused.append({path, Reason::noSuchPath});
+    else if (info.isDir())
+        expandFolder(path, items);
+    else if (isVideoFileName(info.fileName()))
+        items.videoFiles.append(url);
+    else
+        items.refused.append({path, Reason::notAVideoFile});
+}
 
 } // namespace
 
@@ -36,58 +92,12 @@ bool isVideoFileName(const QString &name)
     });
 }
 
-ExpandedItems VideoFileReader::read(qsizetype limit)
+ExpandedItems expandItems(const QList<QUrl> &urls)
 {
     ExpandedItems items;
-    for (; limit > 0 && !atEnd(); --limit) {
-        if (m_folder)
-            readEntry(items);
-        else
-            readItem(items);
-    }
+    for (const QUrl &url : urls)
+        expandItem(url, items);
     return items;
-}
-
-void VideoFileReader::readItem(ExpandedItems &items)
-{
-    const QUrl url = m_urls.takeFirst();
-    const QString path = url.toLocalFile();
-    const QFileInfo info(path);
-    if (path.isEmpty() || !info.exists())
-        items.refused.append({path, Reason::noSuchPath});
-    else if (info.isDir())
-        m_folder = Folder{path, path.endsWith(QLatin1Char('/')) ? path : path + QLatin1Char('/'),
-                          FolderEntries(path)};
-    else if (isVideoFileName(info.fileName()))
-        items.videoFiles.append(url);
-    else
-        items.refused.append({path, Reason::notAVideoFile});
-}
-
-void VideoFileReader::readEntry(ExpandedItems &items)
-{
-    const auto bytes = m_folder->entries.next();
-    if (!bytes) {
-        endFolder(items);
-        return;
-    }
-    const auto name = decodeUtf8(*bytes);
-    if (!isVideoFileName(name ? *name : QString::fromLatin1(*bytes)))
-        return;
-    m_folder->gaveSome = true;
-    if (name)
-        items.videoFiles.append(QUrl::fromLocalFile(m_folder->prefix + *name));
-    else
-        items.refused.append({m_folder->prefix + shownBytes(*bytes), Reason::nameIsNotText});
-}
-
-void VideoFileReader::endFolder(ExpandedItems &items)
-{
-    if (!m_folder->entries.isReadable())
-        items.refused.append({m_folder->path, Reason::unreadableFolder});
-    else if (!m_folder->gaveSome)
-        items.refused.append({m_folder->path, Reason::folderWithoutVideoFiles});
-    m_folder.reset();
 }
 
 } // namespace marrowcut

@@ -14,7 +14,7 @@
 Q_IMPORT_QML_PLUGIN(Marrowcut_StylePlugin)
 Q_IMPORT_QML_PLUGIN(Marrowcut_SheetsPlugin)
 Q_IMPORT_QML_PLUGIN(Marrowcut_MainPlugin)
-Q_IMPORT_QML_PLUGIN(Marrowcut_ScriptedPlugin)
+Q_IMPORT_QML_PLUGIN(Marrowcut_StagedPlugin)
 
 /// What the tests see of the desktop, and do in another program's place.
 class TestDesktop : public QObject

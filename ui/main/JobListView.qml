@@ -42,25 +42,11 @@ ColumnLayout {
         Layout.fillWidth: true
         Layout.fillHeight: true
         color: Theme.base
-        onHeightChanged: list.shrink()
 
         ListView {
             id: list
 
             readonly property int rowHeight: 36
-            readonly property real allRowsHeight: topMargin + count * rowHeight + bottomMargin
-            // In a lower one it shows no row, and takes rows that are appended for some that stand before the view.
-            readonly property int lowestHeight: topMargin + rowHeight + bottomMargin
-
-            // Not a property: a new height can change the count, and its binding would be a loop.
-            function wantedHeight(): real {
-                return Math.max(lowestHeight, Math.min(parent.height, allRowsHeight));
-            }
-
-            function shrink() {
-                height = Math.min(height, wantedHeight());
-            }
-
             function openMenu() {
                 const row = currentItem as JobRow;
                 if (row)
@@ -68,17 +54,13 @@ ColumnLayout {
             }
 
             objectName: "jobList"
-            width: parent.width
-            height: lowestHeight
-            onAllRowsHeightChanged: shrink()
+            anchors.fill: parent
             // What comes into an emptied list has no current row, and so none that the Tab key reaches.
             onCountChanged: if (currentIndex < 0 && count > 0) currentIndex = 0
-            onContentYChanged: rest.restart()
             topMargin: 4
             bottomMargin: 4
             model: root.queue.jobs
             reuseItems: true
-            cacheBuffer: 0
             highlightMoveDuration: 0 // it is not seen, but draws every frame while it is on its way
             clip: true
             boundsBehavior: Flickable.StopAtBounds
@@ -90,33 +72,10 @@ ColumnLayout {
                     openMenu();
             }
 
-            // Rows take about a millisecond each to make, and a drop can show a window full of them: they are
-            // uncovered some each frame.
-            FrameAnimation {
-                running: list.height < list.wantedHeight()
-                onTriggered: {
-                    list.height = Math.min(list.wantedHeight(), list.height + 3 * list.rowHeight);
-                    if (!running)
-                        rest.restart();
-                }
-            }
-
-            // At rest, the page before and the one after are made in spare time, so that scrolling finds them there. Only
-            // a new value makes the list look to both sides, so the value alternates.
-            Timer {
-                id: rest
-
-                interval: 100
-                onTriggered: {
-                    const page = Math.ceil(list.parent.height);
-                    list.cacheBuffer = list.cacheBuffer === page ? page + 1 : page;
-                }
-            }
-
             // It fits into the rows' padding.
             T.ScrollBar.vertical: ScrollBar {
                 objectName: "scrollBar"
-                policy: list.allRowsHeight > list.parent.height ? T.ScrollBar.AlwaysOn : T.ScrollBar.AlwaysOff
+                policy: list.visibleArea.heightRatio < 1 ? T.ScrollBar.AlwaysOn : T.ScrollBar.AlwaysOff
             }
 
             // qmllint disable unqualified

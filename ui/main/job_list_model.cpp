@@ -2,7 +2,6 @@
 
 #include "ui/main/job_row.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace marrowcut
@@ -11,9 +10,7 @@ namespace marrowcut
 namespace
 {
 
-constexpr qsizetype rangesPerFrame = 60; // a view takes up to 0.17 ms for each
-
-/// Rows from first to last, both included.
+/// Rows from first to last, inclusive.
 struct Range {
     qsizetype first;
     qsizetype last;
@@ -123,37 +120,22 @@ QHash<int, QByteArray> JobListModel::roleNames() const
 
 void JobListModel::mirror(const QList<ProxyJob> &jobs)
 {
-    m_wanted = jobs;
-    if (!m_isApproaching)
-        approach();
+    removeMissing(jobs);
+    updateChanged(jobs);
+    appendNew(jobs);
 }
 
-void JobListModel::approach()
+void JobListModel::removeMissing(const QList<ProxyJob> &jobs)
 {
-    m_isApproaching = !removeMissing();
-    if (m_isApproaching) {
-        QMetaObject::invokeMethod(this, &JobListModel::approach, Qt::QueuedConnection);
-        return;
-    }
-    updateChanged();
-    appendNew();
-}
-
-/// False when there is more to remove than what a frame has time for.
-bool JobListModel::removeMissing()
-{
-    const QList<Range> missing = missingRanges(m_jobs, m_wanted);
-    const qsizetype count = std::min(missing.size(), rangesPerFrame);
-    for (qsizetype index = count - 1; index >= 0; --index) {
-        const auto [first, last] = missing[index];
-        beginRemoveRows({}, static_cast<int>(first), static_cast<int>(last));
-        m_jobs.remove(first, last - first + 1);
+    const QList<Range> missing = missingRanges(m_jobs, jobs);
+    for (auto range = missing.crbegin(); range != missing.crend(); ++range) {
+        beginRemoveRows({}, static_cast<int>(range->first), static_cast<int>(range->last));
+        m_jobs.remove(range->first, range->last - range->first + 1);
         endRemoveRows();
     }
-    return count == missing.size();
 }
 
-void JobListModel::updateChanged()
+void JobListModel::updateChanged(const QList<ProxyJob> &jobs)
 {
     const qsizetype count = m_jobs.size();
     qsizetype first = 0;
@@ -163,8 +145,7 @@ void JobListModel::updateChanged()
             Q_EMIT dataChanged(index(static_cast<int>(first)), index(static_cast<int>(end - 1)), roles);
     };
 
-    const QList<ProxyJob> before =
-        std::exchange(m_jobs, m_wanted.size() == count ? m_wanted : m_wanted.first(count));
+    const QList<ProxyJob> before = std::exchange(m_jobs, jobs.size() == count ? jobs : jobs.first(count));
     for (qsizetype row = 0; row < count; ++row) {
         const QList<int> rowRoles = changedRoles(before[row], m_jobs[row]);
         if (rowRoles == roles)
@@ -176,12 +157,12 @@ void JobListModel::updateChanged()
     announce(count);
 }
 
-void JobListModel::appendNew()
+void JobListModel::appendNew(const QList<ProxyJob> &jobs)
 {
-    if (m_wanted.size() == m_jobs.size())
+    if (jobs.size() == m_jobs.size())
         return;
-    beginInsertRows({}, static_cast<int>(m_jobs.size()), static_cast<int>(m_wanted.size() - 1));
-    m_jobs = m_wanted;
+    beginInsertRows({}, static_cast<int>(m_jobs.size()), static_cast<int>(jobs.size() - 1));
+    m_jobs = jobs;
     endInsertRows();
 }
 

@@ -8,8 +8,8 @@
 namespace marrowcut
 {
 
-/// The job list, finished for showing: every role is what a row shows. It follows a list of jobs by
-/// differences and is never reset, so that scroll position and focus stay. Main thread.
+/// The rows of the job list; every role is ready to be shown. It follows the jobs by differences and is never
+/// reset, which would lose scroll position and focus. Main thread.
 class JobListModel : public QAbstractListModel
 {
     Q_OBJECT
@@ -39,20 +39,15 @@ public:
     QVariant data(const QModelIndex &index, int role) const override;
     QHash<int, QByteArray> roleNames() const override;
 
-    /// Makes the model show these jobs. They come in the order of the last time: some may be gone,
-    /// some changed, new ones stand at the end. Where jobs are gone in very many places, views get time to
-    /// draw in between, and the rest follows.
+    /// Makes the model show these jobs. Those that stay keep their order; new ones are at the end.
     void mirror(const QList<ProxyJob> &jobs);
 
 private:
-    void approach();
-    bool removeMissing();
-    void updateChanged();
-    void appendNew();
+    void removeMissing(const QList<ProxyJob> &jobs);
+    void updateChanged(const QList<ProxyJob> &jobs);
+    void appendNew(const QList<ProxyJob> &jobs);
 
     QList<ProxyJob> m_jobs;
-    QList<ProxyJob> m_wanted;
-    bool m_isApproaching = false;
 };
 
 } // namespace marrowcut

@@ -1,32 +1,35 @@
 #include "ui/main/queue_view_model.h"
 
+#include "engine/burn_in_engine.h"
 #include "engine/output_paths.h"
 #include "platform/file_viewer.h"
 #include "ui/main/job_row.h"
-#include "ui/main/queue_source.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
 
 #include <algorithm>
-#include <iterator>
-#include <utility>
 
 namespace marrowcut
 {
 
-QueueViewModel::QueueViewModel(QueueSource &source, FileViewer &viewer, QObject *parent)
+namespace
+{
+
+constexpr qint64 frameMilliseconds = 17; // at 60 Hz, rounded up
+
+} // namespace
+
+QueueViewModel::QueueViewModel(BurnInEngine &engine, FileViewer &viewer, QObject *parent)
     : QObject(parent)
-    , m_source(source)
+    , m_engine(engine)
     , m_viewer(viewer)
 {
-    connect(&source, &QueueSource::willChange, this, &QueueViewModel::scheduleRefresh);
+    m_refreshTimer.setSingleShot(true);
+    m_refreshTimer.setTimerType(Qt::PreciseTimer);
+    connect(&m_refreshTimer, &QTimer::timeout, this, &QueueViewModel::refresh);
+    connect(&engine, &BurnInEngine::willChange, this, &QueueViewModel::scheduleRefresh);
     refresh();
-}
-
-QString QueueViewModel::doneText() const
-{
-    return QStringLiteral("%1 of %2 done").arg(m_summary.doneCount).arg(m_summary.jobCount);
 }
 
 QStringList QueueViewModel::presetNames() const
@@ -46,7 +49,7 @@ int QueueViewModel::presetIndex() const
 
 void QueueViewModel::choosePreset(int index)
 {
-    m_source.setQualityPreset(QualityPreset::allCases.at(static_cast<std::size_t>(index)));
+    m_engine.setQualityPreset(QualityPreset::allCases.at(static_cast<std::size_t>(index)));
 }
 
 bool QueueViewModel::acceptsDrop(const QList<QUrl> &urls)
@@ -56,35 +59,36 @@ bool QueueViewModel::acceptsDrop(const QList<QUrl> &urls)
 
 void QueueViewModel::handleDrop(const QList<QUrl> &urls)
 {
-    QList<QUrl> files;
-    std::ranges::copy_if(urls, std::back_inserter(files), &QUrl::isLocalFile);
-    QMetaObject::invokeMethod(
-        &m_source, [this, files] { m_source.enqueue(files); }, Qt::QueuedConnection);
+    for (const QUrl &url : urls) {
+        if (url.isLocalFile())
+            QMetaObject::invokeMethod(
+                &m_engine, [&engine = m_engine, url] { engine.enqueue({url}); }, Qt::QueuedConnection);
+    }
 }
 
 void QueueViewModel::removeFromQueue(const QString &jobId)
 {
-    m_source.removeFromQueue(QUuid(jobId));
+    m_engine.removeFromQueue(QUuid(jobId));
 }
 
 void QueueViewModel::toggleSelected(const QString &jobId)
 {
-    m_source.toggleSelected(QUuid(jobId));
+    m_engine.toggleSelected(QUuid(jobId));
 }
 
 void QueueViewModel::toggleBurnIn(const QString &jobId)
 {
-    m_source.toggleBurnIn(QUuid(jobId));
+    m_engine.toggleBurnIn(QUuid(jobId));
 }
 
 void QueueViewModel::retry(const QString &jobId)
 {
-    m_source.retry(QUuid(jobId));
+    m_engine.retry(QUuid(jobId));
 }
 
 void QueueViewModel::copyError(const QString &jobId)
 {
-    const QList<ProxyJob> &jobs = m_source.jobs();
+    const QList<ProxyJob> &jobs = m_engine.jobs();
     const auto job = std::ranges::find(jobs, QUuid(jobId), &ProxyJob::id);
     if (job != jobs.end())
         QGuiApplication::clipboard()->setText(JobRow::errorReport(*job));
@@ -92,17 +96,17 @@ void QueueViewModel::copyError(const QString &jobId)
 
 void QueueViewModel::toggleAllSelected()
 {
-    m_source.setAllSelected(!QueueSummary::of(m_source.jobs()).allQueuedSelected());
+    m_engine.setAllSelected(!QueueSummary::of(m_engine.jobs()).allQueuedSelected());
 }
 
 void QueueViewModel::clearCompleted()
 {
-    m_source.clearCompleted();
+    m_engine.clearCompleted();
 }
 
 void QueueViewModel::start()
 {
-    m_source.start();
+    m_engine.start();
 }
 
 void QueueViewModel::revealOutput()
@@ -113,17 +117,18 @@ void QueueViewModel::revealOutput()
 
 void QueueViewModel::scheduleRefresh()
 {
-    if (!std::exchange(m_refreshScheduled, true))
-        QMetaObject::invokeMethod(this, &QueueViewModel::refresh, Qt::QueuedConnection);
+    if (!m_refreshTimer.isActive())
+        m_refreshTimer.start(
+            static_cast<int>(std::max<qint64>(0, frameMilliseconds - m_sinceRefresh.elapsed())));
 }
 
 void QueueViewModel::refresh()
 {
-    m_refreshScheduled = false;
-    const QList<ProxyJob> &jobs = m_source.jobs();
+    m_sinceRefresh.start();
+    const QList<ProxyJob> &jobs = m_engine.jobs();
     m_jobs.mirror(jobs);
-    assign(m_preset, m_source.qualityPreset(), &QueueViewModel::presetChanged);
-    assign(m_isRunning, m_source.isRunning(), &QueueViewModel::isRunningChanged);
+    assign(m_preset, m_engine.qualityPreset(), &QueueViewModel::presetChanged);
+    assign(m_isRunning, m_engine.isRunning(), &QueueViewModel::isRunningChanged);
     assign(m_outputDir, jobs.isEmpty() ? QUrl() : outputFolder(jobs.first().sourceURL),
            &QueueViewModel::outputDirChanged);
     assign(m_summary, QueueSummary::of(jobs), &QueueViewModel::summaryChanged);

@@ -4,21 +4,23 @@
 #include "engine/queue_summary.h"
 #include "ui/main/job_list_model.h"
 
+#include <QElapsedTimer>
 #include <QObject>
+#include <QTimer>
 #include <QUrl>
 #include <QtQml/qqmlregistration.h>
 
 namespace marrowcut
 {
 
+class BurnInEngine;
 class FileViewer;
-class QueueSource;
 
-/// The queue for the window: what the views show, finished, and what their controls do. Main thread.
+/// The engine's queue as the window shows it, and what the window's controls do. Main thread.
 ///
-/// The source speaks before it applies an edit. Here that sets a flag and queues one refresh, however many
-/// edits follow; the refresh reads the source again and emits ordinary change signals. The operations go
-/// straight to the source, so each acts on its state of that moment and not on the state last shown.
+/// The engine announces each edit before it is applied. That schedules one refresh, at most one for each
+/// displayed frame, which reads the engine again and emits ordinary change signals. The operations go
+/// straight to the engine, so each acts on the engine's current state and not on what is shown.
 class QueueViewModel : public QObject
 {
     Q_OBJECT
@@ -38,8 +40,8 @@ class QueueViewModel : public QObject
     Q_PROPERTY(int presetIndex READ presetIndex NOTIFY presetChanged)
     Q_PROPERTY(QString presetDescription READ presetDescription NOTIFY presetChanged)
 public:
-    /// The source and the viewer must outlive it.
-    QueueViewModel(QueueSource &source, FileViewer &viewer, QObject *parent = nullptr);
+    /// The engine and the viewer must outlive it.
+    QueueViewModel(BurnInEngine &engine, FileViewer &viewer, QObject *parent = nullptr);
 
     JobListModel *jobs() { return &m_jobs; }
     bool isEmpty() const { return m_summary.jobCount == 0; }
@@ -47,10 +49,8 @@ public:
     bool hasSelectedQueuedJobs() const { return m_summary.hasSelectedQueuedJobs(); }
     bool hasCompletedJobs() const { return m_summary.hasCompletedJobs(); }
     bool allQueuedSelected() const { return m_summary.allQueuedSelected(); }
-    qsizetype doneCount() const { return m_summary.doneCount; }
     double overallProgress() const { return m_summary.overallProgress; }
-    /// "3 of 5 done"
-    QString doneText() const;
+    QString doneText() const { return m_summary.doneText(); }
     bool isRunning() const { return m_isRunning; }
     /// The output folder of the first job; absent (not valid) when there is none.
     QUrl outputDir() const { return m_outputDir; }
@@ -60,9 +60,9 @@ public:
     QString presetDescription() const { return m_preset.descriptionText(); }
 
     Q_INVOKABLE void choosePreset(int index);
-    /// Whether there is anything among dragged items that a drop would take: a file URL.
+    /// Whether a drop of these items would be accepted: there is a local file among them.
     Q_INVOKABLE static bool acceptsDrop(const QList<QUrl> &urls);
-    /// Takes the file URLs among dropped items; they are enqueued later by the event loop.
+    /// Posts one enqueue call for each local file among dropped items.
     Q_INVOKABLE void handleDrop(const QList<QUrl> &urls);
     Q_INVOKABLE void removeFromQueue(const QString &jobId);
     Q_INVOKABLE void toggleSelected(const QString &jobId);
@@ -89,9 +89,10 @@ private:
     template <typename Value>
     void assign(Value &shown, const Value &value, void (QueueViewModel::*changed)());
 
-    QueueSource &m_source;
+    BurnInEngine &m_engine;
     FileViewer &m_viewer;
-    bool m_refreshScheduled = false;
+    QTimer m_refreshTimer{this};
+    QElapsedTimer m_sinceRefresh;
     JobListModel m_jobs;
     QueueSummary m_summary;
     QUrl m_outputDir;

@@ -25,8 +25,7 @@ MarrowcutApp::MarrowcutApp(QObject *parent)
     , m_fileViewer([](const QUrl &folder) { QDesktopServices::openUrl(folder); })
     , m_taskbarProgress(desktopEntry())
     , m_engine(m_preferences, m_notifications)
-    , m_source(m_engine)
-    , m_queue(m_source, m_fileViewer)
+    , m_queue(m_engine, m_fileViewer)
     , m_report([this] { return m_engine.jobs(); })
 {
     connect(&m_queue, &QueueViewModel::isRunningChanged, this, &MarrowcutApp::tellDesktop);

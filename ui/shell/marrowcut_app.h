@@ -6,7 +6,6 @@
 #include "platform/preference_store.h"
 #include "platform/sleep_inhibitor.h"
 #include "platform/taskbar_progress.h"
-#include "ui/main/engine_queue_source.h"
 #include "ui/main/queue_view_model.h"
 #include "ui/sheets/diagnostics_report.h"
 #include "ui/sheets/help_state.h"
@@ -59,7 +58,6 @@ private:
     SleepInhibitor m_sleepInhibitor;
     TaskbarProgress m_taskbarProgress;
     BurnInEngine m_engine;
-    EngineQueueSource m_source;
     QueueViewModel m_queue;
     DiagnosticsReport m_report;
     bool m_isAskingToQuit = false;

@@ -1,12 +1,12 @@
 import QtQuick
 import QtTest
 import Marrowcut.Main
-import Marrowcut.Scripted
 import Marrowcut.Sheets
+import Marrowcut.Staged
 import Marrowcut.Style
 import Marrowcut.Tests
 
-// A test case with the window's content on a scripted queue, empty at the start of each test.
+// A test case with the window's content on a staged engine, empty at the start of each test.
 TestCase {
     id: root
 
@@ -19,8 +19,9 @@ TestCase {
         return item && item.visible ? item as Item : null;
     }
 
-    // Awaits a frame, which lays out everything; one that nothing asked for would not come.
+    // Waits until the engine's state is shown and laid out. A frame that nothing asks for would not come.
     function settle() {
+        tryVerify(() => queue.isShown());
         content.Window.window.update();
         waitForRendering(content);
     }
@@ -60,7 +61,7 @@ TestCase {
         tryCompare(content.Window, "active", true);
     }
 
-    ScriptedQueue {
+    StagedEngine {
         id: queue
     }
 

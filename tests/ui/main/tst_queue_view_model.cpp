@@ -1,12 +1,6 @@
-#include "engine/burn_in_engine.h"
-#include "platform/file_viewer.h"
-#include "platform/notification_center.h"
-#include "platform/preference_store.h"
-#include "ui/main/engine_queue_source.h"
-#include "ui/main/queue_view_model.h"
-#include "ui/main/scripted/scripted_queue.h"
+#include "support/staged_engine.h"
 
-#include <QDir>
+#include <QFile>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -21,15 +15,6 @@ QString clip(int number)
     return QStringLiteral("/clips/%1.mxf").arg(number);
 }
 
-struct EngineQueue {
-    MemoryPreferenceStore preferences;
-    MemoryNotificationCenter notifications{false};
-    BurnInEngine engine{preferences, notifications};
-    EngineQueueSource source{engine};
-    MemoryFileViewer viewer;
-    QueueViewModel shown{source, viewer};
-};
-
 } // namespace
 
 class QueueViewModelTest : public QObject
@@ -39,7 +24,7 @@ class QueueViewModelTest : public QObject
 private Q_SLOTS:
     void manyEditsAreOneRefreshAndAreSeenAfterwards()
     {
-        ScriptedQueue queue;
+        StagedEngine queue;
         QueueViewModel &shown = *queue.viewModel();
         for (int number = 0; number < 1000; ++number)
             queue.add(clip(number));
@@ -58,36 +43,33 @@ private Q_SLOTS:
         QVERIFY(!shown.hasSelectedQueuedJobs());
     }
 
-    void aLargeFolderIsQueuedInPartsThatLookLikeOneDrop()
+    void aDropIsOneCallForEachLocalFile()
     {
         QTemporaryDir folder;
-        QVERIFY(
-            QDir(folder.path()).mkpath(QStringLiteral("a card.mov/inner.mov"))); // a name is all that counts
-        QVERIFY(QFile::link(QStringLiteral("/nowhere"), folder.filePath(QStringLiteral("dangling.mp4"))));
-        for (int number = 0; number < 1200; ++number)
-            QVERIFY(QFile(folder.filePath(QStringLiteral("%1.mxf").arg(number))).open(QIODevice::WriteOnly));
-        const QList<QUrl> drop = {QUrl::fromLocalFile(folder.path())};
-        EngineQueue inParts;
-        EngineQueue atOnce;
-        atOnce.engine.enqueue(drop);
-        inParts.source.enqueue(drop);
-        QTRY_VERIFY(!inParts.engine.jobs().isEmpty());
-        QVERIFY(inParts.engine.jobs().size() < 1202);
-        inParts.source.enqueue(drop); // comes behind what waits, and adds nothing
-        inParts.source.setAllSelected(false);
-        QCOMPARE(inParts.engine.jobs().size(), 1202);
-        for (qsizetype row = 0; row < 1202; ++row)
-            QCOMPARE(inParts.engine.jobs()[row].sourceURL, atOnce.engine.jobs()[row].sourceURL);
-        QVERIFY(!inParts.engine.hasSelectedQueuedJobs());
+        QList<QUrl> urls = {QUrl(QStringLiteral("https://quorvane.example/c.mov"))};
+        for (const QString &name : {QStringLiteral("a.mxf"), QStringLiteral("b.mov")}) {
+            urls.append(QUrl::fromLocalFile(folder.filePath(name)));
+            QVERIFY(QFile(urls.last().toLocalFile()).open(QIODevice::WriteOnly));
+        }
+        StagedEngine engine;
+        QList<qsizetype> counts; // of jobs, after each event
+        engine.viewModel()->handleDrop(urls.mid(0, 2));
+        QMetaObject::invokeMethod(
+            &engine, [&] { counts << engine.jobs().size(); }, Qt::QueuedConnection);
+        engine.viewModel()->handleDrop(urls.mid(2));
+        QMetaObject::invokeMethod(
+            &engine, [&] { counts << engine.jobs().size(); }, Qt::QueuedConnection);
+        QVERIFY(engine.jobs().isEmpty());
+        QTRY_COMPARE(counts, (QList<qsizetype>{1, 2}));
     }
 
-    void anEngineIsEditedThroughIt()
+    void controlsEditTheEngine()
     {
         QTemporaryDir folder;
         for (const QString &name : {QStringLiteral("a.mxf"), QStringLiteral("b.mov")})
             QVERIFY(QFile(folder.filePath(name)).open(QIODevice::WriteOnly));
-        EngineQueue queue;
-        QueueViewModel &shown = queue.shown;
+        StagedEngine engine;
+        QueueViewModel &shown = *engine.viewModel();
         shown.handleDrop({QUrl::fromLocalFile(folder.path())});
         QTRY_COMPARE(shown.jobs()->rowCount(), 2);
         const QString id = shown.jobs()->index(0).data(JobListModel::JobIdRole).toString();
@@ -99,7 +81,7 @@ private Q_SLOTS:
         shown.choosePreset(2);
         QTRY_COMPARE(shown.jobs()->rowCount(), 1);
         QCOMPARE(shown.presetIndex(), 2);
-        QCOMPARE(queue.preferences.value(QStringLiteral("qualityPreset")), QStringLiteral("tiny"));
+        QCOMPARE(engine.qualityPreset(), QualityPreset::tiny);
     }
 };
 

@@ -6,7 +6,7 @@ import Marrowcut.Tests
 WindowCase {
     id: test
 
-    readonly property var files: [Qt.url("file:///clips/A001.mxf"), Qt.url("file:///clips/Shoot%20%233")]
+    readonly property var files: [Qt.resolvedUrl("../../../samples/A001C001.mxf"), Qt.resolvedUrl("../../../samples/A002C001.mov")]
 
     name: "Window"
 
@@ -34,7 +34,7 @@ WindowCase {
         compare(find("doneText").text, data.done);
         compare(find("overallBar").value, data.bar);
         compare(find("outputPath").text, "/clips/marrowcut_proxies");
-        queue.setRunning(true);
+        queue.stageRunning(true);
         tryVerify(() => find("selectAllButton") === null && find("clearButton") === null && find("goButton") === null);
         verify(find("overallBar"));
     }
@@ -61,7 +61,7 @@ WindowCase {
         tryVerify(() => find("goButton") === null);
         keyClick(Qt.Key_Return);
         queue.setSelected(0, true);
-        queue.setRunning(true);
+        queue.stageRunning(true);
         tryVerify(() => find("selectAllButton") === null);
         keyClick(Qt.Key_Return);
         compare(queue.startCount, 1);
@@ -77,7 +77,7 @@ WindowCase {
         tryCompare(picker, "currentIndex", 2);
         compare(queue.viewModel.presetIndex, 2);
         tryVerify(() => picker.parent.height > standardHeight); // a longer description, wrapped
-        queue.setRunning(true);
+        queue.stageRunning(true);
         mouseClick(picker, 20);
         tryCompare(picker, "currentIndex", 0);
         tryCompare(picker.parent, "height", standardHeight);
@@ -109,9 +109,9 @@ WindowCase {
     function test_dropEnqueuesTheFilesLater() {
         verify(TestDesktop.dragOver(content, Qt.point(50, 50), [files[0], Qt.url("https://quorvane.example/c.mov"), files[1]]));
         compare(TestDesktop.drop(content, Qt.point(50, 50)), Qt.CopyAction);
-        compare(queue.enqueued, []);
-        tryCompare(queue, "enqueued", files);
-        tryVerify(() => find("jobList") !== null);
+        compare(queue.jobCount, 0);
+        tryVerify(() => find("jobList") !== null && find("jobList").count === 2);
+        compare([queue.fileName(0), queue.fileName(1)], ["A001C001.mxf", "A002C001.mov"]);
         verify(!content.isTargeted);
     }
 }

@@ -4,7 +4,7 @@ import Marrowcut.Sheets
 import Marrowcut.Shell
 import Marrowcut.Style
 
-// The window as the application has it, on a scripted queue.
+// The window as the application has it, on a staged engine.
 ThemedWindow {
     id: root
 

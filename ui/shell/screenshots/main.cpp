@@ -1,5 +1,5 @@
 // marrowcut-screenshots DIR [STATE]: pictures of every state of the window, or of one, made by the
-// application's own views on a scripted queue, in light and dark, in three sizes, at both scales. Needs no
+// application's own views on a staged engine, in light and dark, in three sizes, at both scales. Needs no
 // display.
 
 #include "states.h"
@@ -50,7 +50,7 @@ public:
 
     void take(const State &state)
     {
-        ScriptedQueue queue;
+        StagedEngine queue;
         DiagnosticsReport report([&queue] { return queue.jobs(); });
         QQmlApplicationEngine engine;
         engine.setInitialProperties({{QStringLiteral("queue"), QVariant::fromValue(queue.viewModel())},

@@ -30,7 +30,7 @@ void run(const Stage &stage)
     stage.queue.add(clip(QStringLiteral("A003.mxf")), QStringLiteral("failed:encode error"), 0.63);
     stage.queue.add(clip(QStringLiteral("A004.mxf")), QStringLiteral("encoding"), 0.4, 90);
     stage.queue.add(clip(QStringLiteral("A005.mxf")));
-    stage.queue.setRunning(true);
+    stage.queue.stageRunning(true);
 }
 
 void finish(const Stage &stage)
@@ -49,7 +49,7 @@ void everyForm(const Stage &stage)
     stage.queue.add(clip(name.arg(14)), QStringLiteral("failed:could not read metadata"));
     stage.queue.add(clip(QStringLiteral("A001.mxf")), QStringLiteral("probing"));
     run(stage);
-    stage.queue.setRunning(false);
+    stage.queue.stageRunning(false);
 }
 
 void queueMany(const Stage &stage)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/main/scripted/scripted_queue.h"
+#include "support/staged_engine.h"
 
 #include <QQuickWindow>
 
@@ -12,7 +12,7 @@ namespace marrowcut
 /// What can be put into a state: the window, and the queue that it shows.
 struct Stage {
     QQuickWindow &window;
-    ScriptedQueue &queue;
+    StagedEngine &queue;
 };
 
 /// A state of the window worth a look.

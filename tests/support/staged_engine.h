@@ -1,0 +1,67 @@
+#pragma once
+
+#include "engine/burn_in_engine.h"
+#include "platform/file_viewer.h"
+#include "platform/notification_center.h"
+#include "platform/preference_store.h"
+#include "ui/main/queue_view_model.h"
+
+#include <QtQml/qqmlregistration.h>
+
+#include <memory>
+
+namespace marrowcut
+{
+
+/// The engine with jobs in whatever state a test or a picture needs, and the window's view model on it.
+/// Queue editing is the engine's own; start() only counts.
+class StagedEngine : public BurnInEngine
+{
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(marrowcut::QueueViewModel *viewModel READ viewModel CONSTANT)
+    Q_PROPERTY(QList<QUrl> revealed READ revealed)
+    Q_PROPERTY(int startCount READ startCount)
+    Q_PROPERTY(qsizetype jobCount READ jobCount)
+public:
+    explicit StagedEngine(QObject *parent = nullptr);
+
+    QueueViewModel *viewModel() { return &m_viewModel; }
+    QList<QUrl> revealed() const { return m_viewer.revealed(); }
+    int startCount() const { return m_startCount; }
+    qsizetype jobCount() const { return jobs().size(); }
+
+    /// Appends a job for a file path that need not exist. The status is the name of its case; a failure's
+    /// message follows a colon: "encoding", "failed:encode error". A negative etaSeconds means none.
+    Q_INVOKABLE void add(const QString &path, const QString &status = QStringLiteral("queued"),
+                         double progress = 0, double etaSeconds = -1);
+    Q_INVOKABLE void setStatus(int row, const QString &status);
+    Q_INVOKABLE void setProgress(int row, double progress);
+    Q_INVOKABLE void setSelected(int row, bool selected);
+    Q_INVOKABLE void setErrorDetail(int row, const QString &detail);
+    Q_INVOKABLE void stageRunning(bool running) { setRunning(running); }
+    /// Whether the view model shows the current state.
+    Q_INVOKABLE bool isShown() const { return !m_viewModel.findChild<QTimer *>()->isActive(); }
+    Q_INVOKABLE bool isSelected(int row) const { return jobs()[row].isSelected; }
+    Q_INVOKABLE bool isBurnInEnabled(int row) const { return jobs()[row].burnInEnabled; }
+    Q_INVOKABLE QString fileName(int row) const { return jobs()[row].fileName(); }
+    /// Back to the initial state.
+    Q_INVOKABLE void clear();
+
+    void start() override { ++m_startCount; }
+
+private:
+    struct Services {
+        MemoryPreferenceStore preferences;
+        MemoryNotificationCenter notifications{false};
+    };
+
+    StagedEngine(std::unique_ptr<Services> services, QObject *parent);
+
+    std::unique_ptr<Services> m_services;
+    MemoryFileViewer m_viewer;
+    int m_startCount = 0;
+    QueueViewModel m_viewModel;
+};
+
+} // namespace marrowcut
