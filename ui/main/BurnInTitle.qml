@@ -11,7 +11,6 @@ BorderlessButton {
     text: "Burn-in"
     symbol: "questionmark.circle"
     spacing: 3
-    alignment: Qt.AlignLeft
     font.pixelSize: 9
     font.weight: Font.Medium
     color: Theme.accent

@@ -68,22 +68,30 @@ FocusScope {
             visible: !root.showsQueue
         }
 
-        OnDemand {
+        Loader {
             Layout.fillWidth: true
             Layout.fillHeight: true
             visible: root.showsQueue
-            wanted: root.started || root.showsQueue
-            file: Qt.resolvedUrl("JobListView.qml")
-            values: ({ queue: root.queue })
+            active: root.started || root.showsQueue
+
+            // qmllint disable unqualified
+            sourceComponent: JobListView {
+                queue: root.queue
+            }
+            // qmllint enable unqualified
         }
 
-        OnDemand {
+        Loader {
             Layout.fillWidth: true
             Layout.margins: 12
             visible: root.showsQueue
-            wanted: root.started || root.showsQueue
-            file: Qt.resolvedUrl("SummaryBar.qml")
-            values: ({ queue: root.queue })
+            active: root.started || root.showsQueue
+
+            // qmllint disable unqualified
+            sourceComponent: SummaryBar {
+                queue: root.queue
+            }
+            // qmllint enable unqualified
         }
     }
 
@@ -94,22 +102,33 @@ FocusScope {
         queue: root.queue
     }
 
-    SheetPlace {
-        name: "HelpView"
-        shown: root.helpState.showHelp
-        onDismissed: root.helpState.showHelp = false
+    // qmllint disable unqualified
+    Loader {
+        active: root.helpState.showHelp
+
+        sourceComponent: HelpView {
+            transientParent: root.Window.window
+            onDismissed: root.helpState.showHelp = false
+        }
     }
 
-    SheetPlace {
-        name: "AboutView"
-        shown: root.helpState.showAbout
-        onDismissed: root.helpState.showAbout = false
+    Loader {
+        active: root.helpState.showAbout
+
+        sourceComponent: AboutView {
+            transientParent: root.Window.window
+            onDismissed: root.helpState.showAbout = false
+        }
     }
 
-    SheetPlace {
-        name: "DiagnosticsView"
-        shown: root.helpState.showDiagnostics
-        furtherValues: ({ report: root.report })
-        onDismissed: root.helpState.showDiagnostics = false
+    Loader {
+        active: root.helpState.showDiagnostics
+
+        sourceComponent: DiagnosticsView {
+            transientParent: root.Window.window
+            report: root.report
+            onDismissed: root.helpState.showDiagnostics = false
+        }
     }
+    // qmllint enable unqualified
 }

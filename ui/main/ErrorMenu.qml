@@ -3,7 +3,7 @@ import QtQuick.Templates as T
 import Marrowcut.Style
 
 // What can be done with the error of a failed row: the list's rows share one menu.
-NamedMenu {
+ThemedMenu {
     id: root
 
     property string jobId

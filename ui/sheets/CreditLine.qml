@@ -8,8 +8,7 @@ Row {
     spacing: 4
 
     Text {
-        anchors.verticalCenter: parent.verticalCenter
-        text: Links.authorCredit
+        text: "by quorvane |"
         Accessible.role: Accessible.StaticText
         Accessible.name: text
         color: Theme.secondary
@@ -19,8 +18,7 @@ Row {
     PlainLinkText {
         id: link
 
-        anchors.verticalCenter: parent.verticalCenter
-        title: Links.authorName
-        url: Links.author
+        title: "quorvane.example"
+        url: "https://quorvane.example"
     }
 }

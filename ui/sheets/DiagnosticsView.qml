@@ -1,3 +1,4 @@
+import QtQuick
 import Marrowcut.Sheets
 import Marrowcut.Style
 
@@ -8,16 +9,51 @@ SheetWindow {
     required property DiagnosticsReport report
 
     title: "Report a Problem"
-    width: 480
-    height: 420
-    onShownChanged: if (shown) report.open()
-    content: DiagnosticsContent {
-        report: root.report // qmllint disable unqualified
-    }
+    sheetWidth: 480
+    sheetHeight: 420
+    Component.onCompleted: report.open(root)
 
-    PushButton {
+    buttons: PushButton {
         objectName: "copyButton"
         text: root.report.copied ? "Copied" : "Copy to Clipboard"
         onClicked: root.report.copyToClipboard()
+    }
+
+    Column {
+        id: heading
+
+        x: 20
+        y: 20
+        width: parent.width - 40
+        spacing: 6
+
+        Text {
+            text: "Report a Problem"
+            Accessible.role: Accessible.Heading
+            Accessible.name: text
+            color: Theme.primary
+            font.pixelSize: Theme.headlineSize
+            font.bold: true
+        }
+
+        Text {
+            width: parent.width
+            text: "Copy this and send it to @quorvane (or paste it into an email) if something's not working right."
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
+            color: Theme.secondary
+            font.pixelSize: 11
+            wrapMode: Text.Wrap
+        }
+    }
+
+    ReportArea {
+        anchors.left: heading.left
+        anchors.right: heading.right
+        anchors.top: heading.bottom
+        anchors.topMargin: 12
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: 16
+        text: root.report.reportText
     }
 }

@@ -1,7 +1,8 @@
 import QtQuick
 import Marrowcut.Style
 
-// One burned-in line of the mock-up; the pointer over it turns it into its explanation.
+// One burned-in line of the mock-up; while the pointer is over it, it shows its explanation on a coloured ground. The black
+// shadow of radius 1.5, without offset, is made of faint copies, since the software renderer has no blur.
 Item {
     id: root
 
@@ -32,6 +33,21 @@ Item {
         text: root.display
     }
 
+    Repeater {
+        model: root.isHovering ? 3 : 0
+
+        // qmllint disable unqualified
+        Rectangle {
+            required property int index
+
+            anchors.fill: background
+            anchors.margins: -index
+            radius: background.radius + index
+            color: "#30000000"
+        }
+        // qmllint enable unqualified
+    }
+
     Rectangle {
         id: background
 
@@ -41,10 +57,23 @@ Item {
         radius: 3
         color: root.isHovering ? Qt.alpha(Theme.accentFill, 0.85) : "transparent"
 
-        SoftShadow {
-            anchors.fill: label
-            visible: !root.isHovering // then the background casts it
-            caster: label
+        Repeater {
+            model: root.isHovering ? 0 : 16
+
+            // qmllint disable unqualified
+            MockupText {
+                required property int index
+                readonly property bool isOuter: index % 2 === 0
+                readonly property real distance: isOuter ? 1.6 : 0.8
+
+                x: label.x + distance * Math.cos(index * Math.PI / 8)
+                y: label.y + distance * Math.sin(index * Math.PI / 8)
+                size: root.size
+                font.weight: root.weight
+                text: label.text
+                color: Qt.rgba(0, 0, 0, isOuter ? 0.1 : 0.16)
+            }
+            // qmllint enable unqualified
         }
 
         MockupText {

@@ -1,12 +1,14 @@
 #pragma once
 
+#include "platform/resources.h"
+
 #include <QObject>
 #include <QtQml/qqmlregistration.h>
 
 namespace marrowcut
 {
 
-/// What the about sheet says of this build.
+/// What the about sheet shows about this build.
 class AboutInformation : public QObject
 {
     Q_OBJECT
@@ -15,8 +17,11 @@ class AboutInformation : public QObject
 public:
     using QObject::QObject;
 
-    /// Such as "Version 1.0 (1)"; the version keys are read afresh.
-    Q_INVOKABLE QString versionString() const;
+    /// Such as "Version 1.0 (1)"; reads the version keys at each call.
+    Q_INVOKABLE QString versionString() const
+    {
+        return QStringLiteral("Version ") + readVersionKeys(resourceFolder()).text();
+    }
 };
 
 } // namespace marrowcut

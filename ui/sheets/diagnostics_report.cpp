@@ -1,6 +1,7 @@
 #include "ui/sheets/diagnostics_report.h"
 
 #include "media/ffmpeg_locator.h"
+#include "media/process_runner.h"
 #include "ui/sheets/diagnostics_text.h"
 
 #include <QClipboard>
@@ -20,45 +21,83 @@ DiagnosticsReport::DiagnosticsReport(JobsProvider jobs, const QString &ffmpegPat
                                      std::chrono::milliseconds limit, QObject *parent)
     : QObject(parent)
     , m_jobs(std::move(jobs))
-    , m_toShow(ffmpegPath, limit)
-    , m_toCopy(ffmpegPath, limit)
+    , m_ffmpegPath(ffmpegPath)
+    , m_limit(limit)
 {
+    m_rebuildTimer.setSingleShot(true);
+    m_rebuildTimer.setInterval(1s);
+    connect(&m_rebuildTimer, &QTimer::timeout, this, &DiagnosticsReport::rebuild);
 }
 
-void DiagnosticsReport::open()
+void DiagnosticsReport::open(QObject *sheet)
 {
-    ++m_opening;
+    m_sheet = sheet;
+    m_versionLine = QStringLiteral("…");
+    m_isQueryingToShow = false;
     setCopied(false);
-    const Draft draft = draftOfNow();
-    show(draft(QStringLiteral("…")));
-    m_toShow.ask([this, draft](const QString &versionLine) {
-        if (!m_copied) // else what was copied is shown, which is newer
-            show(draft(versionLine));
+    rebuild();
+}
+
+void DiagnosticsReport::rebuildLater()
+{
+    if (m_sheet && !m_rebuildTimer.isActive())
+        m_rebuildTimer.start();
+}
+
+void DiagnosticsReport::rebuild()
+{
+    if (!m_sheet)
+        return;
+    show(currentDraft(), m_versionLine);
+    if (std::exchange(m_isQueryingToShow, true)) // a new query would start the time limit anew
+        return;
+    queryVersion(m_queryToShow, [this](const QString &versionLine) {
+        m_isQueryingToShow = false;
+        show(m_draft, versionLine);
     });
 }
 
 void DiagnosticsReport::copyToClipboard()
 {
-    m_toCopy.ask([this, draft = draftOfNow(), opening = m_opening](const QString &versionLine) {
-        const QString text = draft(versionLine);
-        QGuiApplication::clipboard()->setText(text);
-        if (opening != m_opening) // another sheet stands there by now
+    queryVersion(m_queryToCopy, [this, draft = currentDraft(), sheet = m_sheet](const QString &versionLine) {
+        QGuiApplication::clipboard()->setText(draft(versionLine));
+        if (sheet != m_sheet) // another sheet is open by now
             return;
         setCopied(true);
-        show(text);
+        m_queryToShow.cancel(0ms); // its version line is older
+        m_isQueryingToShow = false;
+        show(draft, versionLine);
     });
 }
 
-DiagnosticsReport::Draft DiagnosticsReport::draftOfNow() const
+DiagnosticsReport::Draft DiagnosticsReport::currentDraft() const
 {
     return [facts = DiagnosticsFacts::current(), jobs = m_jobs()](const QString &versionLine) {
         return diagnosticsText(facts, jobs, versionLine);
     };
 }
 
-void DiagnosticsReport::show(const QString &text)
+void DiagnosticsReport::queryVersion(Query &query,
+                                     const std::function<void(const QString &versionLine)> &deliver)
 {
-    m_reportText = text;
+    const auto work = [path = m_ffmpegPath](const std::stop_token &stop) {
+        try {
+            return media::ProcessRunner::run(path, {QStringLiteral("-version")}, {.stop = stop}).stdout;
+        } catch (const media::ProcessRunner::LaunchError &) {
+            return QString();
+        }
+    };
+    const auto deliverLine = [deliver](const std::optional<QString> &output) {
+        deliver(ffmpegVersionLine(output.value_or(QString())));
+    };
+    query.start(work, deliverLine, m_limit);
+}
+
+void DiagnosticsReport::show(const Draft &draft, const QString &versionLine)
+{
+    m_draft = draft;
+    m_versionLine = versionLine;
+    m_reportText = draft(versionLine);
     Q_EMIT reportTextChanged();
 }
 

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "engine/model/proxy_job.h"
-#include "ui/sheets/ffmpeg_version_question.h"
+#include "platform/background_query.h"
 
 #include <QList>
 #include <QObject>
+#include <QPointer>
+#include <QTimer>
 #include <QtQml/qqmlregistration.h>
 
 #include <chrono>
@@ -15,21 +17,21 @@ namespace marrowcut
 
 /// The report behind the diagnostics sheet. Main thread only.
 ///
-/// A report is of the moment of opening or of the press on the copy button; only ffmpeg's version line comes
-/// later, within the limit (five seconds unless given).
+/// A report describes the moment it is built: at opening, after changes of the jobs while the sheet exists, and at
+/// each copy. Only ffmpeg's version line follows later; a tool that exceeds the limit counts as unavailable.
 class DiagnosticsReport : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
-    QML_UNCREATABLE("Made by the application")
-    /// The report of the opening, or what was copied since. Its version line is "…" until it is known.
+    QML_UNCREATABLE("Created by the application")
+    /// The newest report. Its version line is "…" until the first result after opening.
     Q_PROPERTY(QString reportText READ reportText NOTIFY reportTextChanged)
     /// Whether the report was copied since the sheet was opened.
     Q_PROPERTY(bool copied READ copied NOTIFY copiedChanged)
 public:
     using JobsProvider = std::function<QList<ProxyJob>()>;
 
-    /// The jobs are asked for each time that a report is begun.
+    /// The jobs are read each time that a report is built.
     explicit DiagnosticsReport(JobsProvider jobs, QObject *parent = nullptr);
     DiagnosticsReport(JobsProvider jobs, const QString &ffmpegPath, std::chrono::milliseconds limit,
                       QObject *parent = nullptr);
@@ -37,30 +39,42 @@ public:
     QString reportText() const { return m_reportText; }
     bool copied() const { return m_copied; }
 
-    /// For a sheet that opens: begins its report and forgets that an earlier one was copied.
-    Q_INVOKABLE void open();
-    /// Puts a fresh report on the clipboard once it is complete, also when the sheet was closed meanwhile. A
-    /// later press replaces one that is not yet carried out.
+    /// Builds the first report of a sheet that opens. Until the sheet is destroyed, the report follows the jobs.
+    Q_INVOKABLE void open(QObject *sheet);
+    /// Puts a fresh report on the clipboard once it is complete, also when the sheet was closed meanwhile.
+    /// Replaces a copy that is still waiting for its version line.
     Q_INVOKABLE void copyToClipboard();
+
+    /// The jobs are about to change: rebuilds the report of an open sheet within a second, once for all changes.
+    void rebuildLater();
 
 Q_SIGNALS:
     void reportTextChanged();
     void copiedChanged();
 
 private:
-    /// All but the version line, which it takes.
+    using Query = BackgroundQuery<QString>;
+    /// A report that lacks only the version line.
     using Draft = std::function<QString(const QString &versionLine)>;
 
-    Draft draftOfNow() const;
-    void show(const QString &text);
+    Draft currentDraft() const;
+    void rebuild();
+    void show(const Draft &draft, const QString &versionLine);
     void setCopied(bool copied);
+    void queryVersion(Query &query, const std::function<void(const QString &versionLine)> &deliver);
 
     const JobsProvider m_jobs;
+    const QString m_ffmpegPath;
+    const std::chrono::milliseconds m_limit;
+    QPointer<QObject> m_sheet;
+    QTimer m_rebuildTimer;
+    Draft m_draft;
+    QString m_versionLine;
     QString m_reportText;
     bool m_copied = false;
-    int m_opening = 0; // how many times the sheet was opened
-    FFmpegVersionQuestion m_toShow;
-    FFmpegVersionQuestion m_toCopy;
+    bool m_isQueryingToShow = false;
+    Query m_queryToShow;
+    Query m_queryToCopy;
 };
 
 } // namespace marrowcut

@@ -6,24 +6,16 @@
 namespace marrowcut
 {
 
-/// Which of the secondary sheets are asked for or showing. Main thread only; never stored.
+/// Which of the secondary sheets are requested or showing. Main thread only; never stored.
 class HelpState : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(bool showHelp READ showHelp WRITE setShowHelp NOTIFY showHelpChanged)
-    Q_PROPERTY(bool showAbout READ showAbout WRITE setShowAbout NOTIFY showAboutChanged)
-    Q_PROPERTY(
-        bool showDiagnostics READ showDiagnostics WRITE setShowDiagnostics NOTIFY showDiagnosticsChanged)
+    Q_PROPERTY(bool showHelp MEMBER m_showHelp NOTIFY showHelpChanged)
+    Q_PROPERTY(bool showAbout MEMBER m_showAbout NOTIFY showAboutChanged)
+    Q_PROPERTY(bool showDiagnostics MEMBER m_showDiagnostics NOTIFY showDiagnosticsChanged)
 public:
-    explicit HelpState(QObject *parent = nullptr);
-
-    bool showHelp() const { return m_showHelp; }
-    void setShowHelp(bool show);
-    bool showAbout() const { return m_showAbout; }
-    void setShowAbout(bool show);
-    bool showDiagnostics() const { return m_showDiagnostics; }
-    void setShowDiagnostics(bool show);
+    using QObject::QObject;
 
 Q_SIGNALS:
     void showHelpChanged();
@@ -31,8 +23,6 @@ Q_SIGNALS:
     void showDiagnosticsChanged();
 
 private:
-    void set(bool &flag, bool value, void (HelpState::*changed)());
-
     bool m_showHelp = false;
     bool m_showAbout = false;
     bool m_showDiagnostics = false;

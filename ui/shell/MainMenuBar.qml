@@ -31,7 +31,7 @@ T.MenuBar {
         }
     }
 
-    NamedMenu {
+    ThemedMenu {
         title: "&Marrowcut"
 
         T.Action {
@@ -39,7 +39,13 @@ T.MenuBar {
             onTriggered: root.aboutRequested()
         }
 
-        MenuLine {}
+        T.MenuSeparator {
+            implicitWidth: implicitContentWidth + leftPadding + rightPadding
+            implicitHeight: implicitContentHeight + topPadding + bottomPadding
+            verticalPadding: 4
+            horizontalPadding: 6
+            contentItem: Divider {}
+        }
 
         T.Action {
             text: "Quit"
@@ -48,7 +54,7 @@ T.MenuBar {
         }
     }
 
-    NamedMenu {
+    ThemedMenu {
         title: "&Help"
 
         T.Action {

@@ -4,12 +4,13 @@ import Marrowcut.Shell
 import Marrowcut.Style
 
 // The application's one window. The content reaches under the menu bar, so that a drop is taken there too.
-ThemedWindow {
+Window {
     id: root
 
     required property MarrowcutApp app
 
     title: "Marrowcut"
+    color: Theme.window
     width: 480
     height: 460 + menuBar.height
     minimumWidth: 480

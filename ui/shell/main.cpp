@@ -5,7 +5,7 @@
 #include "platform/process_setup.h"
 #include "platform/resources.h"
 #include "platform/termination_signals.h"
-#include "ui/style/desktop_color_scheme.h"
+#include "ui/style/desktop_appearance.h"
 
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -22,7 +22,7 @@ namespace
 
 constexpr int endedBySignal = 130;
 /// A wrong colour for a moment is better than no window.
-constexpr auto colorSchemePatience = std::chrono::milliseconds(250);
+constexpr auto appearanceLimit = std::chrono::milliseconds(250);
 
 void complain(const QString &problem)
 {
@@ -80,8 +80,8 @@ int main(int argc, char *argv[])
 
     const QGuiApplication application(argc, argv);
     introduceToDesktop();
-    DesktopColorScheme *scheme = DesktopColorScheme::instance(); // asks the desktop meanwhile
+    DesktopAppearance *appearance = DesktopAppearance::instance(); // queries the desktop meanwhile
     chooseRenderer();
-    scheme->awaitDesktop(colorSchemePatience);
+    appearance->awaitDesktop(appearanceLimit);
     return runWindow(commandLine.items);
 }

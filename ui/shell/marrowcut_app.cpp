@@ -31,6 +31,7 @@ MarrowcutApp::MarrowcutApp(QObject *parent)
     connect(&m_queue, &QueueViewModel::isRunningChanged, this, &MarrowcutApp::tellDesktop);
     connect(&m_queue, &QueueViewModel::summaryChanged, this, &MarrowcutApp::tellDesktop);
     connect(&m_queue, &QueueViewModel::isRunningChanged, this, &MarrowcutApp::keepRunning);
+    connect(&m_engine, &BurnInEngine::willChange, &m_report, &DiagnosticsReport::rebuildLater);
 }
 
 void MarrowcutApp::requestQuit()
@@ -48,8 +49,8 @@ void MarrowcutApp::keepRunning()
 
 void MarrowcutApp::quit(int exitStatus)
 {
-    if (!m_engine.interrupt(std::chrono::milliseconds(800)))
-        std::_Exit(exitStatus); // the system holds the run's thread; the child dies with us
+    if (!m_engine.interrupt(quitLimit))
+        std::_Exit(exitStatus); // the system holds the run's thread; its child ends with this process
     QCoreApplication::exit(exitStatus);
 }
 

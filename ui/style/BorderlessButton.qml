@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Templates as T
 
-// Text with a symbol behind it.
+// A text followed by a symbol.
 T.Button {
     id: control
 
@@ -9,8 +9,6 @@ T.Button {
     property real symbolSize: font.pixelSize + 1
     property color color: Theme.secondary
     property color hoverColor: Theme.primary
-    property color symbolColor: shownColor
-    property int alignment: Qt.AlignHCenter
     readonly property color shownColor: hovered && enabled ? hoverColor : color
 
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
@@ -21,15 +19,22 @@ T.Button {
     opacity: down ? 0.6 : enabled ? 1 : 0.4
     Accessible.onPressAction: clicked()
 
-    contentItem: TextWithSymbol {
-        text: control.text
-        symbol: control.symbol
-        symbolSize: control.symbolSize
-        textColor: control.shownColor
-        symbolColor: control.symbolColor
-        font: control.font
-        alignment: control.alignment
+    contentItem: Row {
         spacing: control.spacing
+
+        Text {
+            anchors.verticalCenter: parent.verticalCenter
+            text: control.text
+            font: control.font
+            color: control.shownColor
+        }
+
+        Symbol {
+            anchors.verticalCenter: parent.verticalCenter
+            name: control.symbol
+            size: control.symbolSize
+            color: control.shownColor
+        }
     }
 
     background: Item {

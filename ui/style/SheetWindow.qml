@@ -1,17 +1,17 @@
 import QtQuick
 
-// A modal sheet: a dialog window of fixed size over its transient parent, with a "Close" button in a row at the
-// bottom that takes further buttons as children. The content above the row is made anew each time that the sheet is
-// shown; it gets the keys that nobody else takes. The button, Return (except where another button shows the focus), Escape and the
-// window manager emit dismissed; the owner then sets shown to false.
-ThemedWindow {
+// A modal sheet: a dialog window of fixed size over its transient parent. Its children show above a row with a "Close"
+// button and the other buttons. The button, Return (except where another button shows the focus), Escape and the window
+// manager emit dismissed; the owner then destroys the sheet.
+Window {
     id: root
 
-    required property bool shown
-    property Component content
-    readonly property real contentHeight: loader.implicitHeight
-    readonly property real footerHeight: footer.height
-    default property alias buttons: footer.leading
+    required property int sheetWidth
+    required property int sheetHeight
+    property Item keyTarget: null // gets the keys that nobody else takes
+    property alias buttons: buttonRow.data
+    default property alias content: contentPlace.data
+    readonly property int footerHeight: 1 + 16 + closeButton.implicitHeight + 16
 
     signal dismissed()
 
@@ -20,13 +20,16 @@ ThemedWindow {
         button && button.visualFocus ? button.clicked() : dismissed();
     }
 
+    color: Theme.window
     flags: Qt.Dialog
     modality: Qt.WindowModal
-    minimumWidth: width
-    maximumWidth: width
-    minimumHeight: height
-    maximumHeight: height
-    visible: shown && loader.status === Loader.Ready
+    width: sheetWidth
+    height: sheetHeight
+    minimumWidth: sheetWidth
+    maximumWidth: sheetWidth
+    minimumHeight: sheetHeight
+    maximumHeight: sheetHeight
+    visible: true
     onClosing: dismissed()
 
     Shortcut {
@@ -45,27 +48,41 @@ ThemedWindow {
         Keys.onReturnPressed: root.pressReturn()
         Keys.onEnterPressed: root.pressReturn()
         Keys.onEscapePressed: root.dismissed()
-        Keys.forwardTo: [loader.item]
+        Keys.forwardTo: root.keyTarget ? [root.keyTarget] : []
 
-        Loader {
-            id: loader
+        Item {
+            id: contentPlace
 
-            anchors.left: parent.left
-            anchors.right: parent.right
+            width: parent.width
             anchors.top: parent.top
-            anchors.bottom: footer.top
-            active: root.shown
-            sourceComponent: root.content
-            onLoaded: footer.focusClose()
+            anchors.bottom: divider.top
         }
 
-        SheetFooter {
-            id: footer
+        Divider {
+            id: divider
 
-            anchors.left: parent.left
+            width: parent.width
+            y: parent.height - root.footerHeight
+        }
+
+        Row {
+            id: buttonRow
+
+            x: 16
+            y: divider.y + 17
+        }
+
+        PushButton {
+            id: closeButton
+
+            objectName: "closeButton"
             anchors.right: parent.right
-            anchors.bottom: parent.bottom
-            onClosed: root.dismissed()
+            anchors.rightMargin: 16
+            y: divider.y + 17
+            text: "Close"
+            highlighted: true
+            focus: true
+            onClicked: root.dismissed()
         }
     }
 }

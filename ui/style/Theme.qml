@@ -3,10 +3,12 @@ pragma Singleton
 import QtQuick
 import Marrowcut.Style
 
-// The roles that views draw with. Every role meant for text keeps 4.5:1 on window, base and controlFill, and
-// accentText keeps it on accentFill.
+// The roles that views draw with. Every role meant for text has a contrast of 4.5:1 on window, base and controlFill, and
+// accentText on accentFill. The accent is the desktop's, where it has one.
 QtObject {
-    readonly property bool dark: DesktopColorScheme.dark
+    readonly property bool dark: DesktopAppearance.dark
+    readonly property bool hasAccent: DesktopAppearance.accent.valid
+    readonly property url applicationIcon: Qt.resolvedUrl("icons/marrowcut.svg")
 
     // text and symbols
     readonly property color primary: dark ? "#f2f2f4" : "#1d1d20"
@@ -14,12 +16,12 @@ QtObject {
     readonly property color tertiary: dark ? "#9c9ca6" : "#686972"
     readonly property color success: dark ? "#4cc47a" : "#1b7a37"
     readonly property color failure: dark ? "#ff8078" : "#c0261c"
-    readonly property color accent: dark ? "#6db0ff" : "#0a5dcc" // also lines and bars
+    readonly property color accent: hasAccent ? DesktopAppearance.legible(DesktopAppearance.accent, dark ? controlFill : window) : dark ? "#6db0ff" : "#0a5dcc" // also lines and bars
 
     // grounds
     readonly property color window: dark ? "#202023" : "#f5f5f7"
     readonly property color base: dark ? "#18181a" : "#ffffff"
-    readonly property color accentFill: dark ? "#2367cf" : "#0a5dcc"
+    readonly property color accentFill: hasAccent ? DesktopAppearance.legible(DesktopAppearance.accent, accentText) : dark ? "#2367cf" : "#0a5dcc"
     readonly property color accentText: "#ffffff"
 
     // lines and controls
@@ -35,5 +37,5 @@ QtObject {
     readonly property int bodySize: 13
     readonly property int headlineSize: 13 // bold
     readonly property int subheadlineSize: 11
-    readonly property string monospaced: SystemFonts.monospaced
+    readonly property string monospaced: DesktopAppearance.monospaced
 }

@@ -64,7 +64,7 @@ private Q_SLOTS:
         QFile::remove(m_mayAnswer);
         QList<ProxyJob> jobs;
         DiagnosticsReport report([&jobs] { return jobs; }, waitingTool(), 60s);
-        report.open();
+        report.open(this);
         QVERIFY(report.reportText().contains(QStringLiteral("\nffmpeg: …\n")));
         jobs << failedJob(QStringLiteral("a.mxf"));
         report.copyToClipboard();
@@ -85,12 +85,16 @@ private Q_SLOTS:
     void aSheetThatReopensIsFresh()
     {
         QFile::remove(m_mayAnswer);
+        QObject second;
         QList<ProxyJob> jobs{failedJob(QStringLiteral("a.mxf"))};
         DiagnosticsReport report([&jobs] { return jobs; }, waitingTool(), 60s);
-        report.open();
-        report.copyToClipboard();
+        {
+            QObject first;
+            report.open(&first);
+            report.copyToClipboard();
+        }
         jobs.clear();
-        report.open(); // closed meanwhile; the press was made all the same
+        report.open(&second);
         QGuiApplication::clipboard()->clear();
         answer();
         QTRY_VERIFY(QGuiApplication::clipboard()->text().endsWith(failedSection(QStringLiteral("a.mxf"))));
@@ -100,8 +104,26 @@ private Q_SLOTS:
 
         report.copyToClipboard();
         QTRY_VERIFY(report.copied());
-        report.open();
+        report.open(this);
         QVERIFY(!report.copied());
+    }
+
+    void anOpenReportFollowsTheJobs()
+    {
+        QList<ProxyJob> jobs;
+        DiagnosticsReport report([&jobs] { return jobs; }, m_folder.filePath(QStringLiteral("none")), 60s);
+        report.open(this);
+        QTRY_VERIFY(report.reportText().contains(QStringLiteral("\nffmpeg: unavailable\n")));
+        QStringList texts;
+        connect(&report, &DiagnosticsReport::reportTextChanged, &report,
+                [&texts, &report] { texts << report.reportText(); });
+        for (const QString &name : {QStringLiteral("a.mxf"), QStringLiteral("b.mxf")}) {
+            report.rebuildLater(); // announced before it is applied
+            jobs = {failedJob(name)};
+        }
+        QTRY_VERIFY(!texts.isEmpty());
+        QVERIFY(texts.first().endsWith(failedSection(QStringLiteral("b.mxf")))); // once for both
+        QVERIFY(texts.first().contains(QStringLiteral("\nffmpeg: unavailable\n"))); // not "…" again
     }
 
     void versionIsTheFirstLineThatIsNotEmpty()
@@ -115,7 +137,7 @@ private Q_SLOTS:
               std::pair(m_folder.filePath(QStringLiteral("none")), unavailable)}) {
             DiagnosticsReport report([] { return QList<ProxyJob>(); }, path,
                                      version == unavailable ? 200ms : 60s);
-            report.open();
+            report.open(this);
             QTRY_VERIFY(report.reportText().contains(QStringLiteral("\nffmpeg: %1\n").arg(version)));
         }
     }
@@ -124,7 +146,7 @@ private Q_SLOTS:
     {
         DiagnosticsReport report([] { return QList<ProxyJob>(); }, tool(QStringLiteral("exec sleep 600")),
                                  600s);
-        report.open();
+        report.open(this);
         report.copyToClipboard();
         report.copyToClipboard(); // replaces the first
         QCoreApplication::processEvents();

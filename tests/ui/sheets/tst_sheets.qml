@@ -10,7 +10,7 @@ TestCase {
     name: "Sheets"
     when: mainWindow.visible
 
-    ThemedWindow {
+    Window {
         id: mainWindow
 
         width: 480
@@ -21,29 +21,38 @@ TestCase {
             id: helpState
         }
 
-        HelpView {
+        Loader {
             id: help
 
-            transientParent: mainWindow
-            shown: helpState.showHelp
-            onDismissed: helpState.showHelp = false
+            active: helpState.showHelp
+
+            sourceComponent: HelpView {
+                transientParent: mainWindow
+                onDismissed: helpState.showHelp = false
+            }
         }
 
-        AboutView {
+        Loader {
             id: about
 
-            transientParent: mainWindow
-            shown: helpState.showAbout
-            onDismissed: helpState.showAbout = false
+            active: helpState.showAbout
+
+            sourceComponent: AboutView {
+                transientParent: mainWindow
+                onDismissed: helpState.showAbout = false
+            }
         }
 
-        DiagnosticsView {
+        Loader {
             id: diagnostics
 
-            transientParent: mainWindow
-            shown: helpState.showDiagnostics
-            onDismissed: helpState.showDiagnostics = false
-            report: TestDesktop.report
+            active: helpState.showDiagnostics
+
+            sourceComponent: DiagnosticsView {
+                transientParent: mainWindow
+                report: TestDesktop.report
+                onDismissed: helpState.showDiagnostics = false
+            }
         }
 
         BurnInMockup {
@@ -77,25 +86,32 @@ TestCase {
     }
 
     readonly property var sheets: [
-        {tag: "help", sheet: help, flag: "showHelp", width: 420, height: 480, links: 1},
-        {tag: "about", sheet: about, flag: "showAbout", width: 320, links: 2},
-        {tag: "report", sheet: diagnostics, flag: "showDiagnostics", width: 480, height: 420, links: 0}
+        {tag: "help", place: help, flag: "showHelp", width: 420, height: 480, links: 1},
+        {tag: "about", place: about, flag: "showAbout", width: 320, links: 2},
+        {tag: "report", place: diagnostics, flag: "showDiagnostics", width: 480, height: 420, links: 0}
     ]
 
-    function cleanup() {
-        for (const {sheet, flag} of sheets) {
-            helpState[flag] = false;
-            verify(!sheet.visible);
-        }
+    function init() {
+        failOnWarning(/./);
     }
 
-    function show(sheet: Window, flag: string) {
-        verify(!sheet.visible);
+    function cleanup() {
+        for (const {place, flag} of sheets) {
+            helpState[flag] = false;
+            verify(!place.item);
+        }
+        wait(0); // destroys the closed windows
+    }
+
+    function show(place: Loader, flag: string): Window {
+        verify(!place.item);
         helpState[flag] = true;
+        const sheet = place.item;
         tryVerify(() => sheet.visible);
         sheet.requestActivate();
         tryVerify(() => TestDesktop.focusWindow() === sheet);
         tryVerify(() => findChild(sheet, "closeButton").activeFocus);
+        return sheet;
     }
 
     function test_closing_data() {
@@ -108,22 +124,22 @@ TestCase {
             "window manager": sheet => sheet.close()
         };
         const rows = [];
-        for (const {tag, sheet, flag} of sheets) {
+        for (const {tag, place, flag} of sheets) {
             for (const way in ways)
-                rows.push({tag: `${tag}, ${way}`, sheet: sheet, flag: flag, act: ways[way]});
+                rows.push({tag: `${tag}, ${way}`, place: place, flag: flag, act: ways[way]});
         }
         return rows;
     }
 
     function test_closing(data) {
-        show(data.sheet, data.flag);
-        dismissals.target = data.sheet;
+        const sheet = show(data.place, data.flag);
+        dismissals.target = sheet;
         dismissals.clear();
-        data.act(data.sheet);
+        data.act(sheet);
         tryVerify(() => !helpState[data.flag]);
-        tryVerify(() => !data.sheet.visible);
         verify(dismissals.count > 0);
-        show(data.sheet, data.flag);
+        dismissals.target = null;
+        show(data.place, data.flag);
     }
 
     function test_content_data() {
@@ -132,10 +148,10 @@ TestCase {
 
     // A screen reader says every text as it reads, under one heading.
     function test_content(data) {
-        show(data.sheet, data.flag);
-        if (data.sheet === about)
-            compare(findChild(about, "versionString").text, "Version 1.0 (1)");
-        compare([data.sheet.width, data.sheet.height], [data.width, data.height ?? data.sheet.height]);
+        const sheet = show(data.place, data.flag);
+        if (data.place === about)
+            compare(findChild(sheet, "versionString").text, "Version 1.0 (1)");
+        compare([sheet.width, sheet.height], [data.width, data.height ?? sheet.height]);
         const roles = [];
         const visit = item => {
             const role = item.Accessible.role;
@@ -146,7 +162,7 @@ TestCase {
                 verify(item.wrapMode !== Text.Wrap, item.text); // a paragraph
             Array.from(item.children).forEach(visit);
         };
-        visit(data.sheet.contentItem);
+        visit(sheet.contentItem);
         const count = role => roles.filter(each => each === role).length;
         compare([count(Accessible.Heading), count(Accessible.Link)], [1, data.links]);
     }
@@ -185,8 +201,8 @@ TestCase {
     }
 
     function test_scrollingHelp() {
-        show(help, "showHelp");
-        const content = findChild(help, "helpContent");
+        const sheet = show(help, "showHelp");
+        const content = findChild(sheet, "helpContent");
         const end = content.contentHeight - content.height;
         const places = [[Qt.Key_Up, 0], [Qt.Key_End, end], [Qt.Key_Down, end], [Qt.Key_Home, 0]];
         for (const [key, place] of places) {
@@ -200,9 +216,9 @@ TestCase {
             compare(content.contentY, 0);
         }
         keyClick(Qt.Key_Tab);
-        tryVerify(() => help.activeFocusItem.url !== undefined);
-        const bottom = help.activeFocusItem.mapToItem(help.contentItem, 0, help.activeFocusItem.height).y;
-        verify(bottom > 0 && bottom < findChild(help, "closeButton").mapToItem(help.contentItem, 0, 0).y);
+        tryVerify(() => sheet.activeFocusItem.url !== undefined);
+        const bottom = sheet.activeFocusItem.mapToItem(sheet.contentItem, 0, sheet.activeFocusItem.height).y;
+        verify(bottom > 0 && bottom < findChild(sheet, "closeButton").mapToItem(sheet.contentItem, 0, 0).y);
     }
 
     function test_newTextKeepsSelectionAndPlace() {
@@ -227,14 +243,14 @@ TestCase {
     }
 
     function test_keysInTheReport() {
-        show(diagnostics, "showDiagnostics");
-        const document = findChild(diagnostics, "reportText");
-        const flickable = findChild(diagnostics, "reportPlace");
+        const sheet = show(diagnostics, "showDiagnostics");
+        const document = findChild(sheet, "reportText");
+        const flickable = findChild(sheet, "reportPlace");
         const focus = (key, item) => {
             keyClick(key);
             tryVerify(() => item.activeFocus);
         };
-        const copyButton = findChild(diagnostics, "copyButton");
+        const copyButton = findChild(sheet, "copyButton");
         focus(Qt.Key_Tab, document);
         keyClick(Qt.Key_End);
         verify(flickable.atYEnd && !flickable.atYBeginning);
@@ -249,6 +265,6 @@ TestCase {
         compare(document.selectedText.length, document.length);
         focus(Qt.Key_Backtab, document);
         keyClick(Qt.Key_Return);
-        tryVerify(() => !diagnostics.visible);
+        tryVerify(() => !diagnostics.item);
     }
 }

@@ -107,8 +107,8 @@ private Q_SLOTS:
             QTest::keyClick(m_window, Qt::Key_F10);
             for (const Qt::Key key : keys)
                 QTest::keyClick(m_window, key);
-            QTRY_VERIFY2(state->property(flag).toBool(), flag);
-            QCOMPARE(state->showAbout() + state->showHelp() + state->showDiagnostics(), 1);
+            for (const char *other : {"showHelp", "showAbout", "showDiagnostics"})
+                QTRY_COMPARE(state->property(other).toBool(), std::string_view(other) == flag);
             QTRY_VERIFY(std::ranges::any_of(QGuiApplication::allWindows(), [this](const QWindow *window) {
                 return window->isVisible() && window->transientParent() == m_window;
             }));
@@ -120,7 +120,7 @@ private Q_SLOTS:
         QTest::keyClick(m_window, Qt::Key_F10);
         for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Escape, Qt::Key_Escape, Qt::Key_Return})
             QTest::keyClick(m_window, key); // at last it is nobody's any more
-        QVERIFY(!state->showAbout());
+        QVERIFY(!state->property("showAbout").toBool());
     }
 
 private:

@@ -16,18 +16,18 @@ TestCase {
     }
 
     function cleanup() {
-        DesktopColorScheme.choice = DesktopColorScheme.Desktop;
+        DesktopAppearance.choice = DesktopAppearance.Desktop;
     }
 
     function test_textCanBeRead_data() {
         return [
-            {tag: "light", choice: DesktopColorScheme.Light},
-            {tag: "dark", choice: DesktopColorScheme.Dark}
+            {tag: "light", choice: DesktopAppearance.Light},
+            {tag: "dark", choice: DesktopAppearance.Dark}
         ];
     }
 
     function test_textCanBeRead(data) {
-        DesktopColorScheme.choice = data.choice;
+        DesktopAppearance.choice = data.choice;
         compare(Theme.dark, data.tag === "dark");
         const pairs = [["accentText", "accentFill"], ["primary", "track"], ["primary", "segmentFill"], ["primary", "controlHover"], ["primary", "controlPressed"]];
         for (const text of ["primary", "secondary", "tertiary", "accent", "success", "failure"])

@@ -5,7 +5,7 @@ import Marrowcut.Shell
 import Marrowcut.Style
 
 // The window as the application has it, on a staged engine.
-ThemedWindow {
+Window {
     id: root
 
     required property QueueViewModel queue
@@ -15,6 +15,7 @@ ThemedWindow {
     readonly property alias menuBarHeight: menuBar.height
 
     title: "Marrowcut"
+    color: Theme.window
     width: 480
     height: 460
     visible: true

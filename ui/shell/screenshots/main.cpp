@@ -5,7 +5,7 @@
 #include "states.h"
 
 #include "ui/sheets/diagnostics_report.h"
-#include "ui/style/desktop_color_scheme.h"
+#include "ui/style/desktop_appearance.h"
 
 #include <QDir>
 #include <QGuiApplication>
@@ -68,14 +68,14 @@ private:
     {
         const int menuBarHeight = window.property("menuBarHeight").toInt(); // above the content
         window.resize(size.width(), size.height() + menuBarHeight);
-        for (const auto choice : {DesktopColorScheme::Light, DesktopColorScheme::Dark}) {
-            DesktopColorScheme::instance()->setChoice(choice);
+        for (const auto choice : {DesktopAppearance::Light, DesktopAppearance::Dark}) {
+            DesktopAppearance::instance()->setChoice(choice);
             settle(100);
             const QString name = QStringLiteral("%1-%2x%3-%4%5.png")
                                      .arg(state.name)
                                      .arg(size.width())
                                      .arg(size.height())
-                                     .arg(choice == DesktopColorScheme::Dark ? QStringLiteral("dark")
+                                     .arg(choice == DesktopAppearance::Dark ? QStringLiteral("dark")
                                                                              : QStringLiteral("light"))
                                      .arg(window.devicePixelRatio() > 1 ? QStringLiteral("@2x") : QString());
             frontWindow(&window)->grabWindow().save(m_folder.filePath(name));
