@@ -3,7 +3,7 @@ import Marrowcut.Main
 import Marrowcut.Shell
 import Marrowcut.Style
 
-// The application's one window. The content reaches under the menu bar, so that a drop is taken there too.
+// The application's one window. The content extends under the menu bar, so that drops are accepted there too.
 Window {
     id: root
 
@@ -14,7 +14,7 @@ Window {
     width: 480
     height: 460 + menuBar.height
     minimumWidth: 480
-    minimumHeight: 360 + menuBar.height // a place of its own above the content
+    minimumHeight: 360 + menuBar.height // the menu bar is not part of the content's size
     visible: true
     onClosing: close => {
         close.accepted = false;
@@ -41,6 +41,6 @@ Window {
     QuitQuestion {
         shown: root.app.isAskingToQuit
         onKeepRunning: root.app.keepRunning()
-        onQuit: root.app.requestQuit()
+        onQuit: root.app.quit(0)
     }
 }

@@ -3,8 +3,7 @@ import QtQuick.Layouts
 import QtQuick.Templates as T
 import Marrowcut.Style
 
-// Asks before a run is broken off. It lies in the window and not in one of its own: a modal window would keep the second
-// request to close the first one from arriving.
+// Asks before quitting ends a run.
 T.Popup {
     id: root
 

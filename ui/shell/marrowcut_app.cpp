@@ -1,7 +1,9 @@
 #include "ui/shell/marrowcut_app.h"
 
-#include <QCoreApplication>
 #include <QDesktopServices>
+#include <QGuiApplication>
+#include <QTimer>
+#include <QWindow>
 
 #include <cstdlib>
 
@@ -11,7 +13,7 @@ namespace marrowcut
 namespace
 {
 
-/// Also the desktop's name for the program.
+/// The name by which the desktop knows the program.
 QString desktopEntry()
 {
     return QStringLiteral("marrowcut");
@@ -28,15 +30,15 @@ MarrowcutApp::MarrowcutApp(QObject *parent)
     , m_queue(m_engine, m_fileViewer)
     , m_report([this] { return m_engine.jobs(); })
 {
-    connect(&m_queue, &QueueViewModel::isRunningChanged, this, &MarrowcutApp::tellDesktop);
-    connect(&m_queue, &QueueViewModel::summaryChanged, this, &MarrowcutApp::tellDesktop);
+    connect(&m_queue, &QueueViewModel::isRunningChanged, this, &MarrowcutApp::updateDesktop);
+    connect(&m_queue, &QueueViewModel::summaryChanged, this, &MarrowcutApp::updateDesktop);
     connect(&m_queue, &QueueViewModel::isRunningChanged, this, &MarrowcutApp::keepRunning);
     connect(&m_engine, &BurnInEngine::willChange, &m_report, &DiagnosticsReport::rebuildLater);
 }
 
 void MarrowcutApp::requestQuit()
 {
-    if (m_engine.isRunning() && !m_isAskingToQuit)
+    if (m_engine.isRunning())
         setAskingToQuit(true);
     else
         quit(EXIT_SUCCESS);
@@ -49,9 +51,14 @@ void MarrowcutApp::keepRunning()
 
 void MarrowcutApp::quit(int exitStatus)
 {
-    if (!m_engine.interrupt(quitLimit))
-        std::_Exit(exitStatus); // the system holds the run's thread; its child ends with this process
-    QCoreApplication::exit(exitStatus);
+    for (QWindow *window : QGuiApplication::topLevelWindows())
+        window->hide();
+    // The event loop first passes that on: a process whose thread the system holds would keep its windows.
+    QTimer::singleShot(1, this, [this, exitStatus] {
+        if (!m_engine.interrupt(quitLimit))
+            std::_Exit(exitStatus); // the system holds the run's thread; its child ends with this process
+        QCoreApplication::exit(exitStatus);
+    });
 }
 
 void MarrowcutApp::setAskingToQuit(bool asking)
@@ -62,7 +69,7 @@ void MarrowcutApp::setAskingToQuit(bool asking)
     Q_EMIT isAskingToQuitChanged();
 }
 
-void MarrowcutApp::tellDesktop()
+void MarrowcutApp::updateDesktop()
 {
     m_sleepInhibitor.setHeld(m_queue.isRunning());
     m_taskbarProgress.show(m_queue.isRunning() ? std::optional(m_queue.overallProgress()) : std::nullopt);

@@ -16,8 +16,8 @@
 namespace marrowcut
 {
 
-/// The application: owns what the window shows and what the desktop gives. One per process, on the main
-/// thread, for as long as the program runs.
+/// The application: owns the engine, the window's models and the desktop's services. One per process, on the
+/// main thread, for as long as the program runs.
 class MarrowcutApp : public QObject
 {
     Q_OBJECT
@@ -34,22 +34,22 @@ public:
     HelpState *helpState() { return &m_helpState; }
     DiagnosticsReport *report() { return &m_report; }
 
-    /// Whether the user is being asked if the program shall end in the middle of a run.
+    /// Whether the question is shown whether to end the program during a run.
     bool isAskingToQuit() const { return m_isAskingToQuit; }
-    /// Quits; in the middle of a run the first request only makes it ask.
+    /// Quits; during a run it asks first. A further request changes nothing: it may be the rest of a double click.
     Q_INVOKABLE void requestQuit();
-    /// The answer to the question that lets the run go on.
+    /// Takes the question back.
     Q_INVOKABLE void keepRunning();
 
-    /// Breaks a run off and ends the program with the status, within a second; files stay as they are.
-    void quit(int exitStatus);
+    /// Hides the windows at once, ends a run and the program within a second; files stay as they are.
+    Q_INVOKABLE void quit(int exitStatus);
 
 Q_SIGNALS:
     void isAskingToQuitChanged();
 
 private:
     void setAskingToQuit(bool asking);
-    void tellDesktop();
+    void updateDesktop();
 
     HelpState m_helpState;
     SettingsPreferenceStore m_preferences;
