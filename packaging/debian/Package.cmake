@@ -29,7 +29,6 @@ set_property(DIRECTORY ${CMAKE_SOURCE_DIR} APPEND PROPERTY
     CMAKE_CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/scripts/packages-run)
 list(JOIN run_time_packages ", " CPACK_DEBIAN_PACKAGE_DEPENDS)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS qt6-wayland)
 
 set(doc ${CMAKE_INSTALL_DATADIR}/doc/marrowcut)
 configure_file(debian/changelog.in debian-changelog @ONLY)

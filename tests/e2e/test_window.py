@@ -157,5 +157,11 @@ class WindowTest(unittest.TestCase):
         self.assertEqual(self.program.wait(10), 130)
         self.assertFalse((self.proxies / "long_proxy.mp4").exists())
 
+    def test_without_a_display(self):
+        for display in ({}, {"DISPLAY": ":98765"}, {"WAYLAND_DISPLAY": "none"}):
+            result = subprocess.run([PROGRAM], env={"HOME": os.environ["HOME"], **display}, stderr=subprocess.PIPE)
+            self.assertEqual(result.returncode, 1)
+            self.assertRegex(result.stderr.decode(), r"\A[^\n]*display[^\n]*marrowcut-cli[^\n]*\n\Z")
+
 
 unittest.main(verbosity=1)

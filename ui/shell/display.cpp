@@ -1,4 +1,4 @@
-#include "ui/shell/renderer_choice.h"
+#include "ui/shell/display.h"
 
 #include <QFileInfo>
 #include <QOffscreenSurface>
@@ -8,6 +8,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdio>
+#include <cstdlib>
 
 namespace marrowcut
 {
@@ -15,9 +17,18 @@ namespace marrowcut
 namespace
 {
 
-/// Loading OpenGL takes longer than the rest of the start, so a look comes first at where Linux shows devices
-/// that draw: the kernel's own, NVIDIA's and those of Windows' subsystem for Linux.
-bool showsGraphicsDevice()
+/// Qt warns about each display that it cannot open, and then aborts.
+void onMessageWithoutDisplay(QtMsgType type, const QMessageLogContext &, const QString &)
+{
+    if (type != QtFatalMsg)
+        return;
+    std::fputs("marrowcut: cannot open a display; marrowcut-cli works without one.\n", stderr);
+    std::_Exit(EXIT_FAILURE);
+}
+
+/// Loading OpenGL takes longer than the rest of the start. These paths exist on Linux where a device draws: the
+/// kernel's own, NVIDIA's and those of Windows' subsystem for Linux.
+bool hasGraphicsDevice()
 {
     constexpr std::array devices = {"/dev/dri", "/dev/nvidiactl", "/dev/dxg"};
     return std::ranges::any_of(devices,
@@ -32,7 +43,7 @@ bool isSoftware(const QByteArray &renderer)
 bool hasOpenGLHardware()
 {
 #ifdef Q_OS_LINUX
-    if (!showsGraphicsDevice())
+    if (!hasGraphicsDevice())
         return false;
 #endif
     QOffscreenSurface surface;
@@ -46,8 +57,21 @@ bool hasOpenGLHardware()
 
 } // namespace
 
-void chooseRenderer()
+NoDisplayGuard::NoDisplayGuard()
 {
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) // whoever chose a platform wants Qt's own messages
+        qInstallMessageHandler(onMessageWithoutDisplay);
+}
+
+NoDisplayGuard::~NoDisplayGuard()
+{
+    qInstallMessageHandler(nullptr);
+}
+
+void setUpDrawing()
+{
+    // Qt Quick's own text has coloured fringes.
+    QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
     if (qEnvironmentVariableIsSet("QT_QUICK_BACKEND") || qEnvironmentVariableIsSet("QSG_RHI_BACKEND"))
         return;
     if (!hasOpenGLHardware())

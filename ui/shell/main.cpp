@@ -1,6 +1,6 @@
 #include "ui/shell/command_line.h"
+#include "ui/shell/display.h"
 #include "ui/shell/marrowcut_app.h"
-#include "ui/shell/renderer_choice.h"
 
 #include "platform/process_setup.h"
 #include "platform/resources.h"
@@ -14,6 +14,7 @@
 #include <QTextStream>
 
 #include <cstdlib>
+#include <optional>
 
 using namespace marrowcut;
 
@@ -78,10 +79,12 @@ int main(int argc, char *argv[])
     if (!commandLine.output.isEmpty())
         return EXIT_SUCCESS;
 
+    std::optional<NoDisplayGuard> noDisplayGuard(std::in_place);
     const QGuiApplication application(argc, argv);
+    noDisplayGuard.reset();
     introduceToDesktop();
     DesktopAppearance *appearance = DesktopAppearance::instance(); // queries the desktop meanwhile
-    chooseRenderer();
+    setUpDrawing();
     appearance->awaitDesktop(appearanceLimit);
     return runWindow(commandLine.items);
 }
