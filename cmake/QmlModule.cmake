@@ -1,3 +1,14 @@
+# marrowcut_join_generated_sources(<target>)
+#
+# Compiles the sources that Qt generates for a module, one for each QML file and a few more, as one file. Each of them
+# holds a few kilobytes of data and would parse the same headers.
+function(marrowcut_join_generated_sources target)
+    get_target_property(separate ${target} SOURCES)
+    list(FILTER separate EXCLUDE REGEX "_(qml|qmltyperegistrations)\\.cpp$")
+    set_source_files_properties(${separate} TARGET_DIRECTORY ${target} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+    set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 0)
+endfunction()
+
 # marrowcut_qml_module(<target> <uri> [further arguments of qt_add_qml_module])
 #
 # Makes a layer of the window a QML module of its own.
@@ -16,6 +27,12 @@ function(marrowcut_qml_module target uri)
         IMPORTS QtQuick
         ${ARGN}
     )
+    marrowcut_join_generated_sources(${target})
+    get_property(targets DIRECTORY PROPERTY BUILDSYSTEM_TARGETS)
+    list(FILTER targets INCLUDE REGEX "^${target}(plugin|_qmlcache)")
+    foreach(generated IN LISTS targets)
+        marrowcut_precompile(${generated} window)
+    endforeach()
     # The linter reads the finished descriptions of the modules below.
     get_property(modules GLOBAL PROPERTY MARROWCUT_QML_MODULES)
     get_target_property(links ${target} LINK_LIBRARIES)
