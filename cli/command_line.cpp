@@ -1,43 +1,21 @@
 #include "command_line.h"
 
+#include "encoder_option.h"
+#include "name_list.h"
+#include "usage.h"
+
 #include "engine/video_files.h"
 #include "media/system_values.h"
 #include "platform/file_names.h"
 
 #include <QCommandLineParser>
+#include <QFileInfo>
 
 namespace marrowcut::cli
 {
 
 namespace
 {
-
-const char *const usage = R"(Usage: marrowcut-cli [options] PATH...
-       marrowcut-cli [options] --files-from FILE [PATH...]
-
-Makes a small H.264 proxy of each clip (MXF, MOV, MP4) in a folder marrowcut_proxies
-beside it, with file name, source timecode, elapsed time and file date burned into the
-picture. PATH is a clip, or a folder whose clips are meant (folders within are not entered).
-A clip whose proxy exists is left alone.
-
-Options:
-  --quality PRESET  standard, smaller or tiny; without it the preset last chosen in the
-                    window, else standard
-  --encoder NAME    auto, libx264, h264_nvenc or h264_qsv; auto takes the best that works
-                    on this machine
-  --no-burn-in      leave the picture without text
-  --notify          show a desktop notification at the end
-  --quiet           print failures only
-  --json            print one JSON object per line and event, for programs
-  --files-from FILE read more names from FILE, - for standard input, each ended by a NUL
-                    character as find -print0 writes them
-  --help            show this help
-  --version         show the version; with --verbose also the encoder that is used
-
-Exit status: 0 every clip has its proxy, 1 some failed or not all output could be written,
-2 wrong usage or nothing to do, 3 ffmpeg, ffprobe or the named encoder is missing or does
-not work, 130 interrupted.
-)";
 
 void addPath(const QString &path, Request &request)
 {
@@ -49,19 +27,40 @@ CommandLine usageError(const QString &problem)
     return {.error = problem};
 }
 
-void addKnownOptions(QCommandLineParser &parser)
+QList<QCommandLineOption> knownOptions()
 {
+    QList<QCommandLineOption> options = {
+        QCommandLineOption(QStringList{QStringLiteral("help"), QStringLiteral("h")}),
+        QCommandLineOption(QStringList{QStringLiteral("version"), QStringLiteral("V")}),
+        {QStringLiteral("quality"), {}, QStringLiteral("preset")},
+        {QStringLiteral("encoder"), {}, QStringLiteral("name"), automaticEncoder()},
+        {QStringLiteral("files-from"), {}, QStringLiteral("file")},
+    };
     for (const QString &name :
-         {QStringLiteral("no-burn-in"), QStringLiteral("notify"), QStringLiteral("quiet"),
-          QStringLiteral("json"), QStringLiteral("version"), QStringLiteral("verbose")})
-        parser.addOption(QCommandLineOption(name));
-    parser.addOption(QCommandLineOption(QStringList{QStringLiteral("help"), QStringLiteral("h")}));
-    parser.addOption({QStringLiteral("quality"), {}, QStringLiteral("preset")});
-    parser.addOption({QStringLiteral("encoder"), {}, QStringLiteral("name"), QStringLiteral("auto")});
-    parser.addOption({QStringLiteral("files-from"), {}, QStringLiteral("file")});
+         {QStringLiteral("no-burn-in"), QStringLiteral("recursive"), QStringLiteral("notify"),
+          QStringLiteral("quiet"), QStringLiteral("json"), QStringLiteral("verbose")})
+        options.append(QCommandLineOption(name));
+    return options;
 }
 
-/// The arguments that are text; the others become names that cannot be used.
+/// What is wrong with arguments that the parser refused.
+QString parseProblem(const QCommandLineParser &parser, const QStringList &arguments)
+{
+    const QStringList unknown = parser.unknownOptionNames();
+    if (unknown.isEmpty())
+        return parser.errorText();
+    QStringList known;
+    for (const QCommandLineOption &option : knownOptions())
+        known += option.names();
+    for (const QString &argument : arguments) {
+        const QString name = withoutDashes(argument).section(QLatin1Char('='), 0, 0);
+        if (argument.startsWith(QLatin1Char('-')) && name == unknown.first())
+            return unknownOptionMessage(argument, known);
+    }
+    return parser.errorText();
+}
+
+/// The arguments that are valid UTF-8; the others become unusable names.
 QStringList decoded(std::span<char *> arguments, Request &request)
 {
     QStringList texts;
@@ -79,6 +78,7 @@ void readOptions(const QCommandLineParser &parser, Request &request)
     request.quality = QualityPreset::fromRawValue(parser.value(QStringLiteral("quality")));
     request.encoder = parser.value(QStringLiteral("encoder"));
     request.burnIn = !parser.isSet(QStringLiteral("no-burn-in"));
+    request.recursive = parser.isSet(QStringLiteral("recursive"));
     request.notify = parser.isSet(QStringLiteral("notify"));
     request.quiet = parser.isSet(QStringLiteral("quiet"));
     request.json = parser.isSet(QStringLiteral("json"));
@@ -88,42 +88,42 @@ void readOptions(const QCommandLineParser &parser, Request &request)
         addPath(path, request);
 }
 
-CommandLine versionAnswer(const QString &version, const QCommandLineParser &parser)
+CommandLine versionOutput(const QString &version, const QCommandLineParser &parser)
 {
-    CommandLine answer = {.output = QStringLiteral("marrowcut-cli %1\n").arg(version)};
+    CommandLine result = {.output = QStringLiteral("marrowcut-cli %1\n").arg(version)};
     if (parser.isSet(QStringLiteral("verbose")))
-        answer.encoderToPrint = parser.value(QStringLiteral("encoder"));
-    return answer;
+        result.encoderToPrint = parser.value(QStringLiteral("encoder"));
+    return result;
 }
 
-/// What is wrong with the named encoder, or nothing.
+/// What is wrong with the named encoder, or an empty text.
 QString encoderProblem(const QString &name)
 {
-    const QStringList known = QStringList{QStringLiteral("auto")} + media::encoderNames();
+    const QStringList known = QStringList{automaticEncoder()} + media::encoderNames();
     if (known.contains(name))
         return QString();
-    return QStringLiteral("Unknown encoder '%1': it is %2 or %3.")
+    return QStringLiteral("Unknown encoder '%1'. Use %2 or %3.")
         .arg(name, known.first(known.size() - 1).join(QStringLiteral(", ")), known.last());
 }
 
-/// What is wrong with a request that was read, or nothing.
-QString problemOf(const Request &request, const QCommandLineParser &parser)
+/// What is wrong with a parsed request, or an empty text.
+QString requestProblem(const Request &request, const QCommandLineParser &parser)
 {
     if (!request.quality && parser.isSet(QStringLiteral("quality")))
-        return QStringLiteral("Unknown quality '%1': it is standard, smaller or tiny.")
+        return QStringLiteral("Unknown quality '%1'. Use standard, smaller or tiny.")
             .arg(parser.value(QStringLiteral("quality")));
     if (parser.isSet(QStringLiteral("verbose")))
-        return QStringLiteral("--verbose goes with --version only.");
+        return QStringLiteral("--verbose works with --version only.");
     if (request.json && request.quiet)
-        return QStringLiteral("--json and --quiet exclude each other.");
-    if (request.items.isEmpty() && request.unusableNames.isEmpty() && !request.namesFrom)
+        return QStringLiteral("--json and --quiet cannot be used together.");
+    if (request.namesNothing() && !request.namesFrom)
         return QStringLiteral("No clip or folder was named.");
     return QString();
 }
 
 } // namespace
 
-void addNames(QByteArrayView list, Request &request)
+QString addNames(QByteArrayView list, Request &request)
 {
     while (!list.isEmpty()) {
         const qsizetype separator = list.indexOf('\0');
@@ -131,29 +131,39 @@ void addNames(QByteArrayView list, Request &request)
         list = list.sliced(separator < 0 ? list.size() : separator + 1);
         if (bytes.isEmpty())
             continue;
-        if (const auto name = decodeUtf8(bytes))
+        const auto name = decodeUtf8(bytes);
+        if (bytes.endsWith('\n') && !(name && QFileInfo::exists(*name)))
+            return QStringLiteral(
+                       "The names in %1 end in line feeds. Each has to end in a NUL character, as find "
+                       "-print0 writes them.")
+                .arg(nameListSource(*request.namesFrom));
+        if (name)
             addPath(*name, request);
         else
             request.unusableNames.append(shownBytes(bytes));
     }
+    return QString();
 }
 
 CommandLine parseCommandLine(std::span<char *> arguments, const QString &version)
 {
     Request request;
     QCommandLineParser parser;
-    addKnownOptions(parser);
-    if (!parser.parse(decoded(arguments, request)))
-        return usageError(parser.errorText());
+    parser.setSingleDashWordOptionMode(
+        QCommandLineParser::ParseAsLongOptions); // "-x" is one option, as typed
+    parser.addOptions(knownOptions());
+    const QStringList texts = decoded(arguments, request);
+    if (!parser.parse(texts))
+        return usageError(parseProblem(parser, texts));
     if (parser.isSet(QStringLiteral("help")))
-        return {.output = QString::fromLatin1(usage)};
+        return {.output = helpText()};
     if (const QString problem = encoderProblem(parser.value(QStringLiteral("encoder"))); !problem.isEmpty())
         return usageError(problem);
     if (parser.isSet(QStringLiteral("version")))
-        return versionAnswer(version, parser);
+        return versionOutput(version, parser);
 
     readOptions(parser, request);
-    if (const QString problem = problemOf(request, parser); !problem.isEmpty())
+    if (const QString problem = requestProblem(request, parser); !problem.isEmpty())
         return usageError(problem);
     return {.request = request};
 }

@@ -17,12 +17,15 @@ struct Request {
     std::optional<QualityPreset> quality; ///< absent: the remembered one
     QString encoder;                      ///< one of media::encoderNames(), or "auto"
     bool burnIn = true;
+    bool recursive = false;
     bool notify = false;
     bool quiet = false;
     bool json = false;
     std::optional<QString> namesFrom; ///< file with more names, "-" for standard input; not read yet
-    QList<QUrl> items;                ///< what was named, absolute
-    QStringList unusableNames;        ///< named in bytes that are no text; for showing only
+    QList<QUrl> items;                ///< absolute
+    QStringList unusableNames;        ///< names that are not valid UTF-8; for showing only
+
+    bool namesNothing() const { return items.isEmpty() && unusableNames.isEmpty(); }
 };
 
 struct CommandLine {
@@ -32,10 +35,11 @@ struct CommandLine {
     QString encoderToPrint = {};         ///< value of --encoder to resolve and print as well, unless empty
 };
 
-/// Takes names, separated by NUL, into what the request names. Empty ones don't count.
-void addNames(QByteArrayView list, Request &request);
+/// Adds the names in a list, each ended by a NUL character; empty names are left out. Returns what is wrong
+/// with the list, or an empty text.
+QString addNames(QByteArrayView list, Request &request);
 
-/// Reads the arguments as the system handed them over, the program's name first.
+/// Parses the arguments of main(), the program's name first.
 CommandLine parseCommandLine(std::span<char *> arguments, const QString &version);
 
 } // namespace marrowcut::cli

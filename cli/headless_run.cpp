@@ -46,7 +46,7 @@ bool HeadlessRun::queueItems()
     QList<RefusedItem> refused;
     for (const QString &name : m_request.unusableNames)
         refused.append({name, RefusedItem::Reason::nameIsNotText});
-    refused += m_engine.enqueue(m_request.items);
+    refused += m_engine.enqueue(m_request.items, m_request.recursive ? Subfolders::enter : Subfolders::skip);
     reportRefused(refused);
 
     if (m_request.quality)

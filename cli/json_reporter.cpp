@@ -100,7 +100,7 @@ void JsonReporter::refused(const RefusedItem &item)
     ++m_refusedCount;
     write(QStringLiteral("refused"), {{QStringLiteral("item"), item.path},
                                       {QStringLiteral("reason"), refusalName(item.reason)},
-                                      {QStringLiteral("text"), refusalText(item.reason)},
+                                      {QStringLiteral("text"), refusalText(item)},
                                       {QStringLiteral("failure"), isFailure(item.reason)}});
 }
 

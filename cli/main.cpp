@@ -18,6 +18,7 @@
 
 #include <cstdio>
 #include <memory>
+#include <optional>
 
 using namespace marrowcut;
 using namespace marrowcut::cli;
@@ -32,18 +33,23 @@ int wrongUsage(const QString &problem)
     return nothingToDo;
 }
 
-/// Adds the names that the request only points to. Returns what is wrong, or nothing.
-QString completeNames(Request &request, const GivenInput &input)
+/// Adds the names that --files-from points to. Returns the exit status when there is nothing to run.
+std::optional<int> addListedNames(Request &request, const OriginalInput &input)
 {
     if (!request.namesFrom)
-        return QString();
+        return std::nullopt;
     QString problem;
     const std::optional<QByteArray> list = readNameList(*request.namesFrom, input, problem);
-    if (!list)
-        return problem;
-    addNames(*list, request);
-    const bool namesNothing = request.items.isEmpty() && request.unusableNames.isEmpty();
-    return namesNothing ? QStringLiteral("No clip or folder was named.") : QString();
+    if (list)
+        problem = addNames(*list, request);
+    if (!problem.isEmpty())
+        return wrongUsage(problem);
+    if (!request.namesNothing())
+        return std::nullopt;
+    // No failure: a script that watches a folder often finds nothing new.
+    printError(
+        QStringLiteral("No names in %1, so there is nothing to do.").arg(nameListSource(*request.namesFrom)));
+    return allDone;
 }
 
 bool toolsArePresent()
@@ -66,7 +72,7 @@ std::unique_ptr<NotificationCenter> makeNotificationCenter(bool notify)
     return std::make_unique<MemoryNotificationCenter>(false);
 }
 
-/// Runs the request to its end; the desktop's answers, where they are wanted, included.
+/// Runs the request to its end, a notification included.
 int runRequest(const Request &request)
 {
     const SettingsPreferenceStore remembered;
@@ -76,7 +82,7 @@ int runRequest(const Request &request)
 
     HeadlessRun run(preferences, *notifications, request);
     if (!run.queueItems())
-        return nothingToDo;
+        return run.itemFailed() ? someFailed : nothingToDo;
     if (!toolsArePresent())
         return toolMissing;
 
@@ -91,20 +97,18 @@ int runRequest(const Request &request)
 
 int run(int argc, char *argv[])
 {
-    const GivenInput input;
+    const OriginalInput input;
     setUpProcess();
     CommandLine commandLine = parseCommandLine(std::span(argv, static_cast<std::size_t>(argc)),
                                                readVersionKeys(resourceFolder()).text());
     QTextStream(stdout) << commandLine.output;
     if (!commandLine.error.isEmpty())
         return wrongUsage(commandLine.error);
-    if (!commandLine.request && commandLine.encoderToPrint.isEmpty())
-        return allDone;
-
     if (commandLine.request) {
-        const QString problem = completeNames(*commandLine.request, input);
-        if (!problem.isEmpty())
-            return wrongUsage(problem);
+        if (const std::optional<int> status = addListedNames(*commandLine.request, input))
+            return *status;
+    } else if (commandLine.encoderToPrint.isEmpty()) {
+        return allDone;
     }
     const QCoreApplication application(argc, argv);
     if (commandLine.request)
@@ -112,8 +116,8 @@ int run(int argc, char *argv[])
     return toolsArePresent() ? printEncoder(commandLine.encoderToPrint) : toolMissing;
 }
 
-/// The status, or that of a failure where not all could be printed: a script may rely on what it reads.
-int unlessOutputWasLost(int status)
+/// The exit status, or that of a failure when the output could not be written in full: scripts rely on it.
+int checkedForLostOutput(int status)
 {
     if (std::fflush(stdout) == 0 && !std::ferror(stdout))
         return status;
@@ -125,5 +129,5 @@ int unlessOutputWasLost(int status)
 
 int main(int argc, char *argv[])
 {
-    return unlessOutputWasLost(run(argc, argv));
+    return checkedForLostOutput(run(argc, argv));
 }

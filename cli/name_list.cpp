@@ -11,9 +11,14 @@ namespace marrowcut::cli
 namespace
 {
 
-bool openList(QFile &file, const QString &path, const GivenInput &input)
+bool isStandardInput(const QString &path)
 {
-    if (path == QLatin1String("-"))
+    return path == QLatin1String("-");
+}
+
+bool openList(QFile &file, const QString &path, const OriginalInput &input)
+{
+    if (isStandardInput(path))
         return file.open(input.descriptor(), QIODevice::ReadOnly);
     file.setFileName(path);
     return file.open(QIODevice::ReadOnly);
@@ -21,18 +26,23 @@ bool openList(QFile &file, const QString &path, const GivenInput &input)
 
 } // namespace
 
-GivenInput::GivenInput()
+OriginalInput::OriginalInput()
     : m_descriptor(fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1))
 {
 }
 
-GivenInput::~GivenInput()
+OriginalInput::~OriginalInput()
 {
     if (m_descriptor >= 0)
         close(m_descriptor);
 }
 
-std::optional<QByteArray> readNameList(const QString &path, const GivenInput &input, QString &problem)
+QString nameListSource(const QString &path)
+{
+    return isStandardInput(path) ? QStringLiteral("standard input") : path;
+}
+
+std::optional<QByteArray> readNameList(const QString &path, const OriginalInput &input, QString &problem)
 {
     QFile file;
     if (openList(file, path, input)) {
@@ -40,8 +50,7 @@ std::optional<QByteArray> readNameList(const QString &path, const GivenInput &in
         if (file.error() == QFileDevice::NoError)
             return bytes;
     }
-    const QString name = path == QLatin1String("-") ? QStringLiteral("standard input") : path;
-    problem = QStringLiteral("Cannot read names from %1: %2").arg(name, file.errorString());
+    problem = QStringLiteral("Cannot read names from %1: %2").arg(nameListSource(path), file.errorString());
     return std::nullopt;
 }
 

@@ -8,15 +8,15 @@
 namespace marrowcut::cli
 {
 
-/// The standard input that the program was started with, kept readable after the null device has taken
-/// its place. To be made first thing in main(). Children never get it.
-class GivenInput
+/// The standard input that the program was started with, kept readable after the null device has replaced it.
+/// Construct it first in main(). Child processes don't inherit it.
+class OriginalInput
 {
 public:
-    GivenInput();
-    ~GivenInput();
-    GivenInput(const GivenInput &) = delete;
-    GivenInput &operator=(const GivenInput &) = delete;
+    OriginalInput();
+    ~OriginalInput();
+    OriginalInput(const OriginalInput &) = delete;
+    OriginalInput &operator=(const OriginalInput &) = delete;
 
     int descriptor() const { return m_descriptor; }
 
@@ -24,8 +24,11 @@ private:
     int m_descriptor;
 };
 
-/// The bytes of a file or, where the path is "-", of the input up to its end. Nothing when they cannot
-/// be read; problem then says why.
-std::optional<QByteArray> readNameList(const QString &path, const GivenInput &input, QString &problem);
+/// The source of a list of names as messages show it: the path, or "standard input" for "-".
+QString nameListSource(const QString &path);
+
+/// The contents of a file or, where the path is "-", of the input up to its end. Nothing when they cannot be
+/// read; problem then says why.
+std::optional<QByteArray> readNameList(const QString &path, const OriginalInput &input, QString &problem);
 
 } // namespace marrowcut::cli

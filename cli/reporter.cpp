@@ -25,19 +25,22 @@ QString failureLines(const ProxyJob &job)
 
 } // namespace
 
-QString refusalText(Reason reason)
+QString refusalText(const RefusedItem &item)
 {
-    switch (reason) {
+    switch (item.reason) {
     case Reason::noSuchPath:
         return QStringLiteral("no such file or folder");
     case Reason::notAVideoFile:
         return QStringLiteral("not an MXF, MOV or MP4 file");
     case Reason::folderWithoutVideoFiles:
-        return QStringLiteral("no MXF, MOV or MP4 files in this folder");
+        return hasVideoFilesInSubfolders(item.path)
+                   ? QStringLiteral(
+                         "no MXF, MOV or MP4 files in this folder, but in subfolders; use --recursive")
+                   : QStringLiteral("no MXF, MOV or MP4 files in this folder");
     case Reason::unreadableFolder:
         return QStringLiteral("this folder cannot be read");
     case Reason::nameIsNotText:
-        return QStringLiteral("the name is not valid UTF-8 text; rename the file first");
+        return QStringLiteral("the name is not valid UTF-8 text; rename it first");
     }
     Q_UNREACHABLE();
 }
@@ -50,7 +53,7 @@ bool isFailure(Reason reason)
 
 void Reporter::refused(const RefusedItem &item)
 {
-    printError(QStringLiteral("%1: %2").arg(item.path, refusalText(item.reason)));
+    printError(QStringLiteral("%1: %2").arg(item.path, refusalText(item)));
 }
 
 void Reporter::statusChanged(const ProxyJob &job)

@@ -11,8 +11,8 @@
 namespace marrowcut::cli
 {
 
-/// Why an item was refused, for the user.
-QString refusalText(RefusedItem::Reason reason);
+/// Why an item was refused, for the user. Looks into the subfolders of a folder without clips.
+QString refusalText(const RefusedItem &item);
 
 /// Whether a refused item makes the run fail: it was named and cannot be processed, unlike what a folder or a
 /// wildcard merely brought along.

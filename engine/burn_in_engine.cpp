@@ -46,9 +46,9 @@ bool BurnInEngine::hasSelectedQueuedJobs() const
                        [](const ProxyJob &job) { return job.status.isQueued() && job.isSelected; });
 }
 
-QList<RefusedItem> BurnInEngine::enqueue(const QList<QUrl> &urls)
+QList<RefusedItem> BurnInEngine::enqueue(const QList<QUrl> &urls, Subfolders subfolders)
 {
-    const ExpandedItems items = expandItems(urls);
+    const ExpandedItems items = expandItems(urls, subfolders);
     for (const QUrl &videoFile : items.videoFiles) {
         if (!m_jobs.containsSource(videoFile))
             m_jobs.append(ProxyJob::forSource(videoFile));

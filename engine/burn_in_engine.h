@@ -50,7 +50,7 @@ public:
 
     /// Adds one job for each video file that the files and folders stand for and that is not listed
     /// yet. Returns the items that gave none.
-    QList<RefusedItem> enqueue(const QList<QUrl> &urls);
+    QList<RefusedItem> enqueue(const QList<QUrl> &urls, Subfolders subfolders = Subfolders::skip);
     /// Only a queued job is removed.
     void removeFromQueue(QUuid id);
     /// Queued jobs only; one edit for each.

@@ -11,7 +11,7 @@ namespace
 QString outputFolderPath(const QString &sourcePath)
 {
     const QString folder = sourcePath.left(sourcePath.lastIndexOf(QLatin1Char('/')));
-    return folder + QStringLiteral("/marrowcut_proxies");
+    return folder + QLatin1Char('/') + outputFolderName();
 }
 
 } // namespace
@@ -28,6 +28,11 @@ OutputPaths OutputPaths::forSource(const QUrl &sourceURL)
     paths.tmpOutput = paths.outDir + QStringLiteral("/.tmp_") + paths.proxyFilename;
     paths.manifest = paths.outDir + QStringLiteral("/manifest.csv");
     return paths;
+}
+
+QString outputFolderName()
+{
+    return QStringLiteral("marrowcut_proxies");
 }
 
 QUrl outputFolder(const QUrl &sourceURL)

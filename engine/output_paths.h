@@ -18,6 +18,9 @@ struct OutputPaths {
     static OutputPaths forSource(const QUrl &sourceURL);
 };
 
+/// The name of every output folder.
+QString outputFolderName();
+
 /// The output folder alone.
 QUrl outputFolder(const QUrl &sourceURL);
 

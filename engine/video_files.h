@@ -33,9 +33,15 @@ QString shownBytes(QByteArrayView bytes);
 /// Whether the name ends in .mxf, .mov or .mp4, in any letter case.
 bool isVideoFileName(const QString &name);
 
+enum class Subfolders { skip, enter };
+
 /// Turns files and folders into the video files that they stand for, in the given order. A folder stands for
 /// its own entries with a video file's name, hidden ones included, in the order in which the file system
-/// lists them; subfolders are not entered. Thread-safe.
-ExpandedItems expandItems(const QList<QUrl> &urls);
+/// lists them. With Subfolders::enter it also stands for those of its subfolders, except output folders and
+/// links. Thread-safe.
+ExpandedItems expandItems(const QList<QUrl> &urls, Subfolders subfolders = Subfolders::skip);
+
+/// Whether a folder that has no video files itself has some in subfolders that Subfolders::enter would enter.
+bool hasVideoFilesInSubfolders(const QString &folder);
 
 } // namespace marrowcut

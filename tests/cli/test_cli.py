@@ -124,17 +124,20 @@ class CliTest(unittest.TestCase):
     def test_json_tells_every_event(self):
         make_clip(self.folder / "a,\n\".mov")
         make_clip(self.folder / "b.mov")
+        unsafe = "\x1b[2J\x7f\x9b\u202e\U000e0041.mov"
         self.proxies.mkdir()
         (self.proxies / "b_proxy.mp4").touch()
         (self.folder / "broken.mxf").write_text("nothing")
-        result = self.run_cli("--json", "--no-burn-in", "gone.mov", "notes.txt", "a,\n\".mov", "b.mov", "broken.mxf")
+        result = self.run_cli("--json", "--no-burn-in", unsafe, "notes.txt", "a,\n\".mov", "b.mov", "broken.mxf")
         events, order = self.events(result.stdout)
         self.assertEqual(result.returncode, 1)
         gone, notes, failure = result.stderr.decode().split("\n", 2)
-        self.assertEqual(gone, f"marrowcut-cli: {self.folder}/gone.mov: no such file or folder")
+        self.assertEqual(gone, f"marrowcut-cli: {self.folder}/\\x1B[2J\\x7F\\x9B\\u202E\\U000E0041.mov: "
+                               "no such file or folder")
+        self.assertIn(rb"\u001b[2J\u007f\u009b\u202e\udb40\udc41.mov", result.stdout)
         self.assertRegex(failure, self.FAILURE)
         self.assertEqual(order, [
-            ("refused", "gone.mov"), ("refused", "notes.txt"),
+            ("refused", unsafe), ("refused", "notes.txt"),
             ("queued", "a,\n\".mov"), ("queued", "b.mov"), ("queued", "broken.mxf"),
             ("status", "a,\n\".mov"), ("status", "a,\n\".mov"), ("done", "a,\n\".mov"), ("done", "b.mov"),
             ("status", "broken.mxf"), ("failed", "broken.mxf"), ("summary", "")])
@@ -172,25 +175,53 @@ class CliTest(unittest.TestCase):
     def test_wrong_usage_and_nothing_to_do(self):
         (self.folder / "notes.txt").touch()
         (self.folder / "empty").mkdir()
-        for arguments, complaint in [
-            ([], "No clip or folder was named."),
-            (["--files-from", "-"], "No clip or folder was named."),
-            (["--files-from", "."], "Cannot read names from ."),
-            (["--files-from", "gone"], "Cannot read names from gone: No such file"),
-            (["--nonsense", "x"], "nonsense"),
-            (["--quality", "Tiny", "x"], "Unknown quality 'Tiny'"),
-            (["--encoder", "h265", "x"], "Unknown encoder 'h265'"),
-            (["--verbose", "x"], "--verbose goes with --version only."),
-            (["--json", "--quiet", "x"], "--json and --quiet exclude each other."),
-            (["gone.mov"], f"{self.folder}/gone.mov: no such file or folder"),
-            (["notes.txt"], "not an MXF, MOV or MP4 file"),
-            (["empty"], "no MXF, MOV or MP4 files in this folder"),
-            ([b"bad\xff.mov"], "bad\\xFF.mov: the name is not valid UTF-8"),
+        (self.folder / "-there").touch()
+        (self.folder / "lines").write_text("a.mov\nb.mov\n")
+        for arguments, status, complaint in [
+            ([], 2, "No clip or folder was named."),
+            (["--files-from", "-"], 0, "No names in standard input, so there is nothing to do."),
+            (["--files-from", "."], 2, "Cannot read names from ."),
+            (["--files-from", "gone"], 2, "Cannot read names from gone: No such file"),
+            (["--files-from", "lines"], 2, "The names in lines end in line feeds. Each has to end in a NUL character"),
+            (["--nonsense", "x"], 2, "Unknown option '--nonsense'.\n"),
+            (["--qualty=tiny", "x"], 2, "Unknown option '--qualty=tiny'. Did you mean '--quality'?\n"),
+            (["-clip.MOV"], 2, "Unknown option '-clip.MOV'. For a file of that name, write './-clip.MOV'.\n"),
+            (["-there"], 2, "write './-there'"),
+            ([b"--\x1b[2J\xc2\x9b\xf3\xa0\x81\x81"], 2, "'--\\x1B[2J\\x9B\\U000E0041'"),
+            (["--quality", "Tiny", "x"], 2, "Unknown quality 'Tiny'"),
+            (["--encoder", "h265", "x"], 2, "Unknown encoder 'h265'"),
+            (["--verbose", "x"], 2, "--verbose works with --version only."),
+            (["--json", "--quiet", "x"], 2, "--json and --quiet cannot be used together."),
+            (["gone.mov"], 1, f"{self.folder}/gone.mov: no such file or folder"),
+            (["notes.txt"], 2, "not an MXF, MOV or MP4 file"),
+            (["empty"], 2, "no MXF, MOV or MP4 files in this folder\n"),
+            ([b"bad\xff.mov"], 1, "bad\\xFF.mov: the name is not valid UTF-8"),
         ]:
             with self.subTest(arguments=arguments):
                 result = self.run_cli(*arguments, input=b"\0")
-                self.assertEqual((result.returncode, result.stdout), (2, b""))
+                self.assertEqual((result.returncode, result.stdout), (status, b""))
                 self.assertIn(complaint, result.stderr.decode())
+
+    def test_subfolders(self):
+        for name in ("card/a/b/one.mov", "card/two.mxf", "card/a/marrowcut_proxies/three.mp4", "elsewhere/four.mov"):
+            (self.folder / name).parent.mkdir(parents=True, exist_ok=True)
+            (self.folder / name).write_text("nothing")
+        (self.folder / "card/link").symlink_to("../elsewhere")
+        (self.folder / "card/back").symlink_to("..")
+        (self.folder / "named").symlink_to("card")
+
+        def queued(*arguments):
+            result = self.run_cli("--json", *arguments)
+            return [os.path.relpath(event["clip"], self.folder) for event in self.events(result.stdout)[0]
+                    if event["event"] == "queued"], result.stderr.decode()
+
+        self.assertEqual(queued("card")[0], ["card/two.mxf"])
+        self.assertEqual(queued("--recursive", "card")[0], ["card/two.mxf", "card/a/b/one.mov"])
+        self.assertEqual(queued("--recursive", "named")[0], ["named/two.mxf", "named/a/b/one.mov"])
+        self.assertIn("card/a: no MXF, MOV or MP4 files in this folder, but in subfolders; use --recursive",
+                      queued("card/a")[1])
+        shutil.rmtree(self.folder / "card/a/b")
+        self.assertIn("card/a: no MXF, MOV or MP4 files in this folder\n", queued("card/a")[1])
 
     def test_lost_output_counts_as_failed(self):
         make_clip(self.folder / "a.mov")
@@ -202,8 +233,11 @@ class CliTest(unittest.TestCase):
         self.assertTrue((self.proxies / "a_proxy.mp4").exists())
 
     def test_help_and_version(self):
-        self.assertIn("--no-burn-in", self.run_cli("--help").stdout.decode())
-        self.assertRegex(self.run_cli("--version").stdout.decode(), r"^marrowcut-cli \d+\.\d+ \(\d+\)\n$")
+        help_text = self.run_cli("--help").stdout.decode()
+        self.assertEqual(self.run_cli("-h").stdout.decode(), help_text)
+        self.assertLessEqual(max(map(len, help_text.splitlines())), 80)
+        for option in ("--version", "-V"):
+            self.assertRegex(self.run_cli(option).stdout.decode(), r"^marrowcut-cli \d+\.\d+ \(\d+\)\n$")
 
     def test_missing_tool(self):
         (self.folder / "a.mov").touch()
