@@ -21,8 +21,8 @@ _marrowcut_cli() {
     $split && return
 
     if [[ $cur == -* ]]; then
-        COMPREPLY=($(compgen -W '--quality --encoder --no-burn-in --notify --quiet --json --files-from \
-            --help --version --verbose' -- "$cur"))
+        COMPREPLY=($(compgen -W '--quality --encoder --no-burn-in --recursive --files-from --quiet --json \
+            --notify --help --version --verbose' -- "$cur"))
     else
         _filedir '@(mxf|mov|mp4)'
     fi

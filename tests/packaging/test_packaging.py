@@ -33,6 +33,8 @@ class PackagingTest(unittest.TestCase):
         manual = (PACKAGING / "man/marrowcut-cli.1").read_text().replace("Fl Fl ", "--")
         self.assertEqual(known - options(manual), set())
         self.assertEqual(options((PACKAGING / "completions/_marrowcut-cli").read_text()), known)
+        fish = (PACKAGING / "completions/marrowcut-cli.fish").read_text()
+        self.assertEqual({"--" + name for name in re.findall(r" -l ([a-z-]+)", fish)}, known)
         self.assertEqual(completions(["marrowcut-cli", "--"]), known)
 
     def test_bash_completes_qualities_and_clips(self):
