@@ -1,14 +1,14 @@
 #pragma once
 
+#include "engine/model/output_paths.h"
 #include "engine/model/probed_metadata.h"
-#include "engine/output_paths.h"
 
 #include <QString>
 
 #include <optional>
 
 /// manifest.csv: one per output folder, one line per clip that was probed or encoded. UTF-8, line feeds,
-/// fields as they are, without quoting.
+/// fields unchanged, without quoting.
 namespace marrowcut::Manifest
 {
 
@@ -16,8 +16,9 @@ namespace marrowcut::Manifest
 /// time of processing is taken now.
 QString line(const OutputPaths &paths, const std::optional<ProbedMetadata> &meta, const QString &status);
 
-/// Appends a line; a new file gets the header first, in one step. When that fails nothing is reported
-/// and no part of the line stays behind.
+/// Appends a line; a manifest that is new or empty gets the header first. Any number of processes may do so
+/// at once: header and line are written under a lock that network file systems carry. Gives up silently,
+/// leaving no part of the line behind; a link and what is no regular file are never written to.
 void append(const QString &path, const QString &line);
 
 } // namespace marrowcut::Manifest
