@@ -43,7 +43,7 @@ EncoderResult resolveEncoder(const QString &name, QualityPreset preset, const st
         if (encoder.name != name)
             continue;
         const std::optional<QString> failure =
-            media::encoderTrialFailure(system.with(encoder), preset, media::encoderTrialLimit, stop);
+            media::encoderTestFailure(system.with(encoder), preset, media::encoderTestLimit, stop);
         if (!failure)
             return {.choice = media::EncoderChoice(encoder)};
         return {.problem = QStringLiteral("%1 does not work here:").arg(name), .detail = *failure};
@@ -61,7 +61,7 @@ int printEncoder(const QString &name)
         const QualityPreset preset = QualityPreset::standard;
         EncoderResult result = resolveEncoder(name, preset, stop);
         if (result.choice)
-            result.choice->settle(media::currentSystemValues(), preset, stop);
+            result.choice->resolve(media::currentSystemValues(), preset, stop);
         return result;
     };
     query.start(resolve, [](const auto &result) { QCoreApplication::exit(printResult(result)); });

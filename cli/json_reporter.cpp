@@ -3,7 +3,7 @@
 #include "console_text.h"
 
 #include "engine/failure_advice.h"
-#include "engine/output_paths.h"
+#include "engine/model/output_paths.h"
 #include "engine/queue_summary.h"
 
 #include <QJsonDocument>

@@ -2,7 +2,7 @@
 
 #include "console_text.h"
 
-#include "engine/model/remaining_time_text.h"
+#include "engine/model/proxy_job.h"
 #include "engine/queue_summary.h"
 
 #include <algorithm>

@@ -2,7 +2,7 @@
 
 #include "console_text.h"
 
-#include "engine/output_paths.h"
+#include "engine/model/output_paths.h"
 #include "engine/queue_summary.h"
 
 namespace marrowcut::cli

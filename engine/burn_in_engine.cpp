@@ -1,7 +1,7 @@
 #include "engine/burn_in_engine.h"
 
-#include "engine/completion_notification.h"
 #include "engine/queue_runner.h"
+#include "engine/queue_summary.h"
 #include "platform/notification_center.h"
 #include "platform/preference_store.h"
 
@@ -36,14 +36,12 @@ void BurnInEngine::setQualityPreset(QualityPreset preset)
 
 bool BurnInEngine::hasQueuedJobs() const
 {
-    return std::any_of(jobs().begin(), jobs().end(),
-                       [](const ProxyJob &job) { return job.status.isQueued(); });
+    return std::ranges::any_of(jobs(), [](const ProxyJob &job) { return job.status.isQueued(); });
 }
 
 bool BurnInEngine::hasSelectedQueuedJobs() const
 {
-    return std::any_of(jobs().begin(), jobs().end(),
-                       [](const ProxyJob &job) { return job.status.isQueued() && job.isSelected; });
+    return std::ranges::any_of(jobs(), &ProxyJob::isSelectedAndQueued);
 }
 
 QList<RefusedItem> BurnInEngine::enqueue(const QList<QUrl> &urls, Subfolders subfolders)
@@ -102,17 +100,32 @@ void BurnInEngine::start()
     if (m_isRunning || !hasSelectedQueuedJobs())
         return;
     setRunning(true);
-    const auto work = [this, preset = m_qualityPreset](const std::stop_token &stop) { run(preset, stop); };
+    const auto work = [this, ids = selectedQueuedIds(),
+                       preset = m_qualityPreset](const std::stop_token &stop) { run(ids, preset, stop); };
     if (!m_runThread.start(work))
         setRunning(false);
 }
 
-void BurnInEngine::run(QualityPreset preset, const std::stop_token &stop)
+QList<QUuid> BurnInEngine::selectedQueuedIds() const
 {
-    const auto tellRecorded = [this](const QUuid &id, const QString &manifestLine) {
-        Q_EMIT recorded(id, manifestLine);
+    QList<QUuid> ids;
+    for (const ProxyJob &job : jobs()) {
+        if (job.isSelectedAndQueued())
+            ids.append(job.id);
+    }
+    return ids;
+}
+
+void BurnInEngine::run(const QList<QUuid> &ids, QualityPreset preset, const std::stop_token &stop)
+{
+    const QueueRunner::Observer observer = {
+        .recorded =
+            [this](const QUuid &id, const QString &manifestLine, const std::optional<ProbedMetadata> &meta) {
+                Q_EMIT recorded(id, manifestLine, meta);
+            },
+        .waiting = [this](const std::optional<QUuid> &id) { setWaitingJob(id); },
     };
-    QueueRunner(m_jobs, m_mainThread, m_encoderChoice, chunkSeconds, tellRecorded, stop).runQueue(preset);
+    QueueRunner(m_jobs, m_mainThread, m_encoderChoice, chunkSeconds, observer, stop).runQueue(ids, preset);
     m_mainThread.post([this] { finishRun(); });
 }
 
@@ -120,6 +133,14 @@ void BurnInEngine::setRunning(bool isRunning)
 {
     Q_EMIT willChange();
     m_isRunning = isRunning;
+}
+
+void BurnInEngine::setWaitingJob(const std::optional<QUuid> &id)
+{
+    if (m_waitingJob == id)
+        return;
+    Q_EMIT willChange();
+    m_waitingJob = id;
 }
 
 void BurnInEngine::finishRun()
@@ -139,7 +160,9 @@ void BurnInEngine::notifyCompletion()
 {
     m_notifications.requestAuthorization([engine = QPointer(this)](bool granted) {
         if (granted && engine)
-            engine->m_notifications.add(completionNotification(engine->jobs()));
+            engine->m_notifications.add({QUuid::createUuid().toString(QUuid::WithoutBraces),
+                                         QStringLiteral("Marrowcut"),
+                                         QueueSummary::of(engine->jobs()).completionText()});
     });
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/job_list.h"
+#include "engine/model/probed_metadata.h"
 #include "engine/model/proxy_job.h"
 #include "engine/model/quality_preset.h"
 #include "engine/video_files.h"
@@ -11,6 +12,7 @@
 #include <QObject>
 
 #include <chrono>
+#include <optional>
 
 namespace marrowcut
 {
@@ -18,11 +20,11 @@ namespace marrowcut
 class NotificationCenter;
 class PreferenceStore;
 
-/// Holds the queue and runs it. Main thread only; its own background work comes back there.
+/// Holds the queue and runs it. Main thread only.
 ///
 /// The published state is jobs(), isRunning() and qualityPreset(). Every assignment and every edit of
-/// one field of one job is announced once by willChange(), before it is applied: a slot that reads the
-/// state sees the old value and has to read it again later, from the event loop. Slots must not edit.
+/// one field of one job is announced once by willChange(), before it is applied: a slot sees the old value
+/// and has to read the state again later, from the event loop. Slots must not edit.
 /// Every operation is accepted at any time, also while a run is going on.
 class BurnInEngine : public QObject
 {
@@ -42,7 +44,7 @@ public:
     /// Also remembers the preset, for this and later runs of the program.
     void setQualityPreset(QualityPreset preset);
 
-    /// Instead of the best encoder that works. Before the first run.
+    /// Replaces the default choice, the best encoder that works. Before the first run only.
     void setEncoderChoice(media::EncoderChoice choice) { m_encoderChoice = std::move(choice); }
 
     bool hasQueuedJobs() const;
@@ -62,21 +64,26 @@ public:
     /// Removes every job that is done, skipped or failed.
     void clearCompleted();
 
-    /// Begins a run over the jobs that are queued and selected, with the preset of this moment, and
-    /// returns at once. Nothing when a run is going on, there is no such job, or the system has no thread
-    /// to give; isRunning() tells.
+    /// Starts a run over the jobs that are queued and selected at this moment, with the preset of this
+    /// moment, and returns at once. Does nothing when a run is going on, when there is no such job or when
+    /// no thread can be started; isRunning() is false then.
     virtual void start();
 
+    /// The job whose turn it is and whose clip another Marrowcut has held for more than a second. It keeps
+    /// its status. Changes are announced by willChange().
+    std::optional<QUuid> waitingJob() const { return m_waitingJob; }
+
     /// For quitting: ends the running tool at once and leaves every file as it is. Waits for the run's
-    /// thread, up to the limit, and returns whether it has ended; it always does unless the system
-    /// itself hangs. No run can be started afterwards, and no more edits come.
-    bool interrupt(std::chrono::milliseconds limit);
+    /// thread, up to the limit, and returns whether it has ended; only a system call that hangs holds it.
+    /// No run can be started afterwards, and no more edits come.
+    bool interrupt(std::chrono::milliseconds limit = quitLimit);
 
 Q_SIGNALS:
     void willChange();
     /// A job that was probed or encoded is finished, and this line, its line feed included, was given
-    /// to the manifest. Comes after the edits that finished the job, before any of the next one.
-    void recorded(const QUuid &id, const QString &manifestLine);
+    /// to the manifest; meta is absent when the probe failed. Emitted after the edits that finished the job,
+    /// before any of the next one.
+    void recorded(const QUuid &id, const QString &manifestLine, const std::optional<ProbedMetadata> &meta);
 
 protected:
     /// For a subclass that stages jobs in any state.
@@ -84,7 +91,9 @@ protected:
     void setRunning(bool isRunning);
 
 private:
-    void run(QualityPreset preset, const std::stop_token &stop);
+    QList<QUuid> selectedQueuedIds() const;
+    void run(const QList<QUuid> &ids, QualityPreset preset, const std::stop_token &stop);
+    void setWaitingJob(const std::optional<QUuid> &id);
     void finishRun();
     void notifyCompletion();
 
@@ -92,8 +101,9 @@ private:
     NotificationCenter &m_notifications;
     JobList m_jobs;
     bool m_isRunning = false;
+    std::optional<QUuid> m_waitingJob;
     QualityPreset m_qualityPreset;
-    media::EncoderChoice m_encoderChoice; ///< the run's thread's while there is one
+    media::EncoderChoice m_encoderChoice; ///< used by the run's thread alone while there is one
     MainThreadQueue m_mainThread;
     BackgroundThread m_runThread;
 };

@@ -1,8 +1,8 @@
 #include "engine/failure_advice.h"
 
-#include "media/ffmpeg_locator.h"
+#include "engine/model/output_paths.h"
 
-#include <QFileInfo>
+#include <QStringList>
 
 #include <array>
 
@@ -13,50 +13,106 @@ namespace
 {
 
 struct Advice {
-    const char *complaint; ///< of a tool or of the system, as it stands in a detail
+    const char *message; ///< of a tool, of the system or of the encoder, as it stands in a detail
     const char *text;
 };
 
-constexpr const char *damaged = "The clip is damaged, or no video. Copy it from the card again, then retry.";
+constexpr const char *otherDisk =
+    "Nothing can be written beside the clip. Copy the clips to another disk and add them from there.";
+constexpr const char *undecodable =
+    "ffmpeg cannot decode this clip. If it plays elsewhere, its format is not supported or its media is in "
+    "other files; if not, copy it from the card again, then retry.";
 
-constexpr std::array knownComplaints = {
-    Advice{"No space left on device", "The disk is full. Make room on it, then retry."},
-    Advice{"Disk quota exceeded", "Your share of the disk is used up. Make room, then retry."},
-    Advice{"Read-only file system",
-           "The clip's disk cannot be written to. Copy the clip to another disk and add it from there."},
+/// The first that stands in the detail counts. Each names at most one place: %1 is the proxy's folder, %2 the
+/// proxy, %3 the work folder.
+constexpr std::array knownMessages = {
+    Advice{"There is a folder in the place of the proxy", "Rename or move the folder %2, then retry."},
+    Advice{"could not be made anew", "Remove the folder %3, then retry."},
+    Advice{"is a link that was not made here", "Remove that link, then retry."},
+    Advice{"was changed or replaced while", "Wait until the clip is copied completely, then retry."},
+    Advice{"Disk quota exceeded", "Your disk quota is used up. Make room, then retry."},
+    Advice{"Read-only file system", otherDisk},
     Advice{"Input/output error", "The disk could not be read or written. Check its connection, then retry."},
+    Advice{"could not be moved to", "Check the permissions of %1, then retry."},
+    Advice{"not enough memory", "Close other programs, then retry."},
+    Advice{"was ended by signal", "ffmpeg crashed or was ended from outside, for example because the memory "
+                                  "ran out. Close other programs, then retry."},
     Advice{"Is a directory", "This is a folder with the name of a clip. Add the clips in it instead."},
-    Advice{"moov atom not found", "The clip is incomplete, or no video. If its recording or copying was "
-                                  "broken off, copy it from the card again."},
-    Advice{"Could not find codec parameters", damaged},
-    Advice{
-        "Error setting option rate to value 0/0",
-        "The clip tells no frame rate, so its timecode cannot be drawn. Without burn-in it can be encoded."},
-    Advice{"Invalid data found when processing input", damaged},
-    Advice{"Cannot determine format of input stream", damaged},
-    Advice{"has no pictures", damaged},
+    Advice{"This is a text file", "Add the camera's own files instead."},
+    Advice{"moov atom not found", "The clip is incomplete or is not a video. If its recording or copying was "
+                                  "interrupted, copy it from the card again."},
+    Advice{"Error setting option rate to value 0/0",
+           "The clip reports no frame rate, so its timecode cannot be drawn. Turn burn-in off for this clip "
+           "and try again."},
+    Advice{"Unable to parse timecode",
+           "The clip's timecode cannot be drawn. Turn burn-in off for this clip and try again."},
+    Advice{"Drop frame is only allowed",
+           "The clip's drop-frame timecode does not fit its frame rate. Turn burn-in off for this clip and "
+           "try again."},
+    Advice{"could not find a valid video stream",
+           "The clip has no video that can be read. If this is said of every clip, check that FFmpeg is "
+           "installed."},
+    Advice{"is not complete", "Check that the disk is not full, then retry."},
+    Advice{"Could not find codec parameters", undecodable},
+    Advice{"Invalid data found when processing input", undecodable},
+    Advice{"Cannot determine format of input stream", undecodable},
+    Advice{"has no frames", undecodable},
 };
 
-/// A folder that could not be made is reported like a clip that is gone: the file system knows which it is.
-QString placeAdvice(const ProxyJob &job)
+QString diskFullAdvice(const QString &detail, const OutputPaths &paths)
 {
-    const QFileInfo clip(job.sourceURL.toLocalFile());
-    if (!clip.exists())
-        return QStringLiteral("The clip is not there any more. Connect its disk again, then retry.");
-    if (!clip.isReadable())
-        return QStringLiteral("The clip may not be read. Change its permissions, then retry.");
-    return QStringLiteral("Nothing can be written beside the clip. Change the permissions of %1, then retry.")
-        .arg(clip.path());
+    const QString advice = QStringLiteral("The disk is full. Make room on it, then retry.");
+    if (!detail.contains(paths.workFolder))
+        return advice;
+    return advice + QStringLiteral(" The finished pieces are in the hidden folder %1.").arg(paths.workFolder);
 }
 
-QString missingTool()
+/// For messages that name a path: it makes a difference whether that is the clip or its proxy's place.
+QString placeAdvice(const QString &detail, const QString &source, const OutputPaths &paths)
 {
-    for (const QString &path : {media::FFmpegLocator::ffmpegPath(), media::FFmpegLocator::ffprobePath()}) {
-        if (const QFileInfo tool(path); !tool.isFile() || !tool.isExecutable())
-            return QStringLiteral("%1 is missing: it was expected at %2. Install FFmpeg, then retry.")
-                .arg(tool.fileName(), path);
+    const bool isDenied = detail.contains(QLatin1String("Permission denied"));
+    if (!isDenied && !detail.contains(QLatin1String("No such file or directory")))
+        return QString();
+    if (detail.contains(paths.outDir)) {
+        return isDenied
+                   ? QStringLiteral("Nothing can be written in %1. Change the permissions there, or copy the "
+                                    "clips to another disk and add them from there.")
+                         .arg(paths.outDir)
+                   : QStringLiteral(
+                         "The folder %1 is not there any more. Connect its disk again, then retry.")
+                         .arg(paths.outDir);
+    }
+    if (!detail.contains(source))
+        return QString();
+    return isDenied ? QStringLiteral(
+                          "The clip cannot be read (no permission). Change its permissions, then retry.")
+                    : QStringLiteral("The clip is not there any more. Connect its disk again, then retry.");
+}
+
+/// The text with the place that its marker stands for.
+QString filledIn(QString text, const OutputPaths &paths)
+{
+    for (const auto &[marker, path] : {std::pair(QStringLiteral("%1"), paths.outDir),
+                                       std::pair(QStringLiteral("%2"), paths.finalOutput),
+                                       std::pair(QStringLiteral("%3"), paths.workFolder)}) {
+        if (text.contains(marker))
+            return text.replace(marker, path);
+    }
+    return text;
+}
+
+QString knownAdvice(const QString &detail, const OutputPaths &paths)
+{
+    for (const Advice &known : knownMessages) {
+        if (detail.contains(QLatin1String(known.message)))
+            return filledIn(QString::fromLatin1(known.text), paths);
     }
     return QString();
+}
+
+bool isStatistics(const QString &line)
+{
+    return line.contains(QLatin1String("time=")) && line.contains(QLatin1String("bitrate="));
 }
 
 } // namespace
@@ -65,18 +121,21 @@ QString failureAdvice(const ProxyJob &job)
 {
     if (!job.status.isFailed())
         return QString();
-    if (const QString advice = missingTool(); !advice.isEmpty())
-        return advice;
     const QString detail = job.errorDetail.value_or(QString());
-    for (const Advice &known : knownComplaints) {
-        if (detail.contains(QLatin1String(known.complaint)))
-            return QString::fromLatin1(known.text);
-    }
-    for (const char *complaint : {"No such file or directory", "Permission denied"}) {
-        if (detail.contains(QLatin1String(complaint)))
-            return placeAdvice(job);
-    }
-    return QString();
+    if (detail.isEmpty())
+        return QStringLiteral("ffmpeg could not be started. Check that FFmpeg is installed, then retry.");
+    const OutputPaths paths = OutputPaths::forSource(job.sourceURL);
+    if (detail.contains(QLatin1String("No space left on device")))
+        return diskFullAdvice(detail, paths);
+    const QString advice = knownAdvice(detail, paths);
+    return advice.isEmpty() ? placeAdvice(detail, job.sourceURL.toLocalFile(), paths) : advice;
+}
+
+QString errorMessages(const ProxyJob &job)
+{
+    QStringList lines = job.errorDetail.value_or(QString()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    lines.removeIf(isStatistics);
+    return lines.join(QLatin1Char('\n')).trimmed();
 }
 
 } // namespace marrowcut

@@ -1,58 +1,110 @@
 #include "engine/queue_runner.h"
 
 #include "engine/manifest.h"
-#include "engine/output_paths.h"
-#include "media/encoders.h"
+#include "media/error_output.h"
 #include "media/output_files.h"
 #include "media/probe.h"
 #include "platform/background_thread.h"
-#include "platform/folder_lock.h"
+#include "platform/clip_lock.h"
 #include "platform/main_thread_queue.h"
 
-#include <QDir>
 #include <QFileInfo>
+
+#include <new>
 
 namespace marrowcut
 {
 
+namespace
+{
+
+/// Whether the encoder itself reported an error, as "[h264_nvenc @ 0x…] …" or by its quoted name.
+bool isReportedBy(const media::VideoEncoder &encoder, const QString &line)
+{
+    return line.contains(QLatin1Char('[') + encoder.name + QStringLiteral(" @")) ||
+           line.contains(QLatin1Char('\'') + encoder.name + QLatin1Char('\''));
+}
+
+QString firstLineReportedBy(const media::VideoEncoder &encoder, const QString &stderrTail)
+{
+    for (const QString &line : stderrTail.split(QLatin1Char('\n'))) {
+        if (isReportedBy(encoder, line))
+            return line;
+    }
+    return QString();
+}
+
+/// The texts' last lines, as many as a tail holds.
+QString joinedTail(std::initializer_list<QString> texts)
+{
+    media::StderrTail tail;
+    for (const QString &text : texts)
+        tail.append(text);
+    return tail.text();
+}
+
+} // namespace
+
 QueueRunner::QueueRunner(JobList &jobs, MainThreadQueue &mainThread, media::EncoderChoice &encoderChoice,
-                         double chunkSeconds, Recorded recorded, std::stop_token stop)
+                         double chunkSeconds, Observer observer, std::stop_token stop)
     : m_jobs(jobs)
     , m_mainThread(mainThread)
     , m_encoderChoice(encoderChoice)
     , m_chunkSeconds(chunkSeconds)
-    , m_recorded(std::move(recorded))
+    , m_observer(std::move(observer))
     , m_stop(std::move(stop))
     , m_system(media::currentSystemValues())
 {
 }
 
-void QueueRunner::runQueue(QualityPreset preset)
+void QueueRunner::runQueue(const QList<QUuid> &ids, QualityPreset preset)
 {
-    for (const QUuid &id : selectedQueuedIds())
+    for (const QUuid &id : ids)
         processJob(id, preset);
 }
 
 void QueueRunner::processJob(const QUuid &id, QualityPreset preset)
 {
-    const std::optional<ProxyJob> job = copyOf(id);
+    std::optional<ProxyJob> job = copyOf(id);
     if (!job)
         return; // removed meanwhile
     const OutputPaths paths = OutputPaths::forSource(job->sourceURL);
-    QDir().mkpath(paths.outDir);
-    const FolderLock lock(paths.outDir, m_stop); // the window and the command line may run at once
-    if (QFileInfo(paths.finalOutput).isFile()) {
-        finish(id, JobStatus::skipped());
+    const QString folderProblem = media::makeFolder(paths.outDir);
+    if (isSkipped(id, paths))
         return;
+    const auto onLongWait = [&] { postWaiting(id); };
+    const ClipLock lock(paths.outDir, paths.proxyFilename, onLongWait, m_stop);
+    if (lock.hasWaited()) {
+        postWaiting(std::nullopt);
+        job = copyOf(id); // it may have been removed or changed
+        if (!job || isSkipped(id, paths))
+            return;
     }
     media::removeIfThere(paths.tmpOutput);
-    processUnfinished(*job, paths, preset);
+    try {
+        processUnfinished(*job, paths, folderProblem, preset);
+    } catch (const std::bad_alloc &) {
+        fail(id, QStringLiteral("encode error"),
+             QStringLiteral("There was not enough memory for this clip."));
+        record(id, paths, std::nullopt, QStringLiteral("failed: encode error"));
+    }
 }
 
-void QueueRunner::processUnfinished(const ProxyJob &job, const OutputPaths &paths, QualityPreset preset)
+/// A proxy that is there was finished: it gets its name by the last step of its encode.
+bool QueueRunner::isSkipped(const QUuid &id, const OutputPaths &paths)
+{
+    if (!QFileInfo(paths.finalOutput).isFile())
+        return false;
+    finish(id, JobStatus::skipped());
+    return true;
+}
+
+void QueueRunner::processUnfinished(const ProxyJob &job, const OutputPaths &paths,
+                                    const QString &folderProblem, QualityPreset preset)
 {
     const QString source = job.sourceURL.toLocalFile();
     setStatus(job.id, JobStatus::probing());
+    const media::FileStamp stamp = media::FileStamp::of(source);
     const std::optional<ProbedMetadata> meta = media::probe(source, m_stop);
     if (!meta) {
         fail(job.id, QStringLiteral("could not read metadata"), media::probeFailureDetail(source, m_stop));
@@ -61,18 +113,24 @@ void QueueRunner::processUnfinished(const ProxyJob &job, const OutputPaths &path
     }
 
     setStatus(job.id, JobStatus::encoding());
-    const media::EncodeResult result = encode({source, *meta, job.id, preset, job.burnInEnabled}, paths);
+    finishAndRecord(job.id, paths, *meta,
+                    encode({source, stamp, paths, *meta, job.id, preset, job.burnInEnabled}, folderProblem));
+}
+
+void QueueRunner::finishAndRecord(const QUuid &id, const OutputPaths &paths, const ProbedMetadata &meta,
+                                  const media::EncodeResult &result)
+{
     const QString outcome = result.success ? QStringLiteral("done") : QStringLiteral("failed: encode error");
     try {
         if (result.success)
-            finish(job.id, JobStatus::done());
+            finish(id, JobStatus::done());
         else
-            fail(job.id, QStringLiteral("encode error"), result.stderrTail);
+            fail(id, QStringLiteral("encode error"), result.stderrTail);
     } catch (const Interrupted &) {
-        record(job.id, paths, meta, outcome); // nobody sees the status any more, but the file is there
+        record(id, paths, meta, outcome); // the status is shown to nobody any more, but the proxy exists
         throw;
     }
-    record(job.id, paths, meta, outcome);
+    record(id, paths, meta, outcome);
 }
 
 void QueueRunner::record(const QUuid &id, const OutputPaths &paths, const std::optional<ProbedMetadata> &meta,
@@ -80,43 +138,45 @@ void QueueRunner::record(const QUuid &id, const OutputPaths &paths, const std::o
 {
     const QString line = Manifest::line(paths, meta, status);
     Manifest::append(paths.manifest, line);
-    m_mainThread.post([recorded = m_recorded, id, line] { recorded(id, line); });
+    m_mainThread.post([recorded = m_observer.recorded, id, line, meta] { recorded(id, line, meta); });
 }
 
-media::EncodeResult QueueRunner::encode(const media::EncodeJob &encodeJob, const OutputPaths &paths)
+media::EncodeResult QueueRunner::encode(const media::EncodeJob &encodeJob, const QString &folderProblem)
 {
-    const media::VideoEncoder &alwaysWorks = m_system.videoEncoder;
-    const media::VideoEncoder &encoder = m_encoderChoice.settle(m_system, encodeJob.preset, m_stop);
-    const media::EncodeResult result = encodeWith(encoder, encodeJob, paths);
-    if (result.success || encoder.name == alwaysWorks.name)
+    // Looked at before the whole encode is made in vain.
+    if (const QString problem = media::folderInPlace(encodeJob.paths.finalOutput); !problem.isEmpty())
+        return {false, problem};
+    const media::EncodeResult result = encodeWithBest(encodeJob);
+    if (result.success || folderProblem.isEmpty())
         return result;
-    media::removeIfThere(paths.tmpOutput); // a work folder goes when the next try begins
+    return {false, joinedTail({result.stderrTail, folderProblem})};
+}
+
+/// What a hardware encoder itself fails on is encoded in software, from the start.
+media::EncodeResult QueueRunner::encodeWithBest(const media::EncodeJob &encodeJob)
+{
+    const media::VideoEncoder &software = m_system.videoEncoder;
+    const media::VideoEncoder &encoder = m_encoderChoice.resolve(m_system, encodeJob.preset, m_stop);
+    const media::EncodeResult result = encodeWith(encoder, encodeJob);
+    const QString reason = firstLineReportedBy(encoder, result.stderrTail);
+    if (result.success || encoder.name == software.name || reason.isEmpty())
+        return result;
+    media::removeIfThere(encodeJob.paths.tmpOutput); // a work folder is made anew anyway
     postProgress(encodeJob.jobId, 0, std::nullopt);
-    return encodeWith(alwaysWorks, encodeJob, paths);
+    const media::EncodeResult second = encodeWith(software, encodeJob);
+    return {second.success, second.success ? second.stderrTail : joinedTail({reason, second.stderrTail})};
 }
 
 media::EncodeResult QueueRunner::encodeWith(const media::VideoEncoder &encoder,
-                                            const media::EncodeJob &encodeJob, const OutputPaths &paths)
+                                            const media::EncodeJob &encodeJob)
 {
     const auto publish = [this](const QUuid &id, double progress, std::optional<double> etaSeconds) {
         postProgress(id, progress, etaSeconds);
     };
     const media::EncodeContext context = {m_system.with(encoder), publish, m_stop};
     if (encodeJob.meta.duration > m_chunkSeconds)
-        return media::runChunked(encodeJob, paths.outDir, paths.finalOutput, m_chunkSeconds, context);
-    return media::runSinglePass(encodeJob, paths.finalOutput, paths.tmpOutput, context);
-}
-
-QList<QUuid> QueueRunner::selectedQueuedIds()
-{
-    QList<QUuid> ids;
-    m_mainThread.performAndWait([&] {
-        for (const ProxyJob &job : m_jobs.jobs()) {
-            if (job.status.isQueued() && job.isSelected)
-                ids.append(job.id);
-        }
-    });
-    return ids;
+        return media::runChunked(encodeJob, m_chunkSeconds, context);
+    return media::runSinglePass(encodeJob, context);
 }
 
 std::optional<ProxyJob> QueueRunner::copyOf(const QUuid &id)
@@ -155,13 +215,20 @@ void QueueRunner::fail(const QUuid &id, const QString &message, const QString &d
     });
 }
 
+// What is posted may be done after this object is gone: it refers to the engine's list only.
+
 void QueueRunner::postProgress(const QUuid &id, double progress, std::optional<double> etaSeconds)
 {
-    m_mainThread.post([this, id, progress, etaSeconds] {
-        m_jobs.set(id, &ProxyJob::status, JobStatus::encoding());
-        m_jobs.set(id, &ProxyJob::progress, progress);
-        m_jobs.set(id, &ProxyJob::etaSeconds, etaSeconds);
+    m_mainThread.post([&jobs = m_jobs, id, progress, etaSeconds] {
+        jobs.set(id, &ProxyJob::status, JobStatus::encoding());
+        jobs.set(id, &ProxyJob::progress, progress);
+        jobs.set(id, &ProxyJob::etaSeconds, etaSeconds);
     });
+}
+
+void QueueRunner::postWaiting(const std::optional<QUuid> &id)
+{
+    m_mainThread.post([waiting = m_observer.waiting, id] { waiting(id); });
 }
 
 } // namespace marrowcut

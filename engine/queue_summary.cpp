@@ -11,7 +11,7 @@ QueueSummary QueueSummary::of(const QList<ProxyJob> &jobs)
         summary.doneCount += job.status.isSuccessful();
         summary.failedCount += job.status.isFailed();
         summary.queuedCount += job.status.isQueued();
-        summary.selectedQueuedCount += job.status.isQueued() && job.isSelected;
+        summary.selectedQueuedCount += job.isSelectedAndQueued();
         shares += job.status.isFinished() ? 1.0 : job.progress;
     }
     summary.jobCount = jobs.size();
@@ -23,6 +23,15 @@ QueueSummary QueueSummary::of(const QList<ProxyJob> &jobs)
 QString QueueSummary::doneText() const
 {
     return QStringLiteral("%1 of %2 done").arg(doneCount).arg(jobCount);
+}
+
+QString QueueSummary::completionText() const
+{
+    if (failedCount > 0)
+        return QStringLiteral("%1 done, %2 failed.").arg(doneCount).arg(failedCount);
+    return QStringLiteral("%1 file%2 done.")
+        .arg(doneCount)
+        .arg(doneCount == 1 ? QString() : QStringLiteral("s"));
 }
 
 } // namespace marrowcut

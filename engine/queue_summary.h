@@ -8,7 +8,7 @@
 namespace marrowcut
 {
 
-/// What the job list amounts to as a whole, from one walk over it.
+/// Counts over the whole job list.
 struct QueueSummary {
     qsizetype jobCount = 0;
     qsizetype doneCount = 0; ///< done or skipped
@@ -25,6 +25,9 @@ struct QueueSummary {
 
     /// Such as "3 of 5 done".
     QString doneText() const;
+    /// What the notification at the end of a run says: "3 done, 1 failed." when anything failed, else
+    /// "1 file done.", "12 files done.".
+    QString completionText() const;
 
     bool operator==(const QueueSummary &) const = default;
 

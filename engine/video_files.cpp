@@ -1,6 +1,6 @@
 #include "engine/video_files.h"
 
-#include "engine/output_paths.h"
+#include "engine/model/output_paths.h"
 #include "platform/file_names.h"
 
 #include <QByteArrayList>

@@ -1,13 +1,10 @@
-#include "media/encoders.h"
-
 #include "media/encoder_arguments.h"
-#include "media/error_output.h"
+#include "media/encoder_run.h"
+#include "media/encoders.h"
 #include "media/ffmpeg_locator.h"
 #include "media/output_files.h"
-#include "media/process_runner.h"
 #include "media/progress_parsing.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QSaveFile>
 
@@ -20,101 +17,91 @@ namespace marrowcut::media
 namespace
 {
 
-/// After an hour of neither pictures nor sound the container's duration is taken as wrong: a damaged one can
-/// say tens of thousands of pieces.
-constexpr int emptyPiecesAtMost = 40;
+/// After an hour of neither frames nor sound the container's duration is taken as wrong: a damaged clip can
+/// claim tens of thousands of pieces.
+constexpr double longestGap = 3600; // seconds
 
-/// One chunked run: its folder, the parts that are finished, and what the tools said.
+/// One chunked run: the parts that are finished, and the tail of all its runs of ffmpeg.
 class ChunkedEncode
 {
 public:
-    ChunkedEncode(const EncodeJob &job, const QString &outDir, double chunkSeconds,
-                  const EncodeContext &context)
+    ChunkedEncode(const EncodeJob &job, double chunkSeconds, const EncodeContext &context)
         : m_job(job)
         , m_context(context)
         , m_chunkSeconds(chunkSeconds)
         , m_pieceCount(pieceCount(job.meta.duration, chunkSeconds))
-        , m_baseName(QFileInfo(job.source).completeBaseName())
-        , m_workFolder(outDir + QStringLiteral("/.chunks_") + m_baseName)
-        , m_joinedOutput(outDir + QStringLiteral("/.tmp_") + m_baseName + QStringLiteral("_proxy.mp4"))
     {
     }
 
-    EncodeResult run(const QString &finalOutput)
+    EncodeResult run()
     {
-        const bool success = encodePieces() && join() && moveIntoPlace(m_joinedOutput, finalOutput);
+        const bool success =
+            encodePieces() && join() && publishOutput(m_job.paths.tmpOutput, m_job.paths.finalOutput, m_tail);
         if (success)
-            removeFolder(m_workFolder);
+            removeFolder(m_job.paths.workFolder);
         return {success, m_tail.text()};
     }
 
 private:
     bool encodePieces()
     {
-        removeFolder(m_workFolder);
-        QDir().mkpath(m_workFolder);
+        if (const QString problem = makeFolderAnew(m_job.paths.workFolder); !problem.isEmpty())
+            return fail(problem);
         const double duration = m_job.meta.duration;
         for (Piece piece; piece.start < duration; ++piece.index, piece.start += m_chunkSeconds) {
             piece.length = std::min(m_chunkSeconds, duration - piece.start);
-            if (!encode(piece))
+            if (!sourceIsUnchanged() || !encode(piece))
                 return false;
-            if (m_emptyPieces == emptyPiecesAtMost)
+            if (m_emptyPieces * m_chunkSeconds >= longestGap)
                 break;
         }
-        if (!m_anyPictures)
-            m_tail.append(noPictures());
-        return m_anyPictures;
+        if (!m_anyFrames)
+            return fail(noFrames());
+        return sourceIsUnchanged();
+    }
+
+    /// A clip that was replaced meanwhile would give a proxy of two clips.
+    bool sourceIsUnchanged()
+    {
+        if (!QFileInfo::exists(m_job.source) || FileStamp::of(m_job.source) == m_job.sourceStamp)
+            return true;
+        return fail(QStringLiteral("The clip was changed or replaced while it was being encoded."));
     }
 
     bool encode(const Piece &piece)
     {
         const QString name = QString::asprintf("part_%04lld.mp4", piece.index);
-        const QString path = m_workFolder + QLatin1Char('/') + name;
-        std::optional<qint64> pictures;
-        bool hasSound = false;
-        const auto onLine = [&](const QString &line) {
-            m_tail.append(line);
-            publishLine(line, piece);
-            hasSound = hasSound || parseTimeSeconds(line).value_or(0) > 0;
-            if (const auto count = parseFrameCount(line))
-                pictures = count;
-        };
-        try {
-            const qint32 status = ProcessRunner::runStreaming(
-                FFmpegLocator::ffmpegPath(), pieceArguments(m_job, m_context.system, piece, path), onLine,
-                {.stop = m_context.stop});
-            if (status != 0 || !isFinished(path))
-                return false;
-        } catch (const ProcessRunner::LaunchError &) {
+        const QString path = m_job.paths.workFolder + QLatin1Char('/') + name;
+        const EncoderRun run =
+            runEncoder(pieceArguments(m_job, m_context.system, piece, path), path, m_tail,
+                       [&](const QString &line) { publishLine(line, piece); }, {.stop = m_context.stop});
+        if (!run.success)
             return false;
-        }
-        const bool hasPictures = pictures ? *pictures > 0 : hasVideoStream(path);
-        keepPart(name, hasPictures);
-        m_emptyPieces = hasPictures || hasSound ? 0 : m_emptyPieces + 1;
+        const bool hasFrames = run.frameCount ? *run.frameCount > 0 : hasVideoStream(path);
+        keepPart(name, hasFrames);
+        m_emptyPieces = hasFrames || run.hasSound ? 0 : m_emptyPieces + 1;
         return true;
     }
 
-    /// Sound or a rounded duration can reach past the last picture. The piece beyond it has no
-    /// pictures, and joined to pieces that have some it would ruin the whole file's timing.
-    void keepPart(const QString &name, bool hasPictures)
+    /// Sound or a rounded duration can reach past the last frame. The piece beyond it has no frames, and
+    /// joined to pieces that have some it would ruin the whole file's timing.
+    void keepPart(const QString &name, bool hasFrames)
     {
-        if (hasPictures || !m_anyPictures)
+        if (hasFrames || !m_anyFrames)
             m_parts.append(name);
-        m_anyPictures = m_anyPictures || hasPictures;
+        m_anyFrames = m_anyFrames || hasFrames;
     }
 
     bool hasVideoStream(const QString &path) const
     {
-        const QStringList arguments = {
-            QStringLiteral("-v"),  QStringLiteral("error"),         QStringLiteral("-select_streams"),
-            QStringLiteral("v:0"), QStringLiteral("-show_entries"), QStringLiteral("stream=index"),
-            QStringLiteral("-of"), QStringLiteral("csv=p=0"),       path};
+        const QStringList arguments =
+            ffprobeArguments(QStringLiteral("stream=index"), path, QStringLiteral("v:0"), csvFormat());
         try {
-            const auto answer =
+            const auto result =
                 ProcessRunner::run(FFmpegLocator::ffprobePath(), arguments, {.stop = m_context.stop});
-            return !answer.stdout.trimmed().isEmpty();
+            return !result.stdout.trimmed().isEmpty();
         } catch (const ProcessRunner::LaunchError &) {
-            return true; // not known to be without pictures
+            return true; // not known to be without frames
         }
     }
 
@@ -132,34 +119,21 @@ private:
 
     bool join()
     {
+        const QString &workFolder = m_job.paths.workFolder;
+        const QString &output = m_job.paths.tmpOutput;
+        if (const QString problem = linkProblem(output); !problem.isEmpty())
+            return fail(problem);
         const QString listName = QStringLiteral("concat.txt");
-        const QString listPath = m_workFolder + QLatin1Char('/') + listName;
+        const QString listPath = workFolder + QLatin1Char('/') + listName;
         writeJoinList(listPath);
-
         // The demuxer takes # and ? in its list's path for parts of a web address.
         const bool inWorkFolder = listPath.contains(QLatin1Char('#')) || listPath.contains(QLatin1Char('?'));
         ProcessRunner::Options options = {.stop = m_context.stop};
         if (inWorkFolder)
-            options.workingDirectory = m_workFolder;
+            options.workingDirectory = workFolder;
         const QStringList arguments =
-            joinArguments(inWorkFolder ? listName : listPath, m_job.meta.tc, m_joinedOutput);
-        try {
-            const auto result = ProcessRunner::run(FFmpegLocator::ffmpegPath(), arguments, options);
-            m_tail.append(result.stderr);
-            // A part that cannot be read ends the joining early, with success and this among the last words.
-            return result.status == 0 && !result.stderr.contains(QStringLiteral("Impossible to open")) &&
-                   isFinished(m_joinedOutput);
-        } catch (const ProcessRunner::LaunchError &) {
-            return false;
-        }
-    }
-
-    bool isFinished(const QString &path)
-    {
-        const bool finished = isFinishedMp4(path);
-        if (!finished)
-            m_tail.append(unfinishedFile());
-        return finished;
+            joinArguments(inWorkFolder ? listName : listPath, m_job.meta.tc, output);
+        return runJoin(arguments, output, m_tail, options);
     }
 
     void writeJoinList(const QString &path) const
@@ -172,16 +146,19 @@ private:
         list.commit();
     }
 
+    bool fail(const QString &reason)
+    {
+        m_tail.append(reason);
+        return false;
+    }
+
     const EncodeJob &m_job;
     const EncodeContext &m_context;
     const double m_chunkSeconds;
     const double m_pieceCount;
-    const QString m_baseName;
-    const QString m_workFolder;
-    const QString m_joinedOutput;
     StderrTail m_tail;
     QStringList m_parts;
-    bool m_anyPictures = false;
+    bool m_anyFrames = false;
     int m_emptyPieces = 0; ///< in a row, up to the last one
 };
 
@@ -192,10 +169,9 @@ double pieceCount(double duration, double chunkSeconds)
     return std::max(std::ceil(duration / chunkSeconds), 1.0);
 }
 
-EncodeResult runChunked(const EncodeJob &job, const QString &outDir, const QString &finalOutput,
-                        double chunkSeconds, const EncodeContext &context)
+EncodeResult runChunked(const EncodeJob &job, double chunkSeconds, const EncodeContext &context)
 {
-    return ChunkedEncode(job, outDir, chunkSeconds, context).run(finalOutput);
+    return ChunkedEncode(job, chunkSeconds, context).run();
 }
 
 } // namespace marrowcut::media

@@ -122,20 +122,30 @@ QStringList pieceArguments(const EncodeJob &job, const SystemValues &system, con
 
 QStringList joinArguments(const QString &joinList, const QString &tc, const QString &output)
 {
-    return {QStringLiteral("-y"),
-            QStringLiteral("-loglevel"),
-            QStringLiteral("warning"),
-            QStringLiteral("-f"),
-            QStringLiteral("concat"),
-            QStringLiteral("-safe"),
-            QStringLiteral("0"),
-            QStringLiteral("-i"),
-            joinList,
-            QStringLiteral("-c"),
-            QStringLiteral("copy"),
-            QStringLiteral("-timecode"),
-            tc,
-            output};
+    return QStringList{QStringLiteral("-y"), QStringLiteral("-loglevel"), QStringLiteral("warning")} +
+           QStringList{QStringLiteral("-f"), QStringLiteral("concat"), QStringLiteral("-safe"),
+                       QStringLiteral("0"),  QStringLiteral("-i"),     joinList} +
+           QStringList{QStringLiteral("-c"), QStringLiteral("copy"), QStringLiteral("-timecode"), tc, output};
+}
+
+QString plainFormat()
+{
+    return QStringLiteral("default=nw=1:nk=1");
+}
+
+QString csvFormat()
+{
+    return QStringLiteral("csv=p=0");
+}
+
+QStringList ffprobeArguments(const QString &entries, const QString &path, const QString &streams,
+                             const QString &format)
+{
+    QStringList arguments = {QStringLiteral("-v"), QStringLiteral("error")};
+    if (!streams.isEmpty())
+        arguments += {QStringLiteral("-select_streams"), streams};
+    return arguments +
+           QStringList{QStringLiteral("-show_entries"), entries, QStringLiteral("-of"), format, path};
 }
 
 } // namespace marrowcut::media

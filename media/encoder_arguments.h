@@ -4,7 +4,7 @@
 
 #include <QStringList>
 
-/// The exact argument lists of ffmpeg. Pure.
+/// The exact argument lists of ffmpeg and ffprobe. Pure.
 namespace marrowcut::media
 {
 
@@ -24,5 +24,12 @@ QStringList pieceArguments(const EncodeJob &job, const SystemValues &system, con
 
 /// The parts of a join list into one file, without encoding again.
 QStringList joinArguments(const QString &joinList, const QString &tc, const QString &output);
+
+/// ffprobe's output formats: the bare values, one a line; one line for each stream.
+QString plainFormat();
+QString csvFormat();
+/// Queries entries of a file: of the container or, where streams are given, of those.
+QStringList ffprobeArguments(const QString &entries, const QString &path, const QString &streams = {},
+                             const QString &format = plainFormat());
 
 } // namespace marrowcut::media

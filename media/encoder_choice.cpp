@@ -17,12 +17,14 @@ namespace marrowcut::media
 namespace
 {
 
-constexpr int pictureCount = 10;
+constexpr int frameCount = 10;
 
-EncodeJob trialJob(QualityPreset preset)
+EncodeJob testJob(QualityPreset preset)
 {
     return {
         .source = QStringLiteral("testsrc2=size=1920x1080:rate=25:duration=0.4"),
+        .sourceStamp = {},
+        .paths = {},
         .meta = {.tc = QStringLiteral("00:00:00:00"),
                  .rate = QStringLiteral("25/1"),
                  .audioCount = 0,
@@ -33,66 +35,54 @@ EncodeJob trialJob(QualityPreset preset)
     };
 }
 
-QStringList trialArguments(SystemValues system, QualityPreset preset, const QString &output)
+QStringList testArguments(SystemValues system, QualityPreset preset, const QString &output)
 {
     system.hardwareDecoding += {QStringLiteral("-f"), QStringLiteral("lavfi")}; // the source is a generator
-    return singlePassArguments(trialJob(preset), system, output);
-}
-
-/// What ffprobe makes of the file: the number of pictures that it could decode.
-QStringList countArguments(const QString &output)
-{
-    return {QStringLiteral("-v"),
-            QStringLiteral("error"),
-            QStringLiteral("-select_streams"),
-            QStringLiteral("v:0"),
-            QStringLiteral("-count_frames"),
-            QStringLiteral("-show_entries"),
-            QStringLiteral("stream=nb_read_frames"),
-            QStringLiteral("-of"),
-            QStringLiteral("csv=p=0"),
-            output};
+    return singlePassArguments(testJob(preset), system, output);
 }
 
 QString failureOf(const ProcessRunner::CapturedResult &result)
 {
-    if (result.status == 128 + SIGKILL)
+    if (result.status == -SIGKILL)
         return QStringLiteral("It did not end in time.");
-    const QString words = result.stderr.trimmed();
-    return words.isEmpty() ? QStringLiteral("It ended with status %1.").arg(result.status) : words;
+    const QString errors = result.stderr.trimmed();
+    return errors.isEmpty() ? QStringLiteral("It ended with status %1.").arg(result.status) : errors;
 }
 
 std::optional<QString> failureIn(const QString &folder, const SystemValues &system, QualityPreset preset,
                                  const ProcessRunner::Options &options)
 {
-    const QString output = folder + QStringLiteral("/trial.mp4");
+    const QString output = folder + QStringLiteral("/test.mp4");
     const auto encoded =
-        ProcessRunner::run(FFmpegLocator::ffmpegPath(), trialArguments(system, preset, output), options);
+        ProcessRunner::run(FFmpegLocator::ffmpegPath(), testArguments(system, preset, output), options);
     if (encoded.status != 0)
         return failureOf(encoded);
     if (!isFinishedMp4(output))
         return unfinishedFile();
-    const auto counted = ProcessRunner::run(FFmpegLocator::ffprobePath(), countArguments(output), options);
-    if (counted.stdout.trimmed() != QString::number(pictureCount))
-        return QStringLiteral("Its file does not hold the pictures that it was given.");
+    const QStringList countArguments =
+        QStringList{QStringLiteral("-count_frames")} +
+        ffprobeArguments(QStringLiteral("stream=nb_read_frames"), output, QStringLiteral("v:0"), csvFormat());
+    const auto counted = ProcessRunner::run(FFmpegLocator::ffprobePath(), countArguments, options);
+    if (counted.stdout.trimmed() != QString::number(frameCount))
+        return QStringLiteral("Its file does not hold the frames that it was given.");
     return std::nullopt;
 }
 
-bool mayBeHere(const VideoEncoder &encoder)
+bool mayBePresent(const VideoEncoder &encoder)
 {
-    return encoder.signs.isEmpty() ||
-           std::any_of(encoder.signs.begin(), encoder.signs.end(),
+    return encoder.devicePaths.isEmpty() ||
+           std::any_of(encoder.devicePaths.begin(), encoder.devicePaths.end(),
                        [](const QString &path) { return QFileInfo::exists(path); });
 }
 
 } // namespace
 
-std::optional<QString> encoderTrialFailure(const SystemValues &system, QualityPreset preset,
-                                           std::chrono::milliseconds limit, const std::stop_token &stop)
+std::optional<QString> encoderTestFailure(const SystemValues &system, QualityPreset preset,
+                                          std::chrono::milliseconds limit, const std::stop_token &stop)
 {
-    const QTemporaryDir folder; // no clip's folder: it goes whatever happens
+    const QTemporaryDir folder; // removed in any case
     if (!folder.isValid())
-        return QStringLiteral("No temporary folder can be made, in $TMPDIR or /tmp: %1")
+        return QStringLiteral("No temporary folder can be made in $TMPDIR or /tmp: %1")
             .arg(folder.errorString());
     try {
         return failureIn(folder.path(), system, preset, {.stop = stop, .timeLimit = limit});
@@ -101,14 +91,14 @@ std::optional<QString> encoderTrialFailure(const SystemValues &system, QualityPr
     }
 }
 
-const VideoEncoder &EncoderChoice::settle(const SystemValues &system, QualityPreset preset,
-                                          const std::stop_token &stop)
+const VideoEncoder &EncoderChoice::resolve(const SystemValues &system, QualityPreset preset,
+                                           const std::stop_token &stop)
 {
     if (m_encoder)
         return *m_encoder;
     const auto works = [&](const VideoEncoder &encoder) {
-        return mayBeHere(encoder) &&
-               !encoderTrialFailure(system.with(encoder), preset, encoderTrialLimit, stop);
+        return mayBePresent(encoder) &&
+               !encoderTestFailure(system.with(encoder), preset, encoderTestLimit, stop);
     };
     const auto found = std::find_if(system.hardwareEncoders.begin(), system.hardwareEncoders.end(), works);
     m_encoder = found == system.hardwareEncoders.end() ? system.videoEncoder : *found;

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "engine/model/output_paths.h"
 #include "engine/model/probed_metadata.h"
 #include "engine/model/quality_preset.h"
 #include "media/system_values.h"
 
+#include <QDateTime>
 #include <QString>
 #include <QUuid>
 
@@ -14,21 +16,32 @@
 namespace marrowcut::media
 {
 
+/// Tells one state of a file from another.
+struct FileStamp {
+    qint64 size = 0;
+    QDateTime modified;
+
+    static FileStamp of(const QString &path);
+    bool operator==(const FileStamp &) const = default;
+};
+
 /// What is to be encoded, and how.
 struct EncodeJob {
-    QString source; ///< absolute path
+    QString source;        ///< absolute path
+    FileStamp sourceStamp; ///< as the source was when it was probed
+    OutputPaths paths;
     ProbedMetadata meta;
     QUuid jobId;
     QualityPreset preset;
     bool burnInEnabled = true;
 };
 
-/// Takes an encode's progress: a fraction, and the seconds that remain where they are known.
-/// Called on the thread that encodes; every call comes before the encoder returns.
+/// Receives an encode's progress: a fraction, and the remaining seconds where they are known. Called on the
+/// encoding thread; every call comes before the encoder returns.
 using PublishProgress =
     std::function<void(const QUuid &jobId, double progress, std::optional<double> etaSeconds)>;
 
-/// What an encoder works with. stop ends the running tool at once and makes the encoder throw
+/// What an encoder works with. A stop request ends the running tool at once and makes the encoder throw
 /// Interrupted, with every file left as it is.
 struct EncodeContext {
     SystemValues system;
@@ -38,24 +51,25 @@ struct EncodeContext {
 
 struct EncodeResult {
     bool success = false;
-    QString stderrTail; ///< the last lines of the tools' error output
+    /// The last lines of ffmpeg's error output, and below them the encoder's own line where ffmpeg's don't
+    /// give the reason for a failure. Empty when ffmpeg could not be started.
+    QString stderrTail;
 };
 
-/// Encodes a clip with one run of ffmpeg into tmpOutput and, on success, moves that to finalOutput,
-/// in the same folder. Blocks; not for the main thread. A failed run leaves neither file behind.
-/// Throws Interrupted only.
-EncodeResult runSinglePass(const EncodeJob &job, const QString &finalOutput, const QString &tmpOutput,
-                           const EncodeContext &context);
+/// Both encoders block and are not for the main thread. They throw Interrupted only. The output folder's
+/// existence is the caller's concern.
 
-/// Number of pieces of at most chunkSeconds that a duration takes; at least 1. A double: it is
-/// used for fractions only, and an absurd duration must not overflow it.
+/// Encodes a clip with one run of ffmpeg into the temporary output and moves that to the final output. A
+/// failed encode removes the temporary output; only a failed move leaves it.
+EncodeResult runSinglePass(const EncodeJob &job, const EncodeContext &context);
+
+/// Encodes a clip as consecutive pieces of at most chunkSeconds in the work folder, joins them without
+/// encoding again and moves the result to the final output. A failed run leaves its work folder; the next
+/// run of the same clip replaces it.
+EncodeResult runChunked(const EncodeJob &job, double chunkSeconds, const EncodeContext &context);
+
+/// Number of pieces of at most chunkSeconds that a duration takes; at least 1. A double, since an absurd
+/// duration must not overflow it.
 double pieceCount(double duration, double chunkSeconds);
-
-/// Encodes a clip as consecutive pieces of at most chunkSeconds into a hidden work folder in outDir,
-/// joins them without encoding again and moves the result to finalOutput. Blocks; not for the main
-/// thread. A failed run leaves its work folder; the next run of the same clip replaces it.
-/// Throws Interrupted only.
-EncodeResult runChunked(const EncodeJob &job, const QString &outDir, const QString &finalOutput,
-                        double chunkSeconds, const EncodeContext &context);
 
 } // namespace marrowcut::media

@@ -7,6 +7,20 @@
 namespace marrowcut::media
 {
 
+namespace
+{
+
+QString shortened(const QString &line)
+{
+    const QString gap = QStringLiteral(" … ");
+    if (line.size() <= StderrTail::longestLine)
+        return line;
+    const qsizetype half = (StderrTail::longestLine - gap.size()) / 2;
+    return line.first(half) + gap + line.last(half);
+}
+
+} // namespace
+
 QStringList LineSplitter::feed(QByteArrayView bytes)
 {
     QStringList lines;
@@ -44,7 +58,7 @@ void LineSplitter::finishLine(QStringList &lines)
 void StderrTail::append(const QString &text)
 {
     for (const QString &line : text.split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
-        m_lines.append(line.left(longestLine));
+        m_lines.append(shortened(line));
         if (m_lines.size() > m_maxLines)
             m_lines.removeFirst();
     }

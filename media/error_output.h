@@ -8,13 +8,13 @@
 namespace marrowcut::media
 {
 
-/// Splits a stream of bytes, fed in any portions, into lines of text. Each carriage return and each
-/// line feed ends a line. Empty lines, lines that are not valid UTF-8 and a last fragment without
-/// its separator are never delivered.
+/// Splits a stream of bytes, which may arrive in any portions, into lines of text. Each carriage return and
+/// each line feed ends a line. Empty lines, lines that are not valid UTF-8 and a last fragment without its
+/// separator are never delivered.
 class LineSplitter
 {
 public:
-    /// A line longer than this is dropped whole: the memory that a child can claim is bounded.
+    /// A longer line is dropped whole, so that a child cannot claim memory without limit.
     static constexpr qsizetype longestLine = 1 << 20; // bytes
 
     /// The lines that these bytes complete, in order.
@@ -37,10 +37,11 @@ public:
     {
     }
 
-    /// Of a line that nobody would read to its end, its beginning is kept.
+    /// A longer line loses its middle: the reason usually stands at its end.
     static constexpr qsizetype longestLine = 4096; // characters
 
-    /// Appends the pieces between line feeds, without the empty ones; the oldest lines give way.
+    /// Appends the pieces between line feeds, without the empty ones, and drops the oldest lines beyond
+    /// maxLines.
     void append(const QString &text);
 
     /// Oldest first, at most maxLines.

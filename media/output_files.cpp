@@ -1,12 +1,16 @@
 #include "media/output_files.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QtEndian>
 
 #include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <filesystem>
+
+#include <sys/stat.h>
 
 namespace marrowcut::media
 {
@@ -34,6 +38,11 @@ qint64 boxSize(QFile &file, QByteArray &type)
     return wholeSize >= longHeader ? wholeSize : -1;
 }
 
+QString systemError()
+{
+    return QString::fromLocal8Bit(std::strerror(errno));
+}
+
 } // namespace
 
 void removeIfThere(const QString &path)
@@ -47,27 +56,70 @@ void removeFolder(const QString &path)
     std::filesystem::remove_all(QFile::encodeName(path).toStdString(), ignored);
 }
 
-bool moveIntoPlace(const QString &finished, const QString &finalPath)
+QString makeFolder(const QString &path)
 {
+    std::error_code error;
+    std::filesystem::create_directories(QFile::encodeName(path).toStdString(), error);
+    if (QFileInfo(path).isDir())
+        return QString();
+    return QStringLiteral("The folder %1 could not be made: %2")
+        .arg(path, QString::fromLocal8Bit(error.message().c_str()));
+}
+
+QString makeFolderAnew(const QString &path)
+{
+    removeFolder(path);
+    // Its parent may have to be made, too. The folder itself must not have been there: what lies in a folder
+    // of somebody else's could lead a write anywhere.
+    makeFolder(QFileInfo(path).path());
+    if (mkdir(QFile::encodeName(path).constData(), S_IRWXU) == 0)
+        return QString();
+    return QStringLiteral("The work folder %1 could not be made anew: %2").arg(path, systemError());
+}
+
+QString linkProblem(const QString &path)
+{
+    if (!QFileInfo(path).isSymbolicLink())
+        return QString();
+    return QStringLiteral("%1 is a link that was not made here. Nothing was written through it.").arg(path);
+}
+
+QString moveIntoPlace(const QString &finished, const QString &finalPath)
+{
+    if (const QString problem = linkProblem(finished); !problem.isEmpty())
+        return problem;
     // Not QFile::rename: where renaming fails, that falls back to copying, which could leave half a
     // file under the final name.
     const QByteArray from = QFile::encodeName(finished);
     const QByteArray to = QFile::encodeName(finalPath);
-    if (std::rename(from.constData(), to.constData()) != 0 && errno == EISDIR) {
+    int result = std::rename(from.constData(), to.constData());
+    if (result != 0 && errno == EISDIR) {
         removeIfThere(finalPath); // an empty folder
-        std::rename(from.constData(), to.constData());
+        result = std::rename(from.constData(), to.constData());
     }
-    return QFileInfo(finalPath).isFile();
+    const QString reason = systemError();
+    if (result == 0 || QFileInfo(finalPath).isFile())
+        return QString();
+    return QStringLiteral("The proxy could not be moved to %1: %2").arg(finalPath, reason);
 }
 
-QString noPictures()
+QString folderInPlace(const QString &path)
 {
-    return QStringLiteral("The encoder reported success, but its file has no pictures. Is the clip damaged?");
+    const QFileInfo info(path);
+    if (!info.isDir() || info.isSymbolicLink() ||
+        QDir(path).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot))
+        return QString();
+    return QStringLiteral("There is a folder in the place of the proxy: %1").arg(path);
+}
+
+QString noFrames()
+{
+    return QStringLiteral("ffmpeg reported success, but its file has no frames.");
 }
 
 QString unfinishedFile()
 {
-    return QStringLiteral("The encoder reported success, but its file is not complete. Is the disk full?");
+    return QStringLiteral("ffmpeg reported success, but its file is not complete.");
 }
 
 bool isFinishedMp4(const QString &path)

@@ -1,9 +1,12 @@
 #include "media/probe.h"
 
+#include "media/encoder_arguments.h"
 #include "media/ffmpeg_locator.h"
 #include "media/numbers.h"
 #include "media/process_runner.h"
+#include "platform/file_names.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <QStringList>
@@ -16,14 +19,19 @@ namespace marrowcut::media
 namespace
 {
 
+constexpr qsizetype longestValue = 4096;  // characters
+constexpr qsizetype judgedBytes = 4096;   // of a file's beginning
+constexpr qsizetype shortestText = 32;    // bytes in front of a NUL; a container's first NUL comes earlier
+constexpr qsizetype longestCharacter = 4; // bytes of UTF-8
+
 QString textOr(const QString &text, const QString &fallback)
 {
     return text.isEmpty() ? fallback : text;
 }
 
-int countFilledLines(const QString &answer)
+int countFilledLines(const QString &output)
 {
-    const QStringList lines = answer.split(QLatin1Char('\n'));
+    const QStringList lines = output.split(QLatin1Char('\n'));
     return static_cast<int>(std::count_if(lines.begin(), lines.end(),
                                           [](const QString &line) { return !line.trimmed().isEmpty(); }));
 }
@@ -35,100 +43,96 @@ QString readableDate(QString date)
     return date.replace(QLatin1Char('T'), QLatin1Char(' ')).remove(fractionAndZone);
 }
 
-/// ffprobe's answers about one clip. A tool that cannot be started answers nothing.
-class Query
+/// Empty output where ffprobe cannot be started.
+ProcessRunner::CapturedResult runFFprobe(const QStringList &arguments, const std::stop_token &stop)
 {
-public:
-    Query(const QString &source, const std::stop_token &stop)
-        : m_source(source)
-        , m_stop(stop)
-    {
+    try {
+        return ProcessRunner::run(FFmpegLocator::ffprobePath(), arguments, {.stop = stop});
+    } catch (const ProcessRunner::LaunchError &) {
+        return {};
     }
+}
 
-    ProcessRunner::CapturedResult run(const QStringList &options) const
-    {
-        const QStringList arguments =
-            QStringList{QStringLiteral("-v"), QStringLiteral("error")} + options + QStringList{m_source};
-        try {
-            return ProcessRunner::run(FFmpegLocator::ffprobePath(), arguments, {.stop = m_stop});
-        } catch (const ProcessRunner::LaunchError &) {
-            return {};
-        }
-    }
-
-    /// Values of the named entry, of the container or of the selected streams.
-    QString entry(const QString &name, const QString &streams = {},
-                  const QString &format = plainValues()) const
-    {
-        QStringList options;
-        if (!streams.isEmpty())
-            options = {QStringLiteral("-select_streams"), streams};
-        options += {QStringLiteral("-show_entries"), name, QStringLiteral("-of"), format};
-        return run(options).stdout;
-    }
-
-private:
-    static QString plainValues() { return QStringLiteral("default=nw=1:nk=1"); }
-
-    const QString &m_source;
-    const std::stop_token &m_stop;
-};
-
-/// A pipe or a device, which ffprobe would wait for without end.
-bool isNoFile(const QString &source)
+/// Why ffprobe must not even be started; empty for what may be a clip. It would wait for a pipe or a device
+/// without end, and play a playlist.
+QString refusal(const QString &source)
 {
     const QFileInfo info(source);
-    return info.exists() && !info.isFile() && !info.isDir();
+    if (!info.exists() || info.isDir())
+        return QString();
+    if (!info.isFile())
+        return QStringLiteral("This is not a file.");
+    QFile file(source);
+    if (file.open(QIODevice::ReadOnly) && isText(file.read(judgedBytes)))
+        return QStringLiteral("This is a text file, not footage.");
+    return QString();
 }
 
 } // namespace
 
-QString firstLine(const QString &answer)
+QString firstLine(const QString &output)
 {
-    const QStringList lines = answer.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-    return lines.isEmpty() ? QString() : lines.first().trimmed();
+    const QStringList lines = output.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    const QString line = lines.isEmpty() ? QString() : lines.first().trimmed();
+    return line.size() > longestValue ? QString() : line;
 }
 
 std::optional<ProbedMetadata> metadataFrom(const ProbeAnswers &answers)
 {
     ProbedMetadata meta;
-    meta.tc = textOr(firstLine(answers.timecode), QStringLiteral("00:00:00:00"));
-    meta.rate = firstLine(answers.frameRate);
+    meta.tc = textOr(answers.timecode, QStringLiteral("00:00:00:00"));
+    meta.rate = answers.frameRate;
     meta.audioCount = countFilledLines(answers.audioStreams);
-    meta.duration = decimalNumber(firstLine(answers.duration)).value_or(0);
-    const QString date = textOr(firstLine(answers.modificationDate), firstLine(answers.creationDate));
-    meta.fileDate = textOr(readableDate(date), QStringLiteral("unavailable"));
+    meta.duration = decimalNumber(answers.duration).value_or(0);
+    const QString date = textOr(answers.modificationDate, answers.creationDate);
+    meta.fileDate = date.isEmpty() ? QStringLiteral("unavailable") : readableDate(date);
     if (meta.rate.isEmpty())
         return std::nullopt;
     return meta;
 }
 
+bool isText(QByteArrayView beginning)
+{
+    const qsizetype nul = beginning.indexOf('\0');
+    QByteArrayView text = nul < 0 ? beginning : beginning.first(nul);
+    if (text.isEmpty() || (nul >= 0 && text.size() < shortestText))
+        return false;
+    // The last character may be cut off where the bytes end.
+    for (qsizetype cut = 0; cut < std::min(longestCharacter, text.size()); ++cut) {
+        if (decodeUtf8(text.chopped(cut)))
+            return true;
+    }
+    return false;
+}
+
 std::optional<ProbedMetadata> probe(const QString &source, const std::stop_token &stop)
 {
-    if (isNoFile(source))
+    if (!refusal(source).isEmpty())
         return std::nullopt;
-    const Query query(source, stop);
+    const auto ffprobeValue = [&](const QString &entries, const QString &streams = {}) {
+        return firstLine(runFFprobe(ffprobeArguments(entries, source, streams), stop).stdout);
+    };
+    const QStringList audioQuery =
+        ffprobeArguments(QStringLiteral("stream=index"), source, QStringLiteral("a"), csvFormat());
     ProbeAnswers answers;
-    answers.timecode = query.entry(QStringLiteral("format_tags=timecode"));
-    answers.frameRate = query.entry(QStringLiteral("stream=avg_frame_rate"), QStringLiteral("v:0"));
-    answers.audioStreams =
-        query.entry(QStringLiteral("stream=index"), QStringLiteral("a"), QStringLiteral("csv=p=0"));
-    answers.duration = query.entry(QStringLiteral("format=duration"));
-    answers.modificationDate = query.entry(QStringLiteral("format_tags=modification_date"));
-    if (firstLine(answers.modificationDate).isEmpty())
-        answers.creationDate = query.entry(QStringLiteral("format_tags=creation_time"));
+    answers.timecode = ffprobeValue(QStringLiteral("format_tags=timecode"));
+    answers.frameRate = ffprobeValue(QStringLiteral("stream=avg_frame_rate"), QStringLiteral("v:0"));
+    answers.audioStreams = runFFprobe(audioQuery, stop).stdout;
+    answers.duration = ffprobeValue(QStringLiteral("format=duration"));
+    answers.modificationDate = ffprobeValue(QStringLiteral("format_tags=modification_date"));
+    if (answers.modificationDate.isEmpty())
+        answers.creationDate = ffprobeValue(QStringLiteral("format_tags=creation_time"));
     return metadataFrom(answers);
 }
 
 QString probeFailureDetail(const QString &source, const std::stop_token &stop)
 {
-    if (isNoFile(source))
-        return QStringLiteral("This is not a file.");
-    const Query query(source, stop);
-    const QString complaint =
-        query.run({QStringLiteral("-show_format"), QStringLiteral("-show_streams")}).stderr.trimmed();
-    return complaint.isEmpty() ? QStringLiteral("ffprobe could not find a valid video stream in this file.")
-                               : complaint;
+    if (const QString reason = refusal(source); !reason.isEmpty())
+        return reason;
+    const QStringList arguments = {QStringLiteral("-v"), QStringLiteral("error"),
+                                   QStringLiteral("-show_format"), QStringLiteral("-show_streams"), source};
+    const QString errors = runFFprobe(arguments, stop).stderr.trimmed();
+    return textOr(errors, QStringLiteral("ffprobe could not find a valid video stream in this file."));
 }
 
 } // namespace marrowcut::media

@@ -2,37 +2,43 @@
 
 #include "engine/model/probed_metadata.h"
 
+#include <QByteArrayView>
 #include <QString>
 
 #include <optional>
 #include <stop_token>
 
+/// What ffprobe reports of a clip.
 namespace marrowcut::media
 {
 
-/// What ffprobe printed in answer to each query, as it came. Empty where there was no answer.
+/// What ffprobe answered to each query: a value as firstLine() gives it. Empty where it printed nothing.
 struct ProbeAnswers {
     QString timecode;
     QString frameRate;
-    QString audioStreams; ///< one line per stream
+    QString audioStreams; ///< all that was printed, one line per stream
     QString duration;
     QString modificationDate;
-    QString creationDate; ///< looked at only when there is no modification date
+    QString creationDate; ///< used only when there is no modification date
 };
 
-/// The first line that is not empty, without white space at its ends.
-QString firstLine(const QString &answer);
+/// The first line that is not empty, without white space at its ends. A line of more than 4,096 characters
+/// counts as empty: no tag of a camera is that long, and every line of the manifest would repeat it.
+QString firstLine(const QString &output);
 
 /// The facts in the answers, with their defaults; nothing when there is no frame rate. Pure.
 std::optional<ProbedMetadata> metadataFrom(const ProbeAnswers &answers);
 
-/// What ffprobe says of a clip. Blocks while ffprobe runs; not for the main thread. A stop request
-/// ends the running tool and throws Interrupted; nothing else throws.
+/// Whether a file that begins with these bytes is text and no footage: valid UTF-8 up to its end or to a NUL
+/// that does not come early. The tools would play a playlist, and so any file that it names, under every
+/// extension.
+bool isText(QByteArrayView beginning);
+
 /// The facts that the encoders need; nothing when the clip has no video stream with a frame rate or
-/// cannot be read at all.
+/// cannot be read at all. Blocks while ffprobe runs; not for the main thread. Throws Interrupted only.
 std::optional<ProbedMetadata> probe(const QString &source, const std::stop_token &stop = {});
 
-/// The text that explains to the user why probe() gave nothing.
+/// The text that explains to the user why probe() returned nothing. Blocks and throws likewise.
 QString probeFailureDetail(const QString &source, const std::stop_token &stop = {});
 
 } // namespace marrowcut::media

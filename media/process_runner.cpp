@@ -28,7 +28,7 @@ void prepare(QProcess &process, const QString &executable, const QStringList &ar
 }
 
 /// Starts the child and waits for its end in an event loop, so that its output is read as it comes
-/// and a request to stop is heard at once.
+/// and a stop request takes effect at once.
 qint32 runToEnd(QProcess &process, const Options &options)
 {
     const std::stop_token &stop = options.stop;
@@ -50,16 +50,30 @@ qint32 runToEnd(QProcess &process, const Options &options)
     }
     if (stop.stop_requested())
         throw Interrupted();
-    return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : 128 + process.exitCode();
+    return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -process.exitCode();
 }
 
-/// What is kept of a child's error output: no part of a character is left over at its beginning.
-QByteArray lastBytes(const QByteArray &bytes)
+bool continuesACharacter(char byte)
 {
-    qsizetype begin = std::max<qsizetype>(bytes.size() - keptErrorOutput, 0);
-    while (begin > 0 && begin < bytes.size() && (static_cast<unsigned char>(bytes[begin]) & 0xC0) == 0x80)
+    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
+}
+
+/// The end of the bytes, without a part of a character at its beginning.
+QByteArray lastBytes(const QByteArray &bytes, qsizetype count)
+{
+    qsizetype begin = std::max<qsizetype>(bytes.size() - count, 0);
+    while (begin > 0 && begin < bytes.size() && continuesACharacter(bytes[begin]))
         ++begin;
     return bytes.sliced(begin);
+}
+
+/// The beginning of the bytes, without a part of a character at its end.
+QByteArray firstBytes(const QByteArray &bytes, qsizetype count)
+{
+    qsizetype end = std::min(bytes.size(), count);
+    while (end > 0 && end < bytes.size() && continuesACharacter(bytes[end]))
+        --end;
+    return bytes.first(end);
 }
 
 } // namespace
@@ -68,12 +82,28 @@ CapturedResult run(const QString &executable, const QStringList &arguments, cons
 {
     QProcess process;
     prepare(process, executable, arguments, options);
+    QByteArray output;
     QByteArray errors;
-    const auto takeErrors = [&] { errors = lastBytes(errors + process.readAllStandardError()); };
+    LineSplitter splitter;
+    const auto takeOutput = [&] {
+        const QByteArray bytes = process.readAllStandardOutput();
+        if (output.size() <= keptOutput) // one byte more tells that there was more
+            output += bytes.first(std::min(bytes.size(), keptOutput + 1 - output.size()));
+    };
+    const auto takeErrors = [&] {
+        const QByteArray bytes = process.readAllStandardError();
+        errors = lastBytes(errors + bytes, keptErrorOutput);
+        if (!options.onStderrLine)
+            return;
+        for (const QString &line : splitter.feed(bytes))
+            options.onStderrLine(line);
+    };
+    QObject::connect(&process, &QProcess::readyReadStandardOutput, &process, takeOutput);
     QObject::connect(&process, &QProcess::readyReadStandardError, &process, takeErrors);
     const qint32 status = runToEnd(process, options);
+    takeOutput();
     takeErrors();
-    return {status, decodeUtf8(process.readAllStandardOutput()).value_or(QString()),
+    return {status, decodeUtf8(firstBytes(output, keptOutput)).value_or(QString()),
             decodeUtf8(errors).value_or(QString())};
 }
 

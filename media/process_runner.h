@@ -12,12 +12,12 @@
 /// child has exited and everything that it wrote has been taken; the child belongs to that thread.
 /// Arguments go to the executable as they are, one by one; standard input is inherited.
 ///
-/// A termination status other than 0 is a result, never an error. A child that died by a signal has
-/// 128 plus the signal's number, as a shell reports it.
+/// A termination status other than 0 is a result, never an error. It is negative for a child that was ended
+/// by a signal: minus the signal's number.
 namespace marrowcut::media::ProcessRunner
 {
 
-/// Thrown when a child cannot be started: the system's own words.
+/// Thrown when a child cannot be started, with the system's error message.
 class LaunchError : public std::runtime_error
 {
 public:
@@ -26,17 +26,21 @@ public:
 
 struct CapturedResult {
     qint32 status = 0;
-    QString stdout; ///< all of it as text; empty when it is not valid UTF-8
-    QString stderr; ///< likewise, of what came last: a flood is not kept
+    QString stdout; ///< its first keptOutput bytes as text; empty when it is not valid UTF-8
+    QString stderr; ///< its last keptErrorOutput bytes, likewise
 };
 
-/// How much of a captured child's error output is kept, in bytes.
+/// How much of a captured child's output is kept, in bytes. The rest is read and dropped, so that no clip
+/// can make a tool's answer exhaust the memory.
+constexpr qsizetype keptOutput = 1 << 20;
 constexpr qsizetype keptErrorOutput = 1 << 16;
 
 struct Options {
-    QString workingDirectory = {};            ///< empty: the program's own
-    std::stop_token stop = {};                ///< kills the child; the operation then throws Interrupted
-    std::chrono::milliseconds timeLimit = {}; ///< kills the child, which then died by that signal; 0: none
+    QString workingDirectory = {}; ///< empty: the program's own
+    std::stop_token stop = {};     ///< kills the child; the operation then throws Interrupted
+    /// Called for each complete line of the error output of run(), also when it is not kept.
+    std::function<void(const QString &line)> onStderrLine = {};
+    std::chrono::milliseconds timeLimit = {}; ///< when exceeded, the child is killed; 0 means no limit
 };
 
 /// Runs a child to its end and captures both of its output streams, read at the same time.

@@ -1,16 +1,21 @@
-#include "media/encoders.h"
-
 #include "media/encoder_arguments.h"
-#include "media/error_output.h"
-#include "media/ffmpeg_locator.h"
+#include "media/encoder_run.h"
+#include "media/encoders.h"
 #include "media/output_files.h"
-#include "media/process_runner.h"
 #include "media/progress_parsing.h"
+
+#include <QFileInfo>
 
 #include <algorithm>
 
 namespace marrowcut::media
 {
+
+FileStamp FileStamp::of(const QString &path)
+{
+    const QFileInfo file(path);
+    return {file.size(), file.lastModified()};
+}
 
 namespace
 {
@@ -26,32 +31,20 @@ void publishLine(const QString &line, const EncodeJob &job, const PublishProgres
 
 } // namespace
 
-EncodeResult runSinglePass(const EncodeJob &job, const QString &finalOutput, const QString &tmpOutput,
-                           const EncodeContext &context)
+EncodeResult runSinglePass(const EncodeJob &job, const EncodeContext &context)
 {
+    const QString &output = job.paths.tmpOutput;
+    if (const QString problem = linkProblem(output); !problem.isEmpty())
+        return {false, problem}; // ffmpeg would write through it
     StderrTail tail;
-    std::optional<qint64> pictures;
-    qint32 status = 1;
-    try {
-        status = ProcessRunner::runStreaming(FFmpegLocator::ffmpegPath(),
-                                             singlePassArguments(job, context.system, tmpOutput),
-                                             [&](const QString &line) {
-                                                 tail.append(line);
-                                                 publishLine(line, job, context.publish);
-                                                 if (const auto count = parseFrameCount(line))
-                                                     pictures = count;
-                                             },
-                                             {.stop = context.stop});
-    } catch (const ProcessRunner::LaunchError &) {
-        status = 1; // a tool that is not there is a failed encode
-    }
-
-    const bool isFinished = isFinishedMp4(tmpOutput);
-    if (status == 0 && isFinished && pictures != 0)
-        return {moveIntoPlace(tmpOutput, finalOutput), tail.text()};
-    if (status == 0)
-        tail.append(isFinished ? noPictures() : unfinishedFile());
-    removeIfThere(tmpOutput);
+    const auto onLine = [&](const QString &line) { publishLine(line, job, context.publish); };
+    const EncoderRun run = runEncoder(singlePassArguments(job, context.system, output), output, tail, onLine,
+                                      {.stop = context.stop});
+    if (run.success && run.frameCount != 0)
+        return {publishOutput(output, job.paths.finalOutput, tail), tail.text()};
+    if (run.success)
+        tail.append(noFrames());
+    removeIfThere(output);
     return {false, tail.text()};
 }
 

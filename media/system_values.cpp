@@ -8,14 +8,14 @@ namespace marrowcut::media
 namespace
 {
 
-/// Encoders that take pictures from memory, so that graph and rate options stay as they are.
+/// Encoders that take frames from memory, so that graph and rate options stay the same.
 QList<VideoEncoder> linuxHardwareEncoders()
 {
     return {
         {.name = QStringLiteral("h264_nvenc"),
-         .signs = {QStringLiteral("/dev/nvidiactl"), QStringLiteral("/sys/module/nvidia"),
-                   QStringLiteral("/dev/dxg")}},
-        {.name = QStringLiteral("h264_qsv"), .signs = {QStringLiteral("/dev/dri")}},
+         .devicePaths = {QStringLiteral("/dev/nvidiactl"), QStringLiteral("/sys/module/nvidia"),
+                         QStringLiteral("/dev/dxg")}},
+        {.name = QStringLiteral("h264_qsv"), .devicePaths = {QStringLiteral("/dev/dri")}},
     };
 }
 

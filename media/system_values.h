@@ -9,19 +9,19 @@ namespace marrowcut::media
 
 /// An H.264 encoder of ffmpeg.
 struct VideoEncoder {
-    QString name;             ///< as ffmpeg calls it
-    QStringList options = {}; ///< its own; the rate options are the same for all
-    QStringList signs = {};   ///< paths one of which exists where its hardware is; empty: it may be anywhere
+    QString name;                 ///< as ffmpeg calls it
+    QStringList options = {};     ///< its own; the rate options are the same for all
+    QStringList devicePaths = {}; ///< one of these exists where its hardware is present; empty if unknown
 
     bool operator==(const VideoEncoder &) const = default;
 };
 
-/// What the tools are told differently on each operating system.
+/// What differs in the tools' arguments from one operating system to another.
 struct SystemValues {
     QString fontFile;                     ///< the monospaced font that text is drawn with
     QStringList hardwareDecoding;         ///< options before the input
-    VideoEncoder videoEncoder;            ///< the one in use; as the row has it, the one that always works
-    QList<VideoEncoder> hardwareEncoders; ///< better where they work, the best first
+    VideoEncoder videoEncoder;            ///< the one in use; by default the software encoder
+    QList<VideoEncoder> hardwareEncoders; ///< preferred where they work, the best first
 
     /// The same with another encoder in use.
     SystemValues with(const VideoEncoder &encoder) const;
@@ -29,14 +29,14 @@ struct SystemValues {
 
 SystemValues macOSValues();
 
-/// Hardware decoding was never measured to help; "none" keeps the tool from looking for it. Why the
-/// preset is veryfast: docs/performance.md.
+/// Hardware decoding brought no measurable gain, and without "none" ffmpeg looks for it. Why the preset is
+/// veryfast: docs/performance.md.
 SystemValues linuxValues(const QString &fontFile);
 
 /// What --encoder can name on the system that this program was built for.
 QStringList encoderNames();
 
-/// The row of the system that this program was built for. Looks the font up: some milliseconds.
+/// The values of the system that this program was built for. Looks the font up, which takes milliseconds.
 SystemValues currentSystemValues();
 
 } // namespace marrowcut::media

@@ -20,7 +20,7 @@ struct ProxyJob {
     bool isSelected = true;             ///< takes part in the next run
     bool burnInEnabled = true;          ///< text is burned into this job's proxy
     std::optional<double> etaSeconds;   ///< estimated seconds left; absent when unknown or not encoding
-    std::optional<QString> errorDetail; ///< what the tools said of the last failure
+    std::optional<QString> errorDetail; ///< error output of the last failure
 
     /// A new job for a file, queued, with an identity of its own.
     static ProxyJob forSource(const QUrl &sourceURL)
@@ -31,10 +31,17 @@ struct ProxyJob {
         return job;
     }
 
+    /// Whether a run that starts now would process it.
+    bool isSelectedAndQueued() const { return isSelected && status.isQueued(); }
+
     /// The source file's name with its extension.
     QString fileName() const { return sourceURL.fileName(QUrl::FullyDecoded); }
 
     bool operator==(const ProxyJob &) const = default;
 };
+
+/// A remaining time: "42s left", "5m left", "1h 7m left". Parts of a unit are dropped. Empty
+/// for a value that cannot be shown: infinite, not a number, negative or beyond a 64-bit integer.
+QString formatETA(double seconds);
 
 } // namespace marrowcut

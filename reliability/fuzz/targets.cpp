@@ -1,6 +1,6 @@
 #include "targets.h"
 
-#include "engine/model/remaining_time_text.h"
+#include "engine/model/proxy_job.h"
 #include "media/burn_in_filter.h"
 #include "media/error_output.h"
 #include "media/numbers.h"

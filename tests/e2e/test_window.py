@@ -120,7 +120,7 @@ class WindowTest(unittest.TestCase):
         self.app.wait_for(None, drop_text)
 
     def test_report_reaches_the_clipboard(self):
-        (self.folder / "broken.mov").write_text("nothing")
+        (self.folder / "broken.mov").write_bytes(b"\0nothing")
         self.open_window(self.folder / "broken.mov")
         self.app.press("Go")
         self.row("broken.mov, Failed: could not read metadata")

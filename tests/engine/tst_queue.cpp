@@ -1,7 +1,8 @@
 #include "engine/burn_in_engine.h"
-#include "engine/completion_notification.h"
-#include "engine/model/remaining_time_text.h"
-#include "engine/output_paths.h"
+#include "engine/failure_advice.h"
+#include "engine/model/output_paths.h"
+#include "engine/model/proxy_job.h"
+#include "engine/queue_summary.h"
 #include "platform/notification_center.h"
 #include "platform/preference_store.h"
 
@@ -136,15 +137,56 @@ private Q_SLOTS:
             const OutputPaths paths = OutputPaths::forSource(QUrl::fromLocalFile(source));
             QCOMPARE(paths.finalOutput, QStringLiteral("%1/%2_proxy.mp4").arg(outDir, base));
             QCOMPARE(paths.tmpOutput, QStringLiteral("%1/.tmp_%2_proxy.mp4").arg(outDir, base));
+            QCOMPARE(paths.workFolder, QStringLiteral("%1/.chunks_%2").arg(outDir, base));
             QCOMPARE(outputFolder(QUrl::fromLocalFile(source)).toLocalFile(), paths.outDir);
         }
     }
 
+    void adviceDependsOnTheDetailAlone()
+    {
+        ProxyJob job = ProxyJob::forSource(QUrl::fromLocalFile(QStringLiteral("/gone/a.mov")));
+        const auto advice = [&job](const char *detail) {
+            job.status = JobStatus::failed(QStringLiteral("encode error"));
+            job.errorDetail = QString::fromUtf8(detail);
+            return failureAdvice(job);
+        };
+        const QString folder = QStringLiteral("/gone/marrowcut_proxies");
+        // The same words of the system, about the clip and about its proxy's place.
+        QVERIFY(
+            advice("/gone/a.mov: Permission denied").startsWith(QStringLiteral("The clip cannot be read")));
+        QVERIFY(advice("/gone/marrowcut_proxies/.tmp_a_proxy.mp4: Permission denied").contains(folder));
+        QVERIFY(advice("/gone/a.mov: No such file or directory")
+                    .startsWith(QStringLiteral("The clip is not there")));
+        QVERIFY(advice("Error opening /other/file: Permission denied").isEmpty());
+        // A write-protected card asks for no permissions.
+        QVERIFY(advice("/gone/marrowcut_proxies/.tmp_a_proxy.mp4: No such file or directory\n"
+                       "The folder /gone/marrowcut_proxies could not be made: Read-only file system")
+                    .contains(QStringLiteral("another disk")));
+        // Pieces that take the room are named.
+        QVERIFY(advice("/gone/marrowcut_proxies/.chunks_a/part_0001.mp4: No space left on device")
+                    .contains(folder + QStringLiteral("/.chunks_a")));
+        QVERIFY(!advice("av_interleaved_write_frame(): No space left on device").contains(folder));
+        QVERIFY(advice("").contains(QStringLiteral("could not be started")));
+        QCOMPARE(advice("something new"), QString());
+
+        job.errorDetail =
+            QStringLiteral("frame=  9 fps=0.0 q=0.0 size= 0kB time=00:00:00.00 bitrate=N/A speed=0x\nbad");
+        QCOMPARE(errorMessages(job), QStringLiteral("bad"));
+        job.status = JobStatus::done();
+        QCOMPARE(failureAdvice(job), QString());
+    }
+
     void completionBodies()
     {
-        QCOMPARE(completionBody(1, 0), QStringLiteral("1 file done."));
-        QCOMPARE(completionBody(12000, 0), QStringLiteral("12000 files done."));
-        QCOMPARE(completionBody(0, 1), QStringLiteral("0 done, 1 failed."));
+        const auto text = [](qsizetype done, qsizetype failed) {
+            QueueSummary summary;
+            summary.doneCount = done;
+            summary.failedCount = failed;
+            return summary.completionText();
+        };
+        QCOMPARE(text(1, 0), QStringLiteral("1 file done."));
+        QCOMPARE(text(12000, 0), QStringLiteral("12000 files done."));
+        QCOMPARE(text(0, 1), QStringLiteral("0 done, 1 failed."));
     }
 
 private:

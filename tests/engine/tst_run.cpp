@@ -1,12 +1,18 @@
 // Runs of the queue over stand-in tools: every outcome, and what is left on disk.
 
 #include "engine/burn_in_engine.h"
+#include "engine/manifest.h"
+#include "platform/clip_lock.h"
 #include "platform/notification_center.h"
 #include "platform/preference_store.h"
 #include "support/stand_in_script.h"
 
 #include <QDir>
 #include <QTest>
+
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 using namespace marrowcut;
 
@@ -107,13 +113,16 @@ private Q_SLOTS:
                             const QByteArrayList &encoders, bool done) {
             QTest::newRow(name) << QByteArray(duration) << script << encoders << done;
         };
-        const QByteArray failing = "write-output\nerr frame=9 time=00:00:01.00\\r\nexit 1\n";
+        const QByteArray failed = "write-output\nerr frame=9 time=00:00:01.00\\r\n";
+        const QByteArray failing = failed + "err [h264_nvenc \\x40 0x55] Out of memory\\n\nexit 1\n";
         const QByteArray works = "end\nerr frame=9\\r\nwrite-output\n";
         row("it works", "60", works, {"h264_nvenc"}, true);
         row("single pass", "60", "when h264_nvenc\n" + failing + works, {"h264_nvenc", "libx264"}, true);
         row("second piece", "100", "when h264_nvenc part_0001\n" + failing + works,
             {"h264_nvenc", "h264_nvenc", "libx264", "libx264"}, true);
         row("both fail", "60", failing, {"h264_nvenc", "libx264"}, false);
+        row("something else fails", "60", failed + "err a.mov: No space left on device\\n\nexit 1\n",
+            {"h264_nvenc"}, false);
     }
 
     void failedHardwareEncodeIsTriedInSoftware()
@@ -134,6 +143,119 @@ private Q_SLOTS:
         QTEST(encoders, "encoders");
         QCOMPARE(proxies().contains(QStringLiteral("a_proxy.mp4")), done);
         QCOMPARE(proxies().size(), done ? 2 : 1); // the manifest is there
+        if (encoders.size() == 2 && !done)        // the first reason is kept
+            QVERIFY(job(id).errorDetail->startsWith(QStringLiteral("[h264_nvenc @ 0x55] Out of memory\n")));
+    }
+
+    void onlyWhatIsQueuedAtThePressIsRun()
+    {
+        const QUuid chosen = addClip(QStringLiteral("a.mov"));
+        const QUuid other = addClip(QStringLiteral("b.mov"));
+        m_engine->toggleSelected(other);
+        m_script->set(clipOf("60") + "write-output\n");
+        m_engine->start();
+        m_engine->toggleSelected(chosen); // before the run's thread could look
+        m_engine->toggleSelected(other);
+        QTRY_VERIFY_WITH_TIMEOUT(!m_engine->isRunning(), 60000);
+        QCOMPARE(job(chosen).status, JobStatus::done());
+        QVERIFY(job(other).status.isQueued());
+    }
+
+    void whatStandsInTheWayIsFoundBeforeTheEncode()
+    {
+        const QUuid id = addClip(QStringLiteral("a.mov"));
+        QVERIFY(QDir().mkpath(m_script->path(QStringLiteral("marrowcut_proxies/a_proxy.mp4/kept"))));
+        run(clipOf("60") + "when -i\nnote @/encodes\nwrite-output\n");
+        QCOMPARE(job(id).status, JobStatus::failed(QStringLiteral("encode error")));
+        QVERIFY(job(id).errorDetail->contains(QStringLiteral("a_proxy.mp4")));
+        QVERIFY(!m_script->contents(QStringLiteral("encodes")).contains("libx264"));
+        QVERIFY(QFileInfo::exists(m_script->path(QStringLiteral("marrowcut_proxies/a_proxy.mp4/kept"))));
+    }
+
+    void folderThatCannotBeMadeIsNamed()
+    {
+        const QUuid id = addClip(QStringLiteral("a.mov"));
+        m_script->touch(QStringLiteral("marrowcut_proxies"));
+        run(clipOf("60") + "exit 1\n");
+        QVERIFY(
+            job(id).errorDetail->startsWith(QStringLiteral("The folder %1 could not be made: ")
+                                                .arg(m_script->path(QStringLiteral("marrowcut_proxies")))));
+    }
+
+    void clipOfAnotherProcessIsWaitedFor()
+    {
+        const QUuid held = addClip(QStringLiteral("a.mov"));
+        const QUuid next = addClip(QStringLiteral("b.mov"));
+        const QString folder = m_script->path(QStringLiteral("marrowcut_proxies"));
+        QVERIFY(QDir().mkpath(folder));
+        const auto other = [&](const char *proxy) {
+            return std::make_unique<ClipLock>(
+                folder, QLatin1String(proxy), [] {}, std::stop_token());
+        };
+        auto lock = other("a_proxy.mp4");
+        m_script->set(clipOf("60") + "note @/calls\nwrite-output\n");
+        m_engine->start();
+        QTRY_COMPARE_WITH_TIMEOUT(m_engine->waitingJob(), held, 60000);
+        QVERIFY(job(held).status.isQueued());
+        m_engine->removeFromQueue(held); // and so it is gone, whatever happens to the lock
+        lock.reset();
+        QTRY_VERIFY_WITH_TIMEOUT(!m_engine->isRunning(), 60000);
+        QCOMPARE(m_engine->waitingJob(), std::nullopt);
+        QVERIFY(!m_script->contents(QStringLiteral("calls")).contains("a.mov"));
+        QCOMPARE(job(next).status, JobStatus::done()); // held by nobody
+
+        // What the other process has finished meanwhile is done already.
+        lock = other("c_proxy.mp4");
+        const QUuid finished = addClip(QStringLiteral("c.mov"));
+        m_engine->start();
+        QTRY_COMPARE_WITH_TIMEOUT(m_engine->waitingJob(), finished, 60000);
+        m_script->touch(QStringLiteral("marrowcut_proxies/c_proxy.mp4"));
+        lock.reset();
+        QTRY_VERIFY_WITH_TIMEOUT(!m_engine->isRunning(), 60000);
+        QCOMPARE(job(finished).status, JobStatus::skipped());
+    }
+
+    void manifestIsWrittenToNothingElse()
+    {
+        const QString manifestPath = m_script->path(QStringLiteral("marrowcut_proxies/manifest.csv"));
+        m_script->touch(QStringLiteral("precious"));
+        QVERIFY(QDir().mkpath(m_script->path(QStringLiteral("marrowcut_proxies"))));
+        QVERIFY(QFile::link(m_script->path(QStringLiteral("precious")), manifestPath));
+        QUuid id = addClip(QStringLiteral("a.mov"));
+        run(clipOf("60") + "write-output\n");
+        QCOMPARE(job(id).status, JobStatus::done());
+        QCOMPARE(m_script->contents(QStringLiteral("precious")), QByteArray());
+
+        QVERIFY(QFile::remove(manifestPath));
+        QCOMPARE(mkfifo(QFile::encodeName(manifestPath).constData(), 0600), 0);
+        id = addClip(QStringLiteral("b.mov"));
+        run(clipOf("60") + "write-output\n"); // a pipe nobody reads would hold the run for ever
+        QCOMPARE(job(id).status, JobStatus::done());
+    }
+
+    void manifestLinesOfSeveralWritersStayWhole()
+    {
+        const OutputPaths paths =
+            OutputPaths::forSource(QUrl::fromLocalFile(m_script->path(QStringLiteral("a.mov"))));
+        QVERIFY(QDir().mkpath(paths.outDir));
+        const QByteArray line = QByteArray(300, 'x') + '\n';
+        QList<pid_t> writers; // processes: the lock is theirs
+        for (int writer = 0; writer < 4; ++writer) {
+            const pid_t child = fork();
+            QVERIFY(child >= 0);
+            if (child == 0) {
+                for (int count = 0; count < 100; ++count)
+                    Manifest::append(paths.manifest, QString::fromLatin1(line));
+                _exit(0);
+            }
+            writers.append(child);
+        }
+        for (const pid_t writer : writers)
+            waitpid(writer, nullptr, 0);
+        QList<QByteArray> lines = manifest();
+        QVERIFY(lines.takeFirst().startsWith("source_filename,"));
+        QCOMPARE(lines.takeLast(), QByteArray());
+        QCOMPARE(lines, QList<QByteArray>(400, line.chopped(1)));
     }
 
     void queueEditsDuringARun()

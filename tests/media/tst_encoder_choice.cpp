@@ -28,7 +28,8 @@ private Q_SLOTS:
                         "libx264"), // one picture is missing
               std::pair(QByteArray("exit 1\n"), "libx264")}) {
             m_script.set(script);
-            QCOMPARE(EncoderChoice().settle(anywhere(), QualityPreset::standard).name, QLatin1String(chosen));
+            QCOMPARE(EncoderChoice().resolve(anywhere(), QualityPreset::standard).name,
+                     QLatin1String(chosen));
         }
     }
 
@@ -36,7 +37,7 @@ private Q_SLOTS:
     {
         const SystemValues system = anywhere();
         m_script.set("note @/call\nerr Cannot load libcuda.so.1\\n\nexit 1\n");
-        QCOMPARE(encoderTrialFailure(system.with(system.hardwareEncoders[0]), QualityPreset::tiny),
+        QCOMPARE(encoderTestFailure(system.with(system.hardwareEncoders[0]), QualityPreset::tiny),
                  QStringLiteral("Cannot load libcuda.so.1"));
         const QByteArray call = m_script.contents(QStringLiteral("call"));
         QVERIFY(call.contains("\nlavfi\n-i\n"));
@@ -44,7 +45,7 @@ private Q_SLOTS:
         QVERIFY(call.contains("\n-c:v\nh264_nvenc\n-b:v\n700k\n"));
 
         m_script.set("ignore-term\nwait-for @/never\n");
-        QCOMPARE(encoderTrialFailure(system, QualityPreset::standard, std::chrono::milliseconds(50)),
+        QCOMPARE(encoderTestFailure(system, QualityPreset::standard, std::chrono::milliseconds(50)),
                  QStringLiteral("It did not end in time."));
     }
 
@@ -52,15 +53,15 @@ private Q_SLOTS:
     {
         m_script.set("note @/trials\nexit 1\n");
         EncoderChoice choice;
-        choice.settle(anywhere(), QualityPreset::standard);
-        choice.settle(anywhere(), QualityPreset::tiny);
+        choice.resolve(anywhere(), QualityPreset::standard);
+        choice.resolve(anywhere(), QualityPreset::tiny);
         QCOMPARE(m_script.contents(QStringLiteral("trials")).count("-c:v"), 2);
 
         SystemValues bare = anywhere();
         for (VideoEncoder &encoder : bare.hardwareEncoders)
-            encoder.signs = {m_script.path(QStringLiteral("no such device"))};
-        QCOMPARE(EncoderChoice().settle(bare, QualityPreset::standard), bare.videoEncoder);
-        QCOMPARE(EncoderChoice(bare.hardwareEncoders[1]).settle(bare, QualityPreset::standard).name,
+            encoder.devicePaths = {m_script.path(QStringLiteral("no such device"))};
+        QCOMPARE(EncoderChoice().resolve(bare, QualityPreset::standard), bare.videoEncoder);
+        QCOMPARE(EncoderChoice(bare.hardwareEncoders[1]).resolve(bare, QualityPreset::standard).name,
                  QStringLiteral("h264_qsv"));
         QCOMPARE(m_script.contents(QStringLiteral("trials")).count("-c:v"), 2);
     }
@@ -77,9 +78,9 @@ private Q_SLOTS:
         });
         EncoderChoice choice;
         QVERIFY_THROWS_EXCEPTION(Interrupted,
-                                 choice.settle(anywhere(), QualityPreset::standard, stop.get_token()));
+                                 choice.resolve(anywhere(), QualityPreset::standard, stop.get_token()));
         m_script.set("when ffprobe\nout 10\\n\nend\nwrite-output\n");
-        QCOMPARE(choice.settle(anywhere(), QualityPreset::standard).name, QStringLiteral("h264_nvenc"));
+        QCOMPARE(choice.resolve(anywhere(), QualityPreset::standard).name, QStringLiteral("h264_nvenc"));
     }
 
 private:
@@ -88,7 +89,7 @@ private:
     {
         SystemValues system = linuxValues(QStringLiteral("/f.ttf"));
         for (VideoEncoder &encoder : system.hardwareEncoders)
-            encoder.signs.clear();
+            encoder.devicePaths.clear();
         return system;
     }
 

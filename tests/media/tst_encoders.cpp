@@ -1,3 +1,4 @@
+#include "engine/model/output_paths.h"
 #include "media/encoders.h"
 #include "support/stand_in_script.h"
 
@@ -104,7 +105,7 @@ private Q_SLOTS:
                  "file 'part_0000.mp4'\nfile 'part_0001.mp4'\n");
     }
 
-    void pieceWithoutPicturesIsLeftOut()
+    void pieceWithoutFramesIsLeftOut()
     {
         const QByteArray first = "file 'part_0000.mp4'\n";
         for (const auto &[script, list] :
@@ -113,7 +114,7 @@ private Q_SLOTS:
                         first),
               // without statistics, by its streams
               std::pair("when ffprobe part_0000\nout 0\\n\nend\n", first),
-              // no piece has pictures: there is nothing to join
+              // no piece has frames: there is nothing to join
               std::pair("when part_\nerr frame=    0\\n\nend\n", QByteArray())}) {
             chunked(script +
                         QByteArray("when ffprobe\nexit 0\nend\nwrite-output\nwhen concat\nexit 1\nend\n"),
@@ -128,6 +129,77 @@ private Q_SLOTS:
         const QByteArray first = "when part_0000\nerr frame=9\\r\nend\n";
         QVERIFY(chunked("note @/calls\nwrite-output\n" + nothing + first, 2e9).success);
         QCOMPARE(m_script->contents(QStringLiteral("calls")).count("\n-ss\n"), 41);
+    }
+
+    void readErrorIsAFailureInSpiteOfTheExitStatus()
+    {
+        // The line is pushed out of the tail by what follows it.
+        const QByteArray error =
+            "err /f/A.1.mxf: Input/output error\\n\n" + QByteArray("err more\\n\n").repeated(30);
+        const QByteArray frames = "when part_\nerr frame=9\\r\nend\n";
+        QVERIFY(!singlePass("write-output\n" + error).success);
+        QCOMPARE(outputs(), QStringList());
+        QVERIFY(!chunked("write-output\n" + frames + "when part_0001\n" + error + "end\n", 200).success);
+        QVERIFY(!chunked("write-output\n" + frames + "when concat\n" + error + "end\n", 200).success);
+        // The same words within a path mean nothing.
+        QVERIFY(singlePass("write-output\nerr /f/Input/output error/A.1.mxf: odd\\n\n").success);
+    }
+
+    void signalIsNamed()
+    {
+        const EncodeResult result = singlePass("write-output\nerr frame=9\\r\nsignal 9\n");
+        QVERIFY(!result.success);
+        QCOMPARE(result.stderrTail, QStringLiteral("frame=9\nffmpeg was ended by signal 9 (Killed)."));
+    }
+
+    void replacedSourceFails()
+    {
+        m_script->touch(QStringLiteral("A.1.mxf"));
+        const QByteArray frames = "when part_\nerr frame=9\\r\nend\nwrite-output\nnote @/calls\n";
+        const EncodeResult result = chunked(frames + "when part_0001\nnote @/A.1.mxf\nend\n", 300);
+        QVERIFY(!result.success);
+        QVERIFY(result.stderrTail.endsWith(QStringLiteral("replaced while it was being encoded.")));
+        QCOMPARE(m_script->contents(QStringLiteral("calls")).count("-ss\n"), 2);
+    }
+
+    void linkInPlaceOfTheTemporaryFileIsNotFollowed()
+    {
+        m_script->touch(QStringLiteral("precious"));
+        const auto plant = [&] {
+            QVERIFY(QFile::link(m_script->path(QStringLiteral("precious")),
+                                out(QStringLiteral(".tmp_A.1_proxy.mp4"))));
+        };
+        const QByteArray script = "when part_\nerr frame=9\\r\nend\nwrite-output\n";
+        for (const double duration : {60.0, 100.0}) {
+            plant();
+            const EncodeResult result =
+                duration > 90 ? chunked(script, duration) : singlePass(script, duration);
+            QVERIFY(!result.success);
+            QVERIFY(result.stderrTail.contains(QStringLiteral("is a link")));
+            QCOMPARE(m_script->contents(QStringLiteral("precious")), QByteArray());
+            QVERIFY(!QFile::exists(out(QStringLiteral("A.1_proxy.mp4"))));
+            QVERIFY(QFile::remove(out(QStringLiteral(".tmp_A.1_proxy.mp4"))));
+        }
+        // One that appears while the encoder works is not published either.
+        const EncodeResult result = singlePass("link-output @/precious\nwrite-output\n");
+        QVERIFY(!result.success);
+        QVERIFY(!QFile::exists(out(QStringLiteral("A.1_proxy.mp4"))));
+    }
+
+    void whatCannotBeMadeOrMovedIsNamed()
+    {
+        QVERIFY(QDir().mkpath(out(QStringLiteral("A.1_proxy.mp4/kept"))));
+        const EncodeResult moved = singlePass("write-output\n");
+        QVERIFY(!moved.success);
+        QVERIFY(moved.stderrTail.startsWith(QStringLiteral("The proxy could not be moved to ")));
+        QVERIFY(QFile::exists(out(QStringLiteral("A.1_proxy.mp4/kept"))));
+
+        QVERIFY(QDir(out()).removeRecursively());
+        m_script->touch(QStringLiteral("out")); // no folder can be made in it
+        const EncodeResult made = chunked("note @/calls\n", 100);
+        QVERIFY(!made.success);
+        QVERIFY(made.stderrTail.startsWith(QStringLiteral("The work folder ")));
+        QCOMPARE(m_script->contents(QStringLiteral("calls")), QByteArray());
     }
 
     void linkInPlaceOfTheWorkFolderIsNotFollowed()
@@ -145,7 +217,13 @@ private:
 
     EncodeJob job(double duration) const
     {
-        return {m_script->path(QStringLiteral("A.1.mxf")),
+        const QString source = m_script->path(QStringLiteral("A.1.mxf"));
+        OutputPaths paths = OutputPaths::forSource(QUrl::fromLocalFile(source));
+        for (QString *path : {&paths.outDir, &paths.finalOutput, &paths.tmpOutput, &paths.workFolder})
+            path->replace(QStringLiteral("/marrowcut_proxies"), QStringLiteral("/out"));
+        return {source,
+                FileStamp::of(source),
+                paths,
                 {QStringLiteral("01:00:00:00"), QStringLiteral("25/1"), 1, duration,
                  QStringLiteral("unavailable")},
                 QUuid::createUuid(),
@@ -164,15 +242,13 @@ private:
     EncodeResult singlePass(const QByteArray &script, double duration = 60)
     {
         m_script->set(script);
-        return runSinglePass(job(duration), out(QStringLiteral("A.1_proxy.mp4")),
-                             out(QStringLiteral(".tmp_A.1_proxy.mp4")), context());
+        return runSinglePass(job(duration), context());
     }
 
     EncodeResult chunked(const QByteArray &script, double duration)
     {
         m_script->set(script);
-        return runChunked(job(duration), m_script->path(QStringLiteral("out")),
-                          out(QStringLiteral("A.1_proxy.mp4")), 90, context());
+        return runChunked(job(duration), 90, context());
     }
 
     QStringList outputs() const

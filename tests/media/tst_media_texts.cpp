@@ -30,6 +30,8 @@ FilterInputs exampleInputs()
 EncodeJob exampleJob(int audioCount)
 {
     return {QStringLiteral("/footage/A001.mxf"),
+            {},
+            {},
             {QStringLiteral("10:00:00:00"), QStringLiteral("25/1"), audioCount, 200.0,
              QStringLiteral("unavailable")},
             QUuid(),

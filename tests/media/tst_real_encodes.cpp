@@ -104,12 +104,12 @@ private Q_SLOTS:
             QStringLiteral("4.000000,100"));
     }
 
-    void encoderTrial()
+    void encoderTest()
     {
         const SystemValues system = currentSystemValues();
-        QCOMPARE(encoderTrialFailure(system, QualityPreset::tiny, std::chrono::minutes(5)), std::nullopt);
+        QCOMPARE(encoderTestFailure(system, QualityPreset::tiny, std::chrono::minutes(5)), std::nullopt);
         const auto failure =
-            encoderTrialFailure(system.with({.name = QStringLiteral("h264_no")}), QualityPreset::tiny);
+            encoderTestFailure(system.with({.name = QStringLiteral("h264_no")}), QualityPreset::tiny);
         QVERIFY(failure && failure->contains(QStringLiteral("Unknown encoder 'h264_no'")));
     }
 
@@ -124,14 +124,19 @@ private:
         QDir(outDir).removeRecursively();
         QDir().mkpath(outDir);
         m_progress.clear();
-        const EncodeJob job = {path(clip), probe(path(clip)).value(), QUuid(), preset, burnIn};
+        OutputPaths paths = OutputPaths::forSource(QUrl::fromLocalFile(path(clip)));
+        paths.outDir = outDir;
+        paths.finalOutput = final;
+        paths.tmpOutput = outDir + QStringLiteral("/.tmp_proxy.mp4");
+        paths.workFolder = outDir + QStringLiteral("/.chunks");
+        const EncodeJob job = {
+            path(clip), FileStamp::of(path(clip)), paths, probe(path(clip)).value(), QUuid(), preset, burnIn};
         const EncodeContext context = {
             currentSystemValues(),
             [this](const QUuid &, double progress, std::optional<double>) { m_progress.append(progress); },
             {}};
         const EncodeResult result =
-            chunkSeconds > 0 ? runChunked(job, outDir, final, chunkSeconds, context)
-                             : runSinglePass(job, final, outDir + QStringLiteral("/.tmp_proxy.mp4"), context);
+            chunkSeconds > 0 ? runChunked(job, chunkSeconds, context) : runSinglePass(job, context);
         if (!result.success)
             qWarning("%s", qPrintable(result.stderrTail));
         const QStringList left =

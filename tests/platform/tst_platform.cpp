@@ -1,6 +1,6 @@
 #include "platform/background_query.h"
+#include "platform/clip_lock.h"
 #include "platform/file_names.h"
-#include "platform/folder_lock.h"
 #include "platform/main_thread_queue.h"
 #include "platform/resources.h"
 
@@ -108,23 +108,31 @@ private Q_SLOTS:
             QVERIFY(!decodeUtf8(invalid));
     }
 
-    void folderLockKeepsOthersOut()
+    void clipLockKeepsOthersOut()
     {
         const QTemporaryDir folder;
+        const QString clip = QStringLiteral("a_proxy.mp4");
+        const auto ignore = [] {};
         std::stop_source source;
-        auto held = std::make_unique<FolderLock>(folder.path(), source.get_token());
+        auto held = std::make_unique<ClipLock>(folder.path(), clip, ignore, source.get_token());
+        QVERIFY(!held->hasWaited());
+        QVERIFY(!ClipLock(folder.path(), QStringLiteral("b_proxy.mp4"), ignore, {}).hasWaited());
+
+        // By another way to the same folder.
+        const QString link = QStringLiteral("%1-link").arg(folder.path());
+        QVERIFY(QFile::link(folder.path(), link));
         std::atomic<bool> entered = false;
         std::jthread other([&] {
-            const FolderLock waiting(folder.path(), {});
-            entered = true;
+            const ClipLock waiting(link, clip, ignore, {});
+            entered = waiting.hasWaited();
         });
         source.request_stop();
-        QVERIFY_THROWS_EXCEPTION(Interrupted, FolderLock(folder.path(), source.get_token()));
+        QVERIFY_THROWS_EXCEPTION(Interrupted, ClipLock(folder.path(), clip, ignore, source.get_token()));
         QVERIFY(!entered);
         held.reset();
         other.join();
-        QVERIFY(entered);
-        const FolderLock missing(folder.filePath(QStringLiteral("none")), {}); // nothing to lock: free
+        QVERIFY(QFile::remove(link));
+        QVERIFY(!ClipLock(folder.filePath(QStringLiteral("none")), clip, ignore, {}).hasWaited()); // free
     }
 };
 

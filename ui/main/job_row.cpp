@@ -1,7 +1,7 @@
 #include "ui/main/job_row.h"
 
 #include "engine/failure_advice.h"
-#include "engine/model/remaining_time_text.h"
+#include "engine/model/proxy_job.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #include "ui/main/queue_view_model.h"
 
 #include "engine/burn_in_engine.h"
-#include "engine/output_paths.h"
+#include "engine/model/output_paths.h"
 #include "platform/file_viewer.h"
 #include "ui/main/job_row.h"
 

@@ -1,4 +1,4 @@
-#include "engine/model/remaining_time_text.h"
+#include "engine/model/proxy_job.h"
 
 namespace marrowcut
 {

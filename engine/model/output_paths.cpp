@@ -1,4 +1,4 @@
-#include "engine/output_paths.h"
+#include "engine/model/output_paths.h"
 
 #include <QFileInfo>
 
@@ -26,6 +26,7 @@ OutputPaths OutputPaths::forSource(const QUrl &sourceURL)
     paths.proxyFilename = info.completeBaseName() + QStringLiteral("_proxy.mp4");
     paths.finalOutput = paths.outDir + QLatin1Char('/') + paths.proxyFilename;
     paths.tmpOutput = paths.outDir + QStringLiteral("/.tmp_") + paths.proxyFilename;
+    paths.workFolder = paths.outDir + QStringLiteral("/.chunks_") + info.completeBaseName();
     paths.manifest = paths.outDir + QStringLiteral("/manifest.csv");
     return paths;
 }

@@ -1,0 +1,90 @@
+#include "media/encoder_run.h"
+
+#include "media/ffmpeg_locator.h"
+#include "media/output_files.h"
+#include "media/progress_parsing.h"
+
+#include <cstring>
+
+namespace marrowcut::media
+{
+
+namespace
+{
+
+QString endedBySignal(int signal)
+{
+    return QStringLiteral("ffmpeg was ended by signal %1 (%2).")
+        .arg(signal)
+        .arg(QString::fromLocal8Bit(strsignal(signal)));
+}
+
+/// At the end of a line only: the words can also be part of a clip's path.
+bool isReadError(const QString &line)
+{
+    return line.endsWith(QLatin1String("Input/output error"));
+}
+
+bool hasSucceeded(qint32 status, bool readError, const QString &output, StderrTail &tail)
+{
+    if (status < 0)
+        tail.append(endedBySignal(-status));
+    if (status != 0 || readError)
+        return false;
+    const bool finished = isFinishedMp4(output);
+    if (!finished)
+        tail.append(unfinishedFile());
+    return finished;
+}
+
+} // namespace
+
+EncoderRun runEncoder(const QStringList &arguments, const QString &output, StderrTail &tail,
+                      const std::function<void(const QString &)> &onLine,
+                      const ProcessRunner::Options &options)
+{
+    EncoderRun run;
+    bool readError = false;
+    const auto takeLine = [&](const QString &line) {
+        tail.append(line);
+        readError = readError || isReadError(line);
+        if (const auto count = parseFrameCount(line))
+            run.frameCount = count;
+        run.hasSound = run.hasSound || parseTimeSeconds(line).value_or(0) > 0;
+        onLine(line);
+    };
+    try {
+        const qint32 status =
+            ProcessRunner::runStreaming(FFmpegLocator::ffmpegPath(), arguments, takeLine, options);
+        run.success = hasSucceeded(status, readError, output, tail);
+    } catch (const ProcessRunner::LaunchError &) { // no success
+    }
+    return run;
+}
+
+bool runJoin(const QStringList &arguments, const QString &output, StderrTail &tail,
+             ProcessRunner::Options options)
+{
+    bool readError = false;
+    options.onStderrLine = [&readError](const QString &line) {
+        // A part that cannot be opened ends the join early, with exit status 0.
+        readError = readError || isReadError(line) || line.contains(QLatin1String("Impossible to open"));
+    };
+    try {
+        const auto result = ProcessRunner::run(FFmpegLocator::ffmpegPath(), arguments, options);
+        tail.append(result.stderr);
+        return hasSucceeded(result.status, readError, output, tail);
+    } catch (const ProcessRunner::LaunchError &) {
+        return false;
+    }
+}
+
+bool publishOutput(const QString &finished, const QString &finalPath, StderrTail &tail)
+{
+    const QString problem = moveIntoPlace(finished, finalPath);
+    if (!problem.isEmpty())
+        tail.append(problem);
+    return problem.isEmpty();
+}
+
+} // namespace marrowcut::media
