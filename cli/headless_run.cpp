@@ -123,6 +123,7 @@ void HeadlessRun::refresh()
     if (!m_running)
         return;
     reportChanges();
+    reportWaiting();
     if (m_engine.isRunning()) {
         if (!m_redrawTimer.isActive())
             m_redrawTimer.start();
@@ -157,12 +158,20 @@ void HeadlessRun::redraw()
         m_reporter->redraw(m_engine.jobs()[m_current], m_engine.jobs());
 }
 
-void HeadlessRun::reportRecorded(const QUuid &id, const QString &manifestLine)
+void HeadlessRun::reportWaiting()
+{
+    const std::optional<QUuid> waiting = m_engine.waitingJob();
+    if (std::exchange(m_reportedWaiting, waiting) != waiting && waiting)
+        m_reporter->waiting(m_engine.jobs()[m_current]); // the only job whose turn it can be
+}
+
+void HeadlessRun::reportRecorded(const QUuid &id, const QString &manifestLine,
+                                 const std::optional<ProbedMetadata> &meta)
 {
     reportChanges();                                      // the job's own changes come first
     const ProxyJob &job = m_engine.jobs()[m_current - 1]; // none of the next job came yet
     Q_ASSERT(job.id == id);
-    m_reporter->recorded(job, manifestLine);
+    m_reporter->recorded(job, manifestLine, meta);
 }
 
 } // namespace marrowcut::cli

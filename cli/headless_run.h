@@ -42,7 +42,9 @@ private:
     void refresh();
     void reportChanges();
     void redraw();
-    void reportRecorded(const QUuid &id, const QString &manifestLine);
+    void reportWaiting();
+    void reportRecorded(const QUuid &id, const QString &manifestLine,
+                        const std::optional<ProbedMetadata> &meta);
     void reportRefused(const QList<RefusedItem> &refused);
 
     Request m_request;
@@ -51,6 +53,7 @@ private:
     QTimer m_redrawTimer;
     qsizetype m_current = 0;                          ///< index of the first job that is not finished
     JobStatus m_reportedStatus = JobStatus::queued(); ///< of that job
+    std::optional<QUuid> m_reportedWaiting;
     bool m_refreshScheduled = false;
     bool m_running = false;
     bool m_itemFailed = false;

@@ -18,7 +18,7 @@ namespace marrowcut::cli
 namespace
 {
 
-constexpr int formatVersion = 1;
+constexpr int formatVersion = 2;
 
 void write(const QString &event, QJsonObject fields)
 {
@@ -42,21 +42,43 @@ QJsonObject proxyFields(const ProxyJob &job)
     return fields;
 }
 
-void writeDone(const ProxyJob &job, const QJsonValue &manifestLine)
+QJsonValue textOrNull(const QString &text, bool isKnown)
+{
+    return isKnown ? QJsonValue(text) : QJsonValue(QJsonValue::Null);
+}
+
+QJsonValue probeValue(const std::optional<ProbedMetadata> &meta)
+{
+    if (!meta)
+        return QJsonValue::Null;
+    return QJsonObject{
+        {QStringLiteral("timecode"), textOrNull(meta->tc, meta->hasTimecodeTag)},
+        {QStringLiteral("frameRate"), meta->rate},
+        {QStringLiteral("durationSeconds"),
+         meta->duration > 0 ? QJsonValue(meta->duration) : QJsonValue(QJsonValue::Null)},
+        {QStringLiteral("audioStreams"), meta->audioCount},
+        {QStringLiteral("fileDate"), textOrNull(meta->fileDate, meta->hasFileDate)},
+    };
+}
+
+void writeDone(const ProxyJob &job, const QJsonValue &manifestLine, const std::optional<ProbedMetadata> &meta)
 {
     QJsonObject fields = proxyFields(job);
     fields.insert(QStringLiteral("encoded"), !manifestLine.isNull());
     fields.insert(QStringLiteral("manifest"), manifestLine);
+    fields.insert(QStringLiteral("probe"), probeValue(meta));
     write(QStringLiteral("done"), fields);
 }
 
-void writeFailed(const ProxyJob &job, const QJsonValue &manifestLine)
+void writeFailed(const ProxyJob &job, const QJsonValue &manifestLine,
+                 const std::optional<ProbedMetadata> &meta)
 {
     QJsonObject fields = clipFields(job);
     fields.insert(QStringLiteral("message"), job.status.message());
     fields.insert(QStringLiteral("detail"), job.errorDetail.value_or(QString()));
     fields.insert(QStringLiteral("advice"), failureAdvice(job));
     fields.insert(QStringLiteral("manifest"), manifestLine);
+    fields.insert(QStringLiteral("probe"), probeValue(meta));
     write(QStringLiteral("failed"), fields);
 }
 
@@ -111,13 +133,20 @@ void JsonReporter::queued(const ProxyJob &job)
     write(QStringLiteral("queued"), fields);
 }
 
+void JsonReporter::waiting(const ProxyJob &job)
+{
+    Reporter::waiting(job);
+    write(QStringLiteral("waiting"), clipFields(job));
+}
+
 void JsonReporter::statusChanged(const ProxyJob &job)
 {
     Reporter::statusChanged(job);
     if (job.status.isProbing() || job.status.isEncoding())
         writeStatus(job);
     else if (job.status == JobStatus::skipped())
-        writeDone(job, QJsonValue::Null); // done and failed come once the manifest has their line
+        writeDone(job, QJsonValue::Null,
+                  std::nullopt); // done and failed come once the manifest has their line
 }
 
 void JsonReporter::progressed(const ProxyJob &runningJob, const QList<ProxyJob> &jobs)
@@ -133,13 +162,14 @@ void JsonReporter::progressed(const ProxyJob &runningJob, const QList<ProxyJob> 
     write(QStringLiteral("progress"), fields);
 }
 
-void JsonReporter::recorded(const ProxyJob &job, const QString &manifestLine)
+void JsonReporter::recorded(const ProxyJob &job, const QString &manifestLine,
+                            const std::optional<ProbedMetadata> &meta)
 {
     const QString line = manifestLine.chopped(1); // the line feed
     if (job.status.isFailed())
-        writeFailed(job, line);
+        writeFailed(job, line, meta);
     else
-        writeDone(job, line);
+        writeDone(job, line, meta);
 }
 
 void JsonReporter::finished(const QList<ProxyJob> &jobs)

@@ -124,6 +124,12 @@ bool LiveReporter::isPossible()
     return isatty(STDOUT_FILENO) && type && std::string_view(type) != "dumb";
 }
 
+void LiveReporter::waiting(const ProxyJob &job)
+{
+    write({});
+    PlainReporter::waiting(job);
+}
+
 void LiveReporter::statusChanged(const ProxyJob &job)
 {
     if (!job.status.isFinished())

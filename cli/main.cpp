@@ -12,7 +12,6 @@
 #include "platform/termination_signals.h"
 
 #include <QCoreApplication>
-#include <QFileInfo>
 #include <QTextStream>
 #include <QTimer>
 
@@ -54,15 +53,10 @@ std::optional<int> addListedNames(Request &request, const OriginalInput &input)
 
 bool toolsArePresent()
 {
-    bool complete = true;
-    for (const QString &path : {media::FFmpegLocator::ffmpegPath(), media::FFmpegLocator::ffprobePath()}) {
-        const QFileInfo tool(path);
-        if (tool.isFile() && tool.isExecutable())
-            continue;
-        printError(QStringLiteral("%1 is missing: it was expected at %2").arg(tool.fileName(), path));
-        complete = false;
-    }
-    return complete;
+    const QStringList missing = media::FFmpegLocator::missingTools();
+    for (const QString &sentence : missing)
+        printError(sentence);
+    return missing.isEmpty();
 }
 
 std::unique_ptr<NotificationCenter> makeNotificationCenter(bool notify)

@@ -22,8 +22,18 @@ QString closingLine(const ProxyJob &job)
     return QStringLiteral("%1 → %2\n").arg(printable(job.fileName()), result);
 }
 
-/// Where the proxies are, failures last, and how many clips are done.
-QString closingLines(const QList<ProxyJob> &jobs)
+/// A hint for those who would take the number for the camera's.
+QString timecodeNotice(qsizetype count)
+{
+    if (count == 0)
+        return QString();
+    const QString clips = count == 1 ? QStringLiteral("1 clip: its container has")
+                                     : QStringLiteral("%1 clips: their container has").arg(count);
+    return QStringLiteral("SOURCE TC starts at 00:00:00:00 for %1 no timecode tag\n").arg(clips);
+}
+
+/// Where the proxies are, failures last.
+QString resultLines(const QList<ProxyJob> &jobs)
 {
     QString proxies;
     QString failures;
@@ -33,11 +43,16 @@ QString closingLines(const QList<ProxyJob> &jobs)
         else if (jobs.size() <= fullListLimit)
             proxies += closingLine(job);
     }
+    return proxies + failures;
+}
+
+QString countLine(const QList<ProxyJob> &jobs)
+{
     const QueueSummary summary = QueueSummary::of(jobs);
     QString counts = QStringLiteral("%1 of %2 done").arg(summary.doneCount).arg(summary.jobCount);
     if (summary.failedCount > 0)
         counts += QStringLiteral(", %1 failed").arg(summary.failedCount);
-    return proxies + failures + counts + QLatin1Char('\n');
+    return counts + QLatin1Char('\n');
 }
 
 } // namespace
@@ -50,9 +65,16 @@ void PlainReporter::statusChanged(const ProxyJob &job)
         m_out << printable(job.fileName()) << ": " << job.status.label() << '\n' << Qt::flush;
 }
 
+void PlainReporter::recorded(const ProxyJob &job, const QString & /*manifestLine*/,
+                             const std::optional<ProbedMetadata> &meta)
+{
+    if (job.status.isSuccessful() && meta && !meta->hasTimecodeTag)
+        ++m_withoutTimecode;
+}
+
 void PlainReporter::finished(const QList<ProxyJob> &jobs)
 {
-    m_out << closingLines(jobs) << Qt::flush;
+    m_out << resultLines(jobs) << timecodeNotice(m_withoutTimecode) << countLine(jobs) << Qt::flush;
 }
 
 } // namespace marrowcut::cli

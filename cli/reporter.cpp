@@ -56,6 +56,12 @@ void Reporter::refused(const RefusedItem &item)
     printError(QStringLiteral("%1: %2").arg(item.path, refusalText(item)));
 }
 
+void Reporter::waiting(const ProxyJob &job)
+{
+    printError(
+        QStringLiteral("%1: waiting for another Marrowcut that is processing this clip").arg(job.fileName()));
+}
+
 void Reporter::statusChanged(const ProxyJob &job)
 {
     if (job.status.isFailed())

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "engine/model/probed_metadata.h"
 #include "engine/model/proxy_job.h"
 #include "engine/video_files.h"
 
@@ -7,6 +8,8 @@
 #include <QString>
 #include <QStringList>
 #include <QTextStream>
+
+#include <optional>
 
 namespace marrowcut::cli
 {
@@ -29,6 +32,8 @@ public:
     virtual void refused(const RefusedItem &item);
     /// A job takes part in the run. Once for each, before the run starts.
     virtual void queued(const ProxyJob & /*job*/) {}
+    /// The job has to wait because another Marrowcut processes its clip.
+    virtual void waiting(const ProxyJob &job);
     /// Called for every change of a job's status.
     virtual void statusChanged(const ProxyJob &job);
     /// Called after every change of the running job, as often as the tools report.
@@ -36,7 +41,11 @@ public:
     /// Like progressed(), but at most ten times a second.
     virtual void redraw(const ProxyJob & /*runningJob*/, const QList<ProxyJob> & /*jobs*/) {}
     /// The manifest line, line feed included, of a job that is done or failed was written.
-    virtual void recorded(const ProxyJob & /*job*/, const QString & /*manifestLine*/) {}
+    /// The probe's result is absent when the probe failed.
+    virtual void recorded(const ProxyJob & /*job*/, const QString & /*manifestLine*/,
+                          const std::optional<ProbedMetadata> & /*meta*/)
+    {
+    }
     /// The run is over.
     virtual void finished(const QList<ProxyJob> & /*jobs*/) {}
     /// The user interrupted the run.
@@ -51,7 +60,12 @@ class PlainReporter : public Reporter
 {
 public:
     void statusChanged(const ProxyJob &job) override;
+    void recorded(const ProxyJob &job, const QString &manifestLine,
+                  const std::optional<ProbedMetadata> &meta) override;
     void finished(const QList<ProxyJob> &jobs) override;
+
+private:
+    qsizetype m_withoutTimecode = 0; ///< proxies of clips that have no timecode tag
 };
 
 /// For terminals: a line for each finished clip; below them, redrawn in place, a line for the running clip
@@ -63,6 +77,7 @@ public:
     /// Whether standard output is a terminal that can move its cursor.
     static bool isPossible();
 
+    void waiting(const ProxyJob &job) override;
     void statusChanged(const ProxyJob &job) override;
     void redraw(const ProxyJob &runningJob, const QList<ProxyJob> &jobs) override;
     void finished(const QList<ProxyJob> &jobs) override;
@@ -82,9 +97,11 @@ class JsonReporter : public Reporter
 public:
     void refused(const RefusedItem &item) override;
     void queued(const ProxyJob &job) override;
+    void waiting(const ProxyJob &job) override;
     void statusChanged(const ProxyJob &job) override;
     void progressed(const ProxyJob &runningJob, const QList<ProxyJob> &jobs) override;
-    void recorded(const ProxyJob &job, const QString &manifestLine) override;
+    void recorded(const ProxyJob &job, const QString &manifestLine,
+                  const std::optional<ProbedMetadata> &meta) override;
     void finished(const QList<ProxyJob> &jobs) override;
     void interrupted() override;
 

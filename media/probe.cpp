@@ -80,12 +80,14 @@ QString firstLine(const QString &output)
 std::optional<ProbedMetadata> metadataFrom(const ProbeAnswers &answers)
 {
     ProbedMetadata meta;
+    meta.hasTimecodeTag = !answers.timecode.isEmpty();
     meta.tc = textOr(answers.timecode, QStringLiteral("00:00:00:00"));
     meta.rate = answers.frameRate;
     meta.audioCount = countFilledLines(answers.audioStreams);
     meta.duration = decimalNumber(answers.duration).value_or(0);
     const QString date = textOr(answers.modificationDate, answers.creationDate);
-    meta.fileDate = date.isEmpty() ? QStringLiteral("unavailable") : readableDate(date);
+    meta.hasFileDate = !date.isEmpty();
+    meta.fileDate = meta.hasFileDate ? readableDate(date) : QStringLiteral("unavailable");
     if (meta.rate.isEmpty())
         return std::nullopt;
     return meta;

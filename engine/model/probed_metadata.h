@@ -12,6 +12,9 @@ struct ProbedMetadata {
     int audioCount = 0;  ///< number of audio streams
     double duration = 0; ///< seconds; 0 when unknown
     QString fileDate;    ///< "unavailable" when the clip carries no date
+
+    bool hasTimecodeTag = true; ///< false when tc is the default
+    bool hasFileDate = true;    ///< false when fileDate is the default
 };
 
 } // namespace marrowcut

@@ -34,7 +34,8 @@ set(doc ${CMAKE_INSTALL_DATADIR}/doc/marrowcut)
 configure_file(debian/changelog.in debian-changelog @ONLY)
 install_compressed(${CMAKE_CURRENT_BINARY_DIR}/debian-changelog ${doc} changelog.Debian)
 install_compressed(${CMAKE_SOURCE_DIR}/CHANGELOG.md ${doc} changelog)
-install(FILES debian/copyright ${CMAKE_SOURCE_DIR}/docs/json-events.md DESTINATION ${doc})
+install(FILES debian/copyright ${CMAKE_SOURCE_DIR}/docs/json-events.md
+    ${CMAKE_SOURCE_DIR}/docs/json-events.schema.json DESTINATION ${doc})
 install(FILES debian/lintian-overrides DESTINATION ${CMAKE_INSTALL_DATADIR}/lintian/overrides RENAME marrowcut)
 
 include(CPack)

@@ -14,10 +14,13 @@ import termios
 import unittest
 from pathlib import Path
 
+import jsonschema
+
 sys.path.insert(0, os.fspath(Path(__file__).parent.parent / "support"))
 from desktop import Desktop, make_clip, wait_until  # noqa: E402
 
 PROGRAM, STAND_IN = sys.argv[1:3]
+SCHEMA = json.loads((Path(__file__).parents[2] / "docs/json-events.schema.json").read_text())
 del sys.argv[1:]
 
 
@@ -73,7 +76,9 @@ class CliTest(unittest.TestCase):
         a = [line for line in lines if line.startswith("a.mov")]
         self.assertEqual(a, ["a.mov: Reading metadata…", "a.mov: Encoding…", "a.mov: Done",
                              f"a.mov → {self.proxies}/a_proxy.mp4"])
-        self.assertEqual(lines[-2:], ["broken.mxf → no proxy (could not read metadata)", "2 of 3 done, 1 failed"])
+        self.assertEqual(lines[-3:], ["broken.mxf → no proxy (could not read metadata)",
+                                      "SOURCE TC starts at 00:00:00:00 for 2 clips: their container has no timecode tag",
+                                      "2 of 3 done, 1 failed"])
         self.assertRegex(result.stderr.decode(), self.FAILURE)
         self.assertTrue((self.proxies / "it's 100%_proxy.mp4").stat().st_size > 0)
         self.assertEqual(len((self.proxies / "manifest.csv").read_text().splitlines()), 4)
@@ -117,18 +122,23 @@ class CliTest(unittest.TestCase):
 
     @staticmethod
     def events(output):
+        """All of them, and what happened to which clip; each as the schema has it, without a field more."""
         events = [json.loads(line) for line in output.decode().splitlines()]
+        for event in events:
+            jsonschema.validate(event, SCHEMA)
+            for fields, what in ((event.keys() - {"v", "event"}, event["event"]), ((event.get("probe") or {}).keys(), "probe")):
+                assert fields <= SCHEMA["$defs"][what]["properties"].keys(), event
         return events, [(event["event"], os.path.basename(event.get("clip", event.get("item", ""))))
                         for event in events if event["event"] != "progress"]
 
     def test_json_tells_every_event(self):
-        make_clip(self.folder / "a,\n\".mov")
+        make_clip(self.folder / "a,\n\".mxf", options=["-c:v", "mpeg2video", "-timecode", "10:11:12:13"])
         make_clip(self.folder / "b.mov")
         unsafe = "\x1b[2J\x7f\x9b\u202e\U000e0041.mov"
         self.proxies.mkdir()
         (self.proxies / "b_proxy.mp4").touch()
         (self.folder / "broken.mxf").write_bytes(b"\0nothing")
-        result = self.run_cli("--json", "--no-burn-in", unsafe, "notes.txt", "a,\n\".mov", "b.mov", "broken.mxf")
+        result = self.run_cli("--json", "--no-burn-in", unsafe, "notes.txt", "a,\n\".mxf", "b.mov", "broken.mxf")
         events, order = self.events(result.stdout)
         self.assertEqual(result.returncode, 1)
         gone, notes, failure = result.stderr.decode().split("\n", 2)
@@ -138,16 +148,18 @@ class CliTest(unittest.TestCase):
         self.assertRegex(failure, self.FAILURE)
         self.assertEqual(order, [
             ("refused", unsafe), ("refused", "notes.txt"),
-            ("queued", "a,\n\".mov"), ("queued", "b.mov"), ("queued", "broken.mxf"),
-            ("status", "a,\n\".mov"), ("status", "a,\n\".mov"), ("done", "a,\n\".mov"), ("done", "b.mov"),
+            ("queued", "a,\n\".mxf"), ("queued", "b.mov"), ("queued", "broken.mxf"),
+            ("status", "a,\n\".mxf"), ("status", "a,\n\".mxf"), ("done", "a,\n\".mxf"), ("done", "b.mov"),
             ("status", "broken.mxf"), ("failed", "broken.mxf"), ("summary", "")])
-        self.assertEqual({event["v"] for event in events}, {1})
         self.assertEqual((events[0]["reason"], events[0]["failure"]), ("noSuchPath", True))
         self.assertEqual((events[2]["burnIn"], events[2]["proxy"]), (False, f"{self.proxies}/a,\n\"_proxy.mp4"))
         done, skipped = [event for event in events if event["event"] == "done"]
         self.assertEqual((done["encoded"], skipped["encoded"], skipped["manifest"]), (True, False, None))
         self.assertTrue(os.path.exists(done["proxy"]))
+        self.assertEqual(done["probe"], {"timecode": "10:11:12:13", "frameRate": "25/1", "durationSeconds": 1,
+                                         "audioStreams": 0, "fileDate": None})
         failed, summary = events[-2:]
+        self.assertEqual((skipped["probe"], failed["probe"]), (None, None))
         self.assertEqual(failed["message"], "could not read metadata")
         self.assertIn("broken.mxf", failed["detail"])
         self.assertIn("cannot decode", failed["advice"])
@@ -155,6 +167,22 @@ class CliTest(unittest.TestCase):
                          done["manifest"] + "\n" + failed["manifest"] + "\n")
         self.assertEqual({key: summary[key] for key in ("clips", "done", "failed", "refused")},
                          {"clips": 3, "done": 2, "failed": 1, "refused": 2})
+
+    def test_wait_for_another_marrowcut_is_told(self):
+        program = self.with_hanging_encoder()
+        first = self.start_cli("a.mov", program=program)
+        self.encoder()
+        second = self.start_cli("--json", "a.mov", program=program)
+        self.assertEqual([json.loads(second.stdout.readline())["event"] for _ in range(2)], ["queued", "waiting"])
+        self.assertEqual(second.stderr.readline(),
+                         b"marrowcut-cli: a.mov: waiting for another Marrowcut that is processing this clip\n")
+        self.pid.unlink()
+        first.kill()
+        self.assertEqual(self.events(second.stdout.readline())[1], [("status", "a.mov")])
+        self.encoder()
+        second.terminate()
+        for process in (first, second):
+            process.communicate(timeout=60)
 
     def test_names_from_a_list(self):
         names = ["a\n.mov", "--quiet.mov", "b.mov"]
@@ -244,7 +272,7 @@ class CliTest(unittest.TestCase):
         program = self.with_stand_ins("", tools=["ffprobe"])
         result = self.run_cli("a.mov", program=program)
         self.assertEqual(result.returncode, 3)
-        expected = f"marrowcut-cli: ffmpeg is missing: it was expected at {program[0].parents[1]}/share/marrowcut/ffmpeg\n"
+        expected = f"marrowcut-cli: ffmpeg is missing: it was expected at {program[0].parents[1]}/share/marrowcut/ffmpeg.\n"
         self.assertEqual(result.stderr.decode(), expected)
         self.assertFalse(self.proxies.exists())
 

@@ -117,6 +117,6 @@ class Desktop:
                         *arguments)
 
 
-def make_clip(path, seconds=1):
+def make_clip(path, seconds=1, options=()):
     subprocess.run(["ffmpeg", "-nostdin", "-v", "error", "-f", "lavfi", "-i", f"color=gray:s=320x180:r=25:d={seconds}",
-                    "-c:v", "mpeg4", path], check=True)
+                    "-c:v", "mpeg4", *options, path], check=True)
