@@ -5,6 +5,9 @@ if(MARROWCUT_WARNINGS_AS_ERRORS)
     add_compile_options(-Werror)
 endif()
 
+# Position-independent in libraries and programs alike, so that they share precompiled headers.
+add_compile_options(-fPIC)
+
 # foreach and emit as macros would break in headers of other libraries; implicit
 # conversions from char* hide the encoding of a text.
 add_compile_definitions(QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH)
