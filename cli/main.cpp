@@ -15,6 +15,7 @@
 #include <QTextStream>
 #include <QTimer>
 
+#include <chrono>
 #include <cstdio>
 #include <memory>
 #include <optional>
@@ -24,6 +25,9 @@ using namespace marrowcut::cli;
 
 namespace
 {
+
+/// A notification server that hangs must not hold up a script.
+constexpr std::chrono::milliseconds notificationLimit{2000};
 
 int wrongUsage(const QString &problem)
 {
@@ -62,7 +66,7 @@ bool toolsArePresent()
 std::unique_ptr<NotificationCenter> makeNotificationCenter(bool notify)
 {
     if (notify)
-        return std::make_unique<DesktopNotifications>(QStringLiteral("marrowcut"));
+        return std::make_unique<DesktopNotifications>(QStringLiteral("marrowcut"), notificationLimit);
     return std::make_unique<MemoryNotificationCenter>(false);
 }
 

@@ -9,7 +9,7 @@ namespace marrowcut::media
 
 /// Makes any text safe inside the single quotes of a drawtext option (text='…', timecode='…') within
 /// a filter graph, so that it is drawn as it is and cannot end the quoted value. Every text that
-/// comes from outside (names, tags) must pass through here. Plain words come out unchanged.
+/// comes from outside (names, tags) must pass through here. Ordinary names come out unchanged.
 /// Source: FFmpeg filters documentation, "Notes on filtergraph escaping", and measurements.
 QString escapeForDrawtext(const QString &text);
 
@@ -27,7 +27,7 @@ struct FilterInputs {
     bool burnInEnabled = true;
 };
 
-/// Width of the proxy's picture in pixels; its height follows from the source's shape.
+/// Width of the proxy in pixels; its height follows from the source's aspect ratio.
 int proxyWidth(QualityPreset preset);
 
 /// The text for ffmpeg's -filter_complex: the first video stream, scaled and with the text drawn into

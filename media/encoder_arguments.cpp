@@ -93,7 +93,7 @@ QStringList graphAndEncoders(const EncodeJob &job, const SystemValues &system, c
     return arguments;
 }
 
-/// Puts the index in front of the picture data, where players want it.
+/// Puts the index at the file's beginning, where players want it.
 QStringList finishedFile(const QString &output)
 {
     return {QStringLiteral("-movflags"), QStringLiteral("+faststart"), output};

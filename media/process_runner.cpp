@@ -87,7 +87,7 @@ CapturedResult run(const QString &executable, const QStringList &arguments, cons
     LineSplitter splitter;
     const auto takeOutput = [&] {
         const QByteArray bytes = process.readAllStandardOutput();
-        if (output.size() <= keptOutput) // one byte more tells that there was more
+        if (output.size() <= keptOutput) // one byte more shows that there was more
             output += bytes.first(std::min(bytes.size(), keptOutput + 1 - output.size()));
     };
     const auto takeErrors = [&] {

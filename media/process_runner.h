@@ -31,7 +31,7 @@ struct CapturedResult {
 };
 
 /// How much of a captured child's output is kept, in bytes. The rest is read and dropped, so that no clip
-/// can make a tool's answer exhaust the memory.
+/// can make a tool's output exhaust the memory.
 constexpr qsizetype keptOutput = 1 << 20;
 constexpr qsizetype keptErrorOutput = 1 << 16;
 

@@ -15,11 +15,11 @@ std::optional<double> parseTimeSeconds(const QString &line);
 /// How many times faster than real time: "speed= 1.5x" is 1.5.
 std::optional<double> parseSpeed(const QString &line);
 
-/// The number of pictures written so far, from a line that begins with "frame=".
+/// The number of frames written so far, from a line that begins with "frame=".
 std::optional<qint64> parseFrameCount(const QString &line);
 
 /// Seconds left when remainingSeconds of footage go on at the line's speed; nothing when the line
-/// tells no speed above 0.
+/// reports no speed above 0.
 std::optional<double> remainingTime(double remainingSeconds, const QString &line);
 
 } // namespace marrowcut::media

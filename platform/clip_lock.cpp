@@ -21,7 +21,7 @@ namespace marrowcut
 namespace
 {
 
-// Nothing tells when the other process lets go.
+// There is no event for the end of the other process' lock.
 constexpr std::chrono::milliseconds retryInterval(100);
 constexpr std::chrono::milliseconds longWait(1000);
 

@@ -13,9 +13,6 @@ namespace marrowcut
 namespace
 {
 
-/// A server that hangs must not hold up a program that waits for its answer.
-constexpr int answerLimitMilliseconds = 2000;
-
 QDBusMessage serverCall(const QString &method)
 {
     return QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.Notifications"),
@@ -25,15 +22,17 @@ QDBusMessage serverCall(const QString &method)
 
 } // namespace
 
-DesktopNotifications::DesktopNotifications(QString desktopEntry, QObject *parent)
+DesktopNotifications::DesktopNotifications(QString desktopEntry, std::chrono::milliseconds replyLimit,
+                                           QObject *parent)
     : QObject(parent)
     , m_desktopEntry(std::move(desktopEntry))
+    , m_replyLimit(replyLimit)
 {
 }
 
-void DesktopNotifications::requestAuthorization(std::function<void(bool)> answer)
+void DesktopNotifications::requestAuthorization(std::function<void(bool)> deliver)
 {
-    call(serverCall(QStringLiteral("GetServerInformation")), std::move(answer));
+    call(serverCall(QStringLiteral("GetServerInformation")), std::move(deliver));
 }
 
 void DesktopNotifications::add(const NotificationRequest &request)
@@ -59,24 +58,25 @@ void DesktopNotifications::whenIdle(std::function<void()> then)
         connect(this, &DesktopNotifications::becameIdle, this, std::move(then), Qt::SingleShotConnection);
 }
 
-void DesktopNotifications::call(const QDBusMessage &message, std::function<void(bool)> answer)
+void DesktopNotifications::call(const QDBusMessage &message, std::function<void(bool)> deliver)
 {
     ++m_pendingCalls;
     const QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) { // a watcher would wait for ever
-        QTimer::singleShot(0, this, [this, answer = std::move(answer)] { finishCall(false, answer); });
+        QTimer::singleShot(0, this, [this, deliver = std::move(deliver)] { finishCall(false, deliver); });
         return;
     }
-    auto *watcher = new QDBusPendingCallWatcher(bus.asyncCall(message, answerLimitMilliseconds), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, answer = std::move(answer)] {
+    auto *watcher =
+        new QDBusPendingCallWatcher(bus.asyncCall(message, static_cast<int>(m_replyLimit.count())), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, deliver = std::move(deliver)] {
         watcher->deleteLater();
-        finishCall(!watcher->isError(), answer);
+        finishCall(!watcher->isError(), deliver);
     });
 }
 
-void DesktopNotifications::finishCall(bool succeeded, const std::function<void(bool)> &answer)
+void DesktopNotifications::finishCall(bool succeeded, const std::function<void(bool)> &deliver)
 {
-    answer(succeeded); // may begin another call
+    deliver(succeeded); // may begin another call
     if (--m_pendingCalls == 0)
         Q_EMIT becameIdle();
 }

@@ -17,21 +17,21 @@ struct NotificationRequest {
     QString body;
 };
 
-/// Where desktop notifications go. Main thread, answers included.
+/// Where desktop notifications go. Main thread; replies are delivered there, too.
 class NotificationCenter
 {
 public:
     virtual ~NotificationCenter() = default;
 
-    /// Asks whether notifications may be shown. The answer comes later, once, from the event loop;
+    /// Asks whether notifications may be shown. The reply is delivered later, once, from the event loop;
     /// it may never come when the center is destroyed first.
-    virtual void requestAuthorization(std::function<void(bool granted)> answer) = 0;
+    virtual void requestAuthorization(std::function<void(bool granted)> deliver) = 0;
 
-    /// Shows a notification. Whether that succeeds is not told.
+    /// Shows a notification. Errors are not reported.
     virtual void add(const NotificationRequest &request) = 0;
 
-    /// Calls back once no answer of the desktop is awaited; at once where that is so. A program that ends
-    /// before is not heard.
+    /// Calls back once no reply of the desktop is pending, at once if none is. A program that ends earlier
+    /// may not have shown its notification.
     virtual void whenIdle(std::function<void()> then) { then(); }
 };
 
@@ -46,10 +46,10 @@ public:
 
     const QList<NotificationRequest> &requests() const { return m_requests; }
 
-    void requestAuthorization(std::function<void(bool granted)> answer) override
+    void requestAuthorization(std::function<void(bool granted)> deliver) override
     {
         QTimer::singleShot(0, &m_context,
-                           [answer = std::move(answer), granted = m_granted] { answer(granted); });
+                           [deliver = std::move(deliver), granted = m_granted] { deliver(granted); });
     }
     void add(const NotificationRequest &request) override { m_requests.append(request); }
 

@@ -9,7 +9,7 @@ namespace marrowcut
 {
 
 /// The per-user store of remembered choices: texts under keys. Main thread. A store that cannot be
-/// read answers nothing, one that cannot be written forgets; neither is an error.
+/// read is empty, one that cannot be written forgets; neither is an error.
 class PreferenceStore
 {
 public:

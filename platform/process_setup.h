@@ -15,7 +15,7 @@ void setUpProcess();
 /// accident:
 /// - it dies when the thread that starts it ends, also when this program is killed;
 /// - signals that a terminal or a session sends to the whole process group (interrupt, quit, hang-up,
-///   terminate) do not reach it. An encoder would answer them by finishing a truncated file. This
+///   terminate) do not reach it. An encoder would react by finishing a truncated file. This
 ///   program takes those signals itself and kills its child.
 /// Stopping (Ctrl-Z) and continuing still act on program and child together.
 void guardChild(QProcess &process);

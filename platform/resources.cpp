@@ -16,7 +16,7 @@ namespace
 
 QString executableFolder()
 {
-    // Not QCoreApplication's: this must answer before an application object exists, too.
+    // Not QCoreApplication's: this must work before an application object exists, too.
     return QFileInfo(QFileInfo(QStringLiteral("/proc/self/exe")).symLinkTarget()).absolutePath();
 }
 

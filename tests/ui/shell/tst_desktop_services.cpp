@@ -1,4 +1,5 @@
 #include "platform/desktop_file_viewer.h"
+#include "platform/desktop_notifications.h"
 #include "platform/sleep_inhibitor.h"
 #include "platform/taskbar_progress.h"
 
@@ -12,6 +13,7 @@
 #include <QTest>
 
 #include <array>
+#include <optional>
 #include <poll.h>
 #include <unistd.h>
 
@@ -65,6 +67,23 @@ public Q_SLOTS:
     }
 };
 
+/// A notification server that replies when it is told to, as one that has to be started first.
+class SlowNotificationServer : public QObject, protected QDBusContext
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Notifications")
+public:
+    QList<QDBusMessage> pending;
+
+public Q_SLOTS:
+    QString GetServerInformation()
+    {
+        setDelayedReply(true);
+        pending.append(message());
+        return QString();
+    }
+};
+
 class TaskbarListener : public QObject
 {
     Q_OBJECT
@@ -86,6 +105,28 @@ class DesktopServicesTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void notificationServerMayTakeItsTime()
+    {
+        SlowNotificationServer server;
+        QVERIFY(m_bus.serve(QStringLiteral("org.freedesktop.Notifications"),
+                            QStringLiteral("/org/freedesktop/Notifications"), &server));
+        DesktopNotifications patient(QStringLiteral("marrowcut"));
+        DesktopNotifications impatient(QStringLiteral("marrowcut"), std::chrono::milliseconds(20));
+        std::optional<bool> granted;
+        std::optional<bool> refused;
+        patient.requestAuthorization([&granted](bool reply) { granted = reply; });
+        impatient.requestAuthorization([&refused](bool reply) { refused = reply; });
+        QTRY_COMPARE(refused, false);
+        QTRY_COMPARE(server.pending.size(), 2);
+        QCOMPARE(granted, std::nullopt);
+        for (const QDBusMessage &call : server.pending)
+            m_bus.server().send(call.createReply(QStringLiteral("server")));
+        QTRY_COMPARE(granted, true);
+        bool isIdle = false;
+        patient.whenIdle([&isIdle] { isIdle = true; });
+        QVERIFY(isIdle);
+    }
+
     void revealing()
     {
         QList<QUrl> opened;
