@@ -20,8 +20,8 @@ struct Advice {
 constexpr const char *otherDisk =
     "Nothing can be written beside the clip. Copy the clips to another disk and add them from there.";
 constexpr const char *undecodable =
-    "ffmpeg cannot decode this clip. If it plays elsewhere, its format is not supported or its media is in "
-    "other files; if not, copy it from the card again, then retry.";
+    "ffmpeg cannot decode this clip. If it plays elsewhere, it may be encrypted, in a format that ffmpeg "
+    "lacks, or refer to media in other files; if not, copy it from the card again, then retry.";
 
 /// The first that stands in the detail counts. Each names at most one place: %1 is the proxy's folder, %2 the
 /// proxy, %3 the work folder.
@@ -92,9 +92,9 @@ QString placeAdvice(const QString &detail, const QString &source, const OutputPa
 /// The text with the place that its marker stands for.
 QString filledIn(QString text, const OutputPaths &paths)
 {
-    for (const auto &[marker, path] : {std::pair(QStringLiteral("%1"), paths.outDir),
-                                       std::pair(QStringLiteral("%2"), paths.finalOutput),
-                                       std::pair(QStringLiteral("%3"), paths.workFolder)}) {
+    for (const auto &[marker, path] :
+         {std::pair(QStringLiteral("%1"), paths.outDir), std::pair(QStringLiteral("%2"), paths.finalOutput),
+          std::pair(QStringLiteral("%3"), paths.workFolder)}) {
         if (text.contains(marker))
             return text.replace(marker, path);
     }

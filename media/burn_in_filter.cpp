@@ -1,5 +1,7 @@
 #include "media/burn_in_filter.h"
 
+#include "media/proxy_format.h"
+
 #include <QStringList>
 
 #include <algorithm>
@@ -85,7 +87,7 @@ QStringList burnIn(const FilterInputs &inputs, const QString &fontFile)
         runningTimecode(inputs.elapsedTC, inputs.rate),
         fixedText(QStringLiteral("FILE DATE  ") + escapeForDrawtext(inputs.fileDate)),
     };
-    const Layout &layout = inputs.preset == QualityPreset::tiny ? tinyLayout : wideLayout;
+    const Layout &layout = proxyFormat(inputs.preset).hasLargeText ? tinyLayout : wideLayout;
     QStringList elements;
     for (std::size_t index = 0; index < layout.size(); ++index)
         elements.append(drawText(fontFile, contents[static_cast<qsizetype>(index)], layout[index]));
@@ -127,22 +129,9 @@ QString escapeForDrawtext(const QString &text)
     return escapeForQuotes(text) + (wantsNoExpansion ? QStringLiteral("':expansion='none") : QString());
 }
 
-int proxyWidth(QualityPreset preset)
-{
-    switch (preset) {
-    case QualityPreset::standard:
-        return 960;
-    case QualityPreset::smaller:
-        return 720;
-    case QualityPreset::tiny:
-        return 480;
-    }
-    Q_UNREACHABLE();
-}
-
 QString buildFilter(const FilterInputs &inputs, const QString &fontFile)
 {
-    QStringList videoFilters = {QStringLiteral("scale=%1:-2").arg(proxyWidth(inputs.preset))};
+    QStringList videoFilters = {QStringLiteral("scale=%1:-2").arg(proxyFormat(inputs.preset).width)};
     if (inputs.burnInEnabled)
         videoFilters += burnIn(inputs, fontFile);
     const QString graph =

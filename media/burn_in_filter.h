@@ -27,9 +27,6 @@ struct FilterInputs {
     bool burnInEnabled = true;
 };
 
-/// Width of the proxy in pixels; its height follows from the source's aspect ratio.
-int proxyWidth(QualityPreset preset);
-
 /// The text for ffmpeg's -filter_complex: the first video stream, scaled and with the text drawn into
 /// it, as [v], and all audio streams, mixed down and loudness-normalised, as [a] when there are any.
 QString buildFilter(const FilterInputs &inputs, const QString &fontFile);

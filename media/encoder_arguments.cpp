@@ -2,6 +2,7 @@
 
 #include "media/burn_in_filter.h"
 #include "media/numbers.h"
+#include "media/proxy_format.h"
 #include "media/timecode_math.h"
 
 #include <QFileInfo>
@@ -38,45 +39,22 @@ FilterInputs filterInputs(const EncodeJob &job, const QString &srcTC, const QStr
     };
 }
 
-QStringList videoRates(QualityPreset preset)
-{
-    switch (preset) {
-    case QualityPreset::standard:
-        return {QStringLiteral("2M"), QStringLiteral("2.8M"), QStringLiteral("4M")};
-    case QualityPreset::smaller:
-        return {QStringLiteral("1.2M"), QStringLiteral("1.7M"), QStringLiteral("2.4M")};
-    case QualityPreset::tiny:
-        return {QStringLiteral("700k"), QStringLiteral("1M"), QStringLiteral("1.4M")};
-    }
-    Q_UNREACHABLE();
-}
-
-QString audioRate(QualityPreset preset)
-{
-    switch (preset) {
-    case QualityPreset::standard:
-        return QStringLiteral("128k");
-    case QualityPreset::smaller:
-        return QStringLiteral("96k");
-    case QualityPreset::tiny:
-        return QStringLiteral("64k");
-    }
-    Q_UNREACHABLE();
-}
-
 QStringList videoOptions(QualityPreset preset, const SystemValues &system)
 {
-    const QStringList rates = videoRates(preset);
+    const ProxyFormat format = proxyFormat(preset);
     return QStringList{QStringLiteral("-c:v"), system.videoEncoder.name} + system.videoEncoder.options +
-           QStringList{
-               QStringLiteral("-b:v"),     rates[0], QStringLiteral("-maxrate"), rates[1],
-               QStringLiteral("-bufsize"), rates[2], QStringLiteral("-pix_fmt"), QStringLiteral("yuv420p")};
+           QStringList{QStringLiteral("-b:v"),     QLatin1String(format.videoRate),
+                       QStringLiteral("-maxrate"), QLatin1String(format.highestRate),
+                       QStringLiteral("-bufsize"), QLatin1String(format.bufferSize),
+                       QStringLiteral("-pix_fmt"), QStringLiteral("yuv420p")};
 }
 
 QStringList audioOptions(QualityPreset preset)
 {
-    return {QStringLiteral("-c:a"), QStringLiteral("aac"),   QStringLiteral("-b:a"), audioRate(preset),
-            QStringLiteral("-ar"),  QStringLiteral("48000"), QStringLiteral("-ac"),  QStringLiteral("2")};
+    return {QStringLiteral("-c:a"), QStringLiteral("aac"),
+            QStringLiteral("-b:a"), QLatin1String(proxyFormat(preset).audioRate),
+            QStringLiteral("-ar"),  QStringLiteral("48000"),
+            QStringLiteral("-ac"),  QStringLiteral("2")};
 }
 
 /// The graph, the streams taken from it and how they are encoded.
