@@ -1,33 +1,16 @@
 import QtQuick
 import Marrowcut.Style
 
-// One row's switch for the text in the picture.
-Item {
+// One row's switch for the text in the video: a checkbox at the leading edge of a tinted column.
+CheckMark {
     id: root
 
-    required property bool checked
-    required property string name
-    required property bool isTabStop
+    implicitHeight: 14 + 2 * 3
+    indicatorX: 0
 
-    signal toggled()
-
-    implicitHeight: mark.height + 2 * 3
-
-    Rectangle {
-        anchors.fill: parent
+    background: Rectangle {
         radius: 4
-        color: Theme.accent
-        opacity: 0.1
-    }
-
-    CheckMark {
-        id: mark
-
-        anchors.verticalCenter: parent.verticalCenter
-        focusPolicy: root.isTabStop || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
-        checked: root.checked
-        Accessible.name: "Burn in filename and timecode, " + root.name
-        onToggled: root.toggled()
+        color: Qt.alpha(Theme.accent, 0.1)
     }
 
     HoverTip {

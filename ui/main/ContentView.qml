@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Layouts
+import QtQuick.Templates as T
 import Marrowcut.Main
 import Marrowcut.Sheets
 import Marrowcut.Style
@@ -16,11 +17,22 @@ FocusScope {
     readonly property alias isTargeted: dropTarget.isTargeted
     readonly property Item focusItem: Window.activeFocusItem
     readonly property bool showsQueue: !queue.isEmpty
-    property bool started: false // what only a queue needs is made once the window is there
+    property bool showAdvancedOptions: false
+    property bool usesKeyboard: false // the focus was last moved by a key
+
+    function followFocus() {
+        if (focusItem === null || focusItem === Window.contentItem)
+            takeStrayFocus();
+        else if (focusItem instanceof T.Control)
+            usesKeyboard = (focusItem as T.Control).visualFocus;
+    }
 
     function takeStrayFocus() {
-        if (Window.active && (focusItem === null || focusItem === Window.contentItem))
-            forceActiveFocus(Qt.TabFocusReason);
+        if (!Window.active)
+            return;
+        forceActiveFocus(Qt.TabFocusReason);
+        if (usesKeyboard && Window.activeFocusItem === root) // what had the focus is gone
+            nextItemInFocusChain().forceActiveFocus(Qt.TabFocusReason);
     }
 
     focus: true
@@ -30,16 +42,12 @@ FocusScope {
         id: afterClosing
 
         interval: 0
-        onTriggered: root.takeStrayFocus()
+        onTriggered: root.followFocus()
     }
 
-    Connections {
-        target: root.Window.window
-        enabled: !root.started
-
-        function onFrameSwapped() {
-            root.started = true;
-        }
+    Shortcut {
+        sequences: ["Ctrl+V", "Shift+Insert"]
+        onActivated: root.queue.paste()
     }
 
     ColumnLayout {
@@ -72,11 +80,13 @@ FocusScope {
             Layout.fillWidth: true
             Layout.fillHeight: true
             visible: root.showsQueue
-            active: root.started || root.showsQueue
+            active: root.showsQueue
 
             // qmllint disable unqualified
             sourceComponent: JobListView {
                 queue: root.queue
+                showAdvancedOptions: root.showAdvancedOptions
+                onAdvancedToggled: root.showAdvancedOptions = !root.showAdvancedOptions
             }
             // qmllint enable unqualified
         }
@@ -85,7 +95,7 @@ FocusScope {
             Layout.fillWidth: true
             Layout.margins: 12
             visible: root.showsQueue
-            active: root.started || root.showsQueue
+            active: root.showsQueue
 
             // qmllint disable unqualified
             sourceComponent: SummaryBar {

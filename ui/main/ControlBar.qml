@@ -8,25 +8,45 @@ RowLayout {
     id: root
 
     required property QueueViewModel queue
-    readonly property bool holdsFocus: selectButton.activeFocus || clearButton.activeFocus || goButton.activeFocus
+
+    signal focusLost(bool byKeyboard)
+
+    // The keyboard focus must not go with a button that hides.
+    function passFocusOn(button: PushButton) {
+        if (!button.visible && button.activeFocus)
+            focusLost(button.visualFocus);
+    }
 
     spacing: 8
 
     PushButton {
-        id: selectButton
-
         objectName: "selectAllButton"
+        Layout.preferredWidth: Math.ceil(Math.max(selectAll.advanceWidth, selectNone.advanceWidth)) + leftPadding + rightPadding
         visible: root.queue.hasQueuedJobs
-        text: root.queue.allQueuedSelected ? "Select None" : "Select All"
+        onVisibleChanged: root.passFocusOn(this)
+        text: root.queue.allQueuedSelected ? selectNone.text : selectAll.text
         font.pixelSize: 11
         onClicked: root.queue.toggleAllSelected()
+
+        TextMetrics {
+            id: selectAll
+
+            text: "Select All"
+            font.pixelSize: 11
+        }
+
+        TextMetrics {
+            id: selectNone
+
+            text: "Select None"
+            font.pixelSize: 11
+        }
     }
 
     PushButton {
-        id: clearButton
-
         objectName: "clearButton"
         visible: root.queue.hasCompletedJobs
+        onVisibleChanged: root.passFocusOn(this)
         text: "Clear Completed"
         font.pixelSize: 11
         onClicked: root.queue.clearCompleted()
@@ -34,10 +54,12 @@ RowLayout {
 
     Text {
         Layout.fillWidth: true
+        Layout.minimumHeight: goButton.implicitHeight // the bar's height, with or without the button
         text: "Drop more to add to the queue"
         font.pixelSize: 11
         color: Theme.secondary
         horizontalAlignment: Text.AlignRight
+        verticalAlignment: Text.AlignVCenter
         elide: Text.ElideRight
         Accessible.role: Accessible.StaticText
         Accessible.name: text
@@ -48,6 +70,7 @@ RowLayout {
 
         objectName: "goButton"
         visible: root.queue.hasSelectedQueuedJobs
+        onVisibleChanged: root.passFocusOn(this)
         text: "Go"
         highlighted: true
         onClicked: root.queue.start()
@@ -56,6 +79,7 @@ RowLayout {
     Shortcut {
         sequences: ["Return", "Enter"]
         enabled: goButton.visible
+        autoRepeat: false
         onActivated: root.queue.start()
     }
 }

@@ -1,31 +1,21 @@
 import QtQuick
-import Marrowcut.Style
+import Marrowcut.Main
 
-// Says more about its parent while the pointer rests there. Without text there is nothing to say.
-Item {
+// Shows a text in a window of its own while the pointer rests on the parent. An empty text shows nothing.
+HoverHandler {
     id: root
 
     required property string text
-    readonly property TipWindow shownTip: loader.item as TipWindow
+    readonly property bool isWanted: hovered && text.length > 0
+
+    function update() {
+        if (isWanted)
+            TipWindow.showFor(parent, text);
+        else
+            TipWindow.hideFor(parent);
+    }
 
     objectName: "hoverTip"
-    anchors.fill: parent
-
-    HoverHandler {
-        id: pointer
-    }
-
-    // Made only when wanted: every row has some.
-    Loader {
-        id: loader
-
-        active: pointer.hovered && root.text.length > 0
-
-        // qmllint disable unqualified
-        sourceComponent: TipWindow {
-            text: root.text
-            target: root
-        }
-        // qmllint enable unqualified
-    }
+    onIsWantedChanged: update()
+    onTextChanged: if (isWanted) update()
 }

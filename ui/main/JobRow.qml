@@ -1,82 +1,94 @@
 import QtQuick
 import QtQuick.Layouts
+import QtQuick.Templates as T
 import Marrowcut.Main
 import Marrowcut.Style
 
-// One job. Of the list's rows, only the current one takes the Tab key, so that Tab leaves a long list; the arrow keys
-// go from row to row. What a queued row does not show is made when it shows: every row that comes into view is made anew.
-FocusScope {
+// One job. The arrow keys go from row to row. The Tab key goes through the current row's controls and then leaves the list.
+T.Pane {
     id: root
 
     required property int index
     required property string jobId
     required property string name
-    required property string statusText
+    required property string statusLabel
     required property int statusKind
-    required property string etaText
+    required property string remainingTime
     required property real progress
     required property bool isSelected
     required property bool burnInEnabled
-    required property string errorText
-    required property string errorSummary
-    required property string accessibleText
+    required property string failureText
+    required property string accessibleName
+    required property string accessibleDescription
     required property int includeColumnWidth
     required property int burnInColumnWidth
     required property real burnInShare
     readonly property bool isQueued: statusKind === JobListModel.Queued
     readonly property bool isFailed: statusKind === JobListModel.Failed
     readonly property bool isTabStop: ListView.isCurrentItem
-    property bool retriedByKey: false // the focus goes to the checkbox, and the ring with it
+    readonly property bool hasKeyboardFocus: activeFocus && ((Window.activeFocusItem as T.Control)?.visualFocus ?? false)
 
     signal includeToggled()
     signal burnInToggled()
     signal removeRequested()
     signal retryRequested()
     signal menuRequested(point place)
-    signal focusEntered()
 
-    // A row that has not failed has no menu.
     function requestMenu(place: point) {
-        if (isFailed)
+        if (isFailed) // no other row has a menu
             menuRequested(place);
     }
 
-    // What has the focus stays a tab stop until it has passed it on; here and in the controls.
-    activeFocusOnTab: isTabStop && !isQueued && !isFailed || Window.activeFocusItem === root
-    Accessible.role: Accessible.ListItem
-    Accessible.name: accessibleText
-    Accessible.description: errorSummary
-    Accessible.onPressAction: requestMenu(Qt.point(0, height))
-    onActiveFocusChanged: if (activeFocus) focusEntered()
-    onIsQueuedChanged: {
-        if (isQueued && activeFocus && retriedByKey) {
-            include.forceActiveFocus();
-            include.focusReason = Qt.TabFocusReason; // also where it had the focus already
-        }
-        retriedByKey = false;
+    // The row itself, none of its controls.
+    function takeFocus(reason: int) {
+        for (const control of [include, burnIn, remove, retry])
+            control.focus = false;
+        forceActiveFocus(reason);
+        focusReason = reason; // also where the view gave it the focus already
     }
+
+    function focusRemoveButton() {
+        remove.forceActiveFocus(Qt.TabFocusReason);
+    }
+
+    leftPadding: 12
+    rightPadding: 12
+    topPadding: 4
+    bottomPadding: 4
+    // What has the focus stays a tab stop until it has passed it on; here and in the controls.
+    focusPolicy: isTabStop || activeFocus ? Qt.TabFocus : Qt.NoFocus
+    Accessible.role: Accessible.ListItem
+    Accessible.name: accessibleName
+    Accessible.description: accessibleDescription
+    Accessible.onPressAction: requestMenu(Qt.point(0, height))
+    onStatusKindChanged: if (activeFocus) takeFocus(hasKeyboardFocus ? Qt.TabFocusReason : Qt.OtherFocusReason)
 
     TapHandler {
         acceptedButtons: Qt.RightButton
         onTapped: eventPoint => root.requestMenu(eventPoint.position)
     }
 
-    Rectangle {
-        anchors.fill: parent
-        anchors.leftMargin: 5
-        anchors.rightMargin: 5
-        visible: root.activeFocus
-        radius: 6
-        color: Theme.accent
-        opacity: 0.1
+    background: Item {
+        Rectangle {
+            anchors.fill: parent
+            anchors.leftMargin: 5
+            anchors.rightMargin: 5
+            visible: root.hovered || root.hasKeyboardFocus
+            radius: 6
+            color: root.hasKeyboardFocus ? Theme.accent : Theme.primary
+            opacity: root.hasKeyboardFocus ? 0.12 : 0.05
+        }
+
+        Divider {
+            x: root.leftPadding + labels.x
+            y: parent.height - height
+            width: parent.width - x - root.rightPadding
+            visible: root.index < root.ListView.view?.count - 1
+        }
     }
 
     RowLayout {
         anchors.fill: parent
-        anchors.leftMargin: 12
-        anchors.rightMargin: 12
-        anchors.topMargin: 4
-        anchors.bottomMargin: 4
         spacing: 8
 
         CheckMark {
@@ -85,36 +97,33 @@ FocusScope {
             objectName: "includeCheck"
             Layout.preferredWidth: root.includeColumnWidth
             visible: root.isQueued
-            focus: root.isQueued
             focusPolicy: root.isTabStop || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
             checked: root.isSelected
             Accessible.name: "Include " + root.name
             onToggled: root.includeToggled()
         }
 
-        Loader {
+        BurnInCheck {
+            id: burnIn
+
+            objectName: "burnInCheck"
             // Without its share of the width, its share of the spacing goes too.
             Layout.leftMargin: -8 * (1 - root.burnInShare)
             Layout.preferredWidth: root.burnInColumnWidth * root.burnInShare
-            active: root.isQueued && root.burnInShare > 0
-            visible: active
-
-            // qmllint disable unqualified
-            sourceComponent: BurnInCheck {
-                objectName: "burnInCheck"
-                enabled: root.isSelected
-                opacity: root.burnInShare * (root.isSelected ? 1 : 0.4)
-                isTabStop: root.isTabStop
-                checked: root.burnInEnabled
-                name: root.name
-                onToggled: root.burnInToggled()
-            }
-            // qmllint enable unqualified
+            visible: root.isQueued && root.burnInShare > 0
+            enabled: root.isSelected
+            opacity: root.burnInShare * (root.isSelected ? 1 : 0.4)
+            focusPolicy: root.isTabStop || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
+            checked: root.burnInEnabled
+            Accessible.name: "Burn in filename and timecode, " + root.name
+            onToggled: root.burnInToggled()
         }
 
         Item {
+            id: labels
+
             Layout.fillWidth: true
-            implicitHeight: nameLabel.height + (bar.active ? 4 + bar.height : 0)
+            implicitHeight: nameLabel.height + (root.isQueued ? 0 : 4 + bar.height)
 
             Text {
                 id: nameLabel
@@ -128,6 +137,7 @@ FocusScope {
                 font.pixelSize: 12
                 font.weight: Font.Medium
                 color: Theme.primary
+                horizontalAlignment: Text.AlignLeft
                 elide: Text.ElideMiddle
 
                 HoverTip {
@@ -144,20 +154,13 @@ FocusScope {
                 anchors.verticalCenter: nameLabel.verticalCenter
                 width: Math.min(implicitWidth, root.width * 0.55)
                 elide: Text.ElideRight
-                text: root.statusText
+                text: root.statusLabel
                 textFormat: Text.PlainText
                 font.pixelSize: 11
                 color: root.isFailed ? Theme.failure : Theme.secondary
 
-                Loader {
-                    anchors.fill: parent
-                    active: root.isFailed
-
-                    // qmllint disable unqualified
-                    sourceComponent: HoverTip {
-                        text: root.errorText
-                    }
-                    // qmllint enable unqualified
+                HoverTip {
+                    text: root.failureText
                 }
             }
 
@@ -168,60 +171,52 @@ FocusScope {
                 anchors.right: parent.right
                 anchors.verticalCenter: nameLabel.verticalCenter
                 visible: text.length > 0
-                text: root.etaText
+                text: root.remainingTime
                 font.pixelSize: 11
                 color: Theme.secondary
             }
 
-            Loader {
+            ThinProgressBar {
                 id: bar
 
+                objectName: "bar"
                 anchors.left: parent.left
                 anchors.right: parent.right
                 anchors.bottom: parent.bottom
-                active: !root.isQueued
-
-                // qmllint disable unqualified
-                sourceComponent: ThinProgressBar {
-                    objectName: "bar"
-                    value: root.progress
-                    tint: root.statusKind === JobListModel.Successful ? Theme.success : root.isFailed ? Theme.failure : Theme.accent
-                    Accessible.ignored: true
-                }
-                // qmllint enable unqualified
+                visible: !root.isQueued
+                value: root.progress
+                tint: root.statusKind === JobListModel.Successful ? Theme.success : root.isFailed ? Theme.failure : Theme.accent
+                Accessible.ignored: true
             }
         }
 
         SymbolButton {
+            id: remove
+
             objectName: "removeButton"
-            padding: 3
+            leftPadding: 3
             visible: root.isQueued
             focusPolicy: root.isTabStop || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
             symbol: "xmark.circle.fill"
             symbolSize: 14
             Accessible.name: "Remove " + root.name
             onClicked: root.removeRequested()
+
+            HoverTip {
+                text: "Remove from the list"
+            }
         }
 
-        Loader {
-            active: root.isFailed
-            visible: active
-            focus: root.isFailed
+        PushButton {
+            id: retry
 
-            // qmllint disable unqualified
-            sourceComponent: PushButton {
-                objectName: "retryButton"
-                focus: true
-                focusPolicy: root.isTabStop || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
-                text: "Retry"
-                font.pixelSize: 11
-                Accessible.name: "Retry " + root.name
-                onClicked: {
-                    root.retriedByKey = visualFocus;
-                    root.retryRequested();
-                }
-            }
-            // qmllint enable unqualified
+            objectName: "retryButton"
+            visible: root.isFailed
+            focusPolicy: root.isTabStop || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
+            text: "Retry"
+            font.pixelSize: 11
+            Accessible.name: "Retry " + root.name
+            onClicked: root.retryRequested()
         }
     }
 }

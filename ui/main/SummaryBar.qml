@@ -57,6 +57,7 @@ ColumnLayout {
 
             objectName: "outputPath"
             Layout.fillWidth: true
+            horizontalAlignment: Text.AlignLeft
             text: root.queue.outputDirPath
             textFormat: Text.PlainText
             font.pixelSize: 10

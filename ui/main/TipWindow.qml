@@ -1,14 +1,30 @@
+pragma Singleton
+
 import QtQuick
 import Marrowcut.Style
 
-// A tip below its target, or above it where the screen ends. It is a window of its own: what the tools say of a failure
-// is longer than the smallest window. Of what is longer than the screen, the end is shown.
+// The one tooltip. It is a window of its own, since an error message can be longer than the smallest window; below its
+// target, or above it at the screen's lower edge. Of a text longer than the screen, the end is shown.
 Window {
     id: root
 
-    required property string text
-    required property Item target
+    property Item target: null
+    property string text
     readonly property int margin: 8
+
+    function showFor(item: Item, itsText: string) {
+        if (item !== target)
+            visible = false;
+        target = item;
+        text = itsText;
+        if (!visible)
+            delay.restart();
+    }
+
+    function hideFor(item: Item) {
+        if (item === target)
+            target = null;
+    }
 
     function place() {
         const below = target.mapToGlobal(0, target.height + 4);
@@ -19,15 +35,22 @@ Window {
         y = below.y + height <= bottom ? below.y : Math.max(Screen.virtualY, above);
     }
 
-    transientParent: target.Window.window
+    transientParent: target?.Window.window ?? null
     flags: Qt.ToolTip | Qt.WindowTransparentForInput | Qt.WindowDoesNotAcceptFocus
     color: Theme.controlFill
     width: clip.width + 2 * margin
     height: clip.height + 2 * 4
+    onTargetChanged: {
+        if (target === null) { // also when it is destroyed
+            delay.stop();
+            visible = false;
+        }
+    }
 
     Timer {
+        id: delay
+
         interval: 700
-        running: true
         onTriggered: {
             root.place();
             root.visible = true;
@@ -49,7 +72,7 @@ Window {
         height: Math.min(label.implicitHeight, Math.floor(Screen.height * 0.9))
         clip: true
 
-        // Names and the tools' messages come from outside: no markup in them counts.
+        // File names and error messages: markup in them has no effect.
         Text {
             id: label
 

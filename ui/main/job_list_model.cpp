@@ -1,6 +1,6 @@
 #include "ui/main/job_list_model.h"
 
-#include "ui/main/job_row.h"
+#include "ui/main/job_text.h"
 
 #include <utility>
 
@@ -38,17 +38,17 @@ QList<int> changedRoles(const ProxyJob &before, const ProxyJob &after)
     const bool statusChanged = before.status != after.status;
     const bool progressChanged = before.progress != after.progress;
     if (statusChanged)
-        roles += {JobListModel::StatusTextRole, JobListModel::StatusKindRole};
+        roles += {JobListModel::StatusLabelRole, JobListModel::StatusKindRole};
     if (statusChanged || progressChanged)
-        roles += {JobListModel::ProgressRole, JobListModel::AccessibleTextRole};
+        roles += {JobListModel::ProgressRole, JobListModel::AccessibleNameRole};
     if (statusChanged || before.etaSeconds != after.etaSeconds)
-        roles += JobListModel::EtaTextRole;
+        roles += {JobListModel::RemainingTimeRole, JobListModel::AccessibleDescriptionRole};
     if (before.isSelected != after.isSelected)
         roles += JobListModel::IsSelectedRole;
     if (before.burnInEnabled != after.burnInEnabled)
         roles += JobListModel::BurnInEnabledRole;
     if (statusChanged || before.errorDetail != after.errorDetail)
-        roles += {JobListModel::ErrorTextRole, JobListModel::ErrorSummaryRole};
+        roles += {JobListModel::FailureTextRole, JobListModel::AccessibleDescriptionRole};
     return roles;
 }
 
@@ -77,25 +77,25 @@ QVariant JobListModel::data(const QModelIndex &index, int role) const
     case JobIdRole:
         return job.id.toString();
     case NameRole:
-        return job.fileName();
-    case StatusTextRole:
+        return JobText::oneLine(job.fileName());
+    case StatusLabelRole:
         return job.status.label();
     case StatusKindRole:
         return statusKind(job.status);
-    case EtaTextRole:
-        return JobRow::etaText(job);
+    case RemainingTimeRole:
+        return JobText::remainingTime(job);
     case ProgressRole:
-        return JobRow::barValue(job);
+        return JobText::barValue(job);
     case IsSelectedRole:
         return job.isSelected;
     case BurnInEnabledRole:
         return job.burnInEnabled;
-    case ErrorTextRole:
-        return JobRow::errorText(job);
-    case ErrorSummaryRole:
-        return JobRow::errorSummary(job);
-    case AccessibleTextRole:
-        return JobRow::accessibleText(job);
+    case FailureTextRole:
+        return JobText::failureText(job);
+    case AccessibleDescriptionRole:
+        return JobText::accessibleDescription(job);
+    case AccessibleNameRole:
+        return JobText::accessibleName(job);
     default:
         return QVariant();
     }
@@ -106,15 +106,15 @@ QHash<int, QByteArray> JobListModel::roleNames() const
     return {
         {JobIdRole, "jobId"},
         {NameRole, "name"},
-        {StatusTextRole, "statusText"},
+        {StatusLabelRole, "statusLabel"},
         {StatusKindRole, "statusKind"},
-        {EtaTextRole, "etaText"},
+        {RemainingTimeRole, "remainingTime"},
         {ProgressRole, "progress"},
         {IsSelectedRole, "isSelected"},
         {BurnInEnabledRole, "burnInEnabled"},
-        {ErrorTextRole, "errorText"},
-        {ErrorSummaryRole, "errorSummary"},
-        {AccessibleTextRole, "accessibleText"},
+        {FailureTextRole, "failureText"},
+        {AccessibleDescriptionRole, "accessibleDescription"},
+        {AccessibleNameRole, "accessibleName"},
     };
 }
 

@@ -19,15 +19,15 @@ public:
     enum Role {
         JobIdRole = Qt::UserRole, ///< text
         NameRole,
-        StatusTextRole,
-        StatusKindRole, ///< StatusKind
-        EtaTextRole,    ///< "· 1m left" or empty
-        ProgressRole,   ///< of the bar, 0.0 to 1.0
+        StatusLabelRole,
+        StatusKindRole,    ///< StatusKind
+        RemainingTimeRole, ///< "· 1m left" or empty
+        ProgressRole,      ///< of the bar, 0.0 to 1.0
         IsSelectedRole,
         BurnInEnabledRole,
-        ErrorTextRole,    ///< all that is known of a failure
-        ErrorSummaryRole, ///< one line of it
-        AccessibleTextRole,
+        FailureTextRole,           ///< all that is known of a failure
+        AccessibleDescriptionRole, ///< one line of it
+        AccessibleNameRole,
     };
 
     enum StatusKind { Queued, Active, Successful, Failed };

@@ -3,12 +3,15 @@
 #include "engine/burn_in_engine.h"
 #include "engine/model/output_paths.h"
 #include "platform/file_viewer.h"
-#include "ui/main/job_row.h"
+#include "ui/main/job_text.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QMimeData>
+#include <QSysInfo>
 
 #include <algorithm>
+#include <optional>
 
 namespace marrowcut
 {
@@ -17,6 +20,27 @@ namespace
 {
 
 constexpr qint64 frameMilliseconds = 17; // at 60 Hz, rounded up
+
+/// The file URL in its usual form; some programs name this computer as its host.
+std::optional<QUrl> localFile(QUrl url)
+{
+    const QString host = url.host();
+    const QStringList ownNames = {QString(), QStringLiteral("localhost"),
+                                  QSysInfo::machineHostName().toLower()};
+    if (!url.isLocalFile() || !ownNames.contains(host))
+        return std::nullopt;
+    url.setHost(QString());
+    return url;
+}
+
+int activeRowOf(const QList<ProxyJob> &jobs)
+{
+    const auto isActive = [](const ProxyJob &job) {
+        return job.status.isProbing() || job.status.isEncoding();
+    };
+    const auto active = std::ranges::find_if(jobs, isActive);
+    return active == jobs.end() ? -1 : static_cast<int>(active - jobs.begin());
+}
 
 } // namespace
 
@@ -54,16 +78,21 @@ void QueueViewModel::choosePreset(int index)
 
 bool QueueViewModel::acceptsDrop(const QList<QUrl> &urls)
 {
-    return std::ranges::any_of(urls, &QUrl::isLocalFile);
+    return std::ranges::any_of(urls, [](const QUrl &url) { return localFile(url).has_value(); });
 }
 
 void QueueViewModel::handleDrop(const QList<QUrl> &urls)
 {
     for (const QUrl &url : urls) {
-        if (url.isLocalFile())
-            QMetaObject::invokeMethod(
-                &m_engine, [&engine = m_engine, url] { engine.enqueue({url}); }, Qt::QueuedConnection);
+        const auto enqueue = [&engine = m_engine, file = localFile(url)] { engine.enqueue({*file}); };
+        if (localFile(url))
+            QMetaObject::invokeMethod(&m_engine, enqueue, Qt::QueuedConnection);
     }
+}
+
+void QueueViewModel::paste()
+{
+    handleDrop(QGuiApplication::clipboard()->mimeData()->urls());
 }
 
 void QueueViewModel::removeFromQueue(const QString &jobId)
@@ -91,7 +120,7 @@ void QueueViewModel::copyError(const QString &jobId)
     const QList<ProxyJob> &jobs = m_engine.jobs();
     const auto job = std::ranges::find(jobs, QUuid(jobId), &ProxyJob::id);
     if (job != jobs.end())
-        QGuiApplication::clipboard()->setText(JobRow::errorReport(*job));
+        QGuiApplication::clipboard()->setText(JobText::failureReport(*job));
 }
 
 void QueueViewModel::toggleAllSelected()
@@ -131,6 +160,7 @@ void QueueViewModel::refresh()
     assign(m_isRunning, m_engine.isRunning(), &QueueViewModel::isRunningChanged);
     assign(m_outputDir, jobs.isEmpty() ? QUrl() : outputFolder(jobs.first().sourceURL),
            &QueueViewModel::outputDirChanged);
+    assign(m_activeRow, activeRowOf(jobs), &QueueViewModel::activeRowChanged);
     assign(m_summary, QueueSummary::of(jobs), &QueueViewModel::summaryChanged);
 }
 

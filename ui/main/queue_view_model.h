@@ -3,6 +3,7 @@
 #include "engine/model/quality_preset.h"
 #include "engine/queue_summary.h"
 #include "ui/main/job_list_model.h"
+#include "ui/main/job_text.h"
 
 #include <QElapsedTimer>
 #include <QObject>
@@ -36,6 +37,7 @@ class QueueViewModel : public QObject
     Q_PROPERTY(QString doneText READ doneText NOTIFY summaryChanged)
     Q_PROPERTY(bool isRunning READ isRunning NOTIFY isRunningChanged)
     Q_PROPERTY(QString outputDirPath READ outputDirPath NOTIFY outputDirChanged)
+    Q_PROPERTY(int activeRow READ activeRow NOTIFY activeRowChanged)
     Q_PROPERTY(QStringList presetNames READ presetNames CONSTANT)
     Q_PROPERTY(int presetIndex READ presetIndex NOTIFY presetChanged)
     Q_PROPERTY(QString presetDescription READ presetDescription NOTIFY presetChanged)
@@ -54,7 +56,9 @@ public:
     bool isRunning() const { return m_isRunning; }
     /// The output folder of the first job; absent (not valid) when there is none.
     QUrl outputDir() const { return m_outputDir; }
-    QString outputDirPath() const { return m_outputDir.toLocalFile(); }
+    QString outputDirPath() const { return JobText::oneLine(m_outputDir.toLocalFile()); }
+    /// The row of the job that is being processed; -1 while there is none.
+    int activeRow() const { return m_activeRow; }
     QStringList presetNames() const;
     int presetIndex() const;
     QString presetDescription() const { return m_preset.descriptionText(); }
@@ -64,6 +68,8 @@ public:
     Q_INVOKABLE static bool acceptsDrop(const QList<QUrl> &urls);
     /// Posts one enqueue call for each local file among dropped items.
     Q_INVOKABLE void handleDrop(const QList<QUrl> &urls);
+    /// Adds the files and folders on the clipboard as a drop does.
+    Q_INVOKABLE void paste();
     Q_INVOKABLE void removeFromQueue(const QString &jobId);
     Q_INVOKABLE void toggleSelected(const QString &jobId);
     Q_INVOKABLE void toggleBurnIn(const QString &jobId);
@@ -81,6 +87,7 @@ Q_SIGNALS:
     void summaryChanged();
     void isRunningChanged();
     void outputDirChanged();
+    void activeRowChanged();
     void presetChanged();
 
 private:
@@ -96,6 +103,7 @@ private:
     JobListModel m_jobs;
     QueueSummary m_summary;
     QUrl m_outputDir;
+    int m_activeRow = -1;
     QualityPreset m_preset;
     bool m_isRunning = false;
 };

@@ -6,15 +6,17 @@ import QtQuick.Templates as T
 T.CheckBox {
     id: control
 
+    property real indicatorX: (width - 14) / 2
+
     implicitWidth: 14
     implicitHeight: 14
     nextCheckState: () => checkState
     onClicked: toggled()
-    Accessible.onPressAction: clicked()
-    Accessible.onToggleAction: clicked()
+    Accessible.onPressAction: if (enabled) clicked()
+    Accessible.onToggleAction: if (enabled) clicked()
 
     indicator: Rectangle {
-        x: (control.width - width) / 2
+        x: control.indicatorX
         y: (control.height - height) / 2
         width: 14
         height: 14

@@ -28,6 +28,7 @@ TestCase {
 
     // The list's row, once it is there.
     function row(index: int): Item {
+        settle();
         const list = findChild(content, "jobList");
         tryVerify(() => list.itemAtIndex(index) !== null);
         settle();

@@ -1,9 +1,8 @@
 #include "ui/main/job_list_model.h"
-#include "ui/main/job_row.h"
+#include "ui/main/job_text.h"
 
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <cmath>
@@ -86,7 +85,7 @@ private Q_SLOTS:
                               QStringLiteral("removed 0-1"), QStringLiteral("changed 1-1"),
                               QStringLiteral("inserted 3-4")}));
         QCOMPARE(shownNames(watched.model), QStringLiteral("2 4 7 8 9"));
-        QCOMPARE(watched.model.index(1).data(JobListModel::StatusTextRole).toString(),
+        QCOMPARE(watched.model.index(1).data(JobListModel::StatusLabelRole).toString(),
                  QStringLiteral("Encoding…"));
     }
 
@@ -117,7 +116,7 @@ private Q_SLOTS:
                               QStringLiteral("changed 4-4")}));
         QCOMPARE(watched.changedRoles[0], QList<int>{JobListModel::IsSelectedRole});
         QCOMPARE(watched.changedRoles[1], QList<int>{JobListModel::BurnInEnabledRole});
-        QVERIFY(watched.changedRoles[2].contains(JobListModel::AccessibleTextRole));
+        QVERIFY(watched.changedRoles[2].contains(JobListModel::AccessibleNameRole));
         QCOMPARE(watched.mirror(jobs), QStringList());
     }
 
@@ -135,40 +134,46 @@ private Q_SLOTS:
         QVERIFY(!model.index(9999).data(JobListModel::IsSelectedRole).toBool());
     }
 
-    void endedOrUnknownTimeIsNotTold()
+    void remainingTimeWhereItIsWorthShowing()
     {
         ProxyJob job = manyJobs(1).first();
         job.status = JobStatus::encoding();
         for (const double eta : {0.5, 1.0, HUGE_VAL, std::nan(""), 1e300}) {
             job.etaSeconds = eta;
-            QCOMPARE(JobRow::etaText(job), QString());
+            QCOMPARE(JobText::remainingTime(job), QString());
         }
+        job.etaSeconds = 90;
+        QCOMPARE(JobText::remainingTime(job), QStringLiteral("· 1m left"));
+        QCOMPARE(JobText::accessibleDescription(job), QStringLiteral("1m left"));
     }
 
-    void whatIsSaidOfAFailure()
+    void textsOfAFailure()
     {
-        const QTemporaryDir folder;
-        const QString clip = folder.filePath(QStringLiteral("a.mxf"));
-        ProxyJob job = ProxyJob::forSource(QUrl::fromLocalFile(clip));
-        const auto summary = [&job](const QString &complaint) {
-            job.errorDetail = QStringLiteral("frame= 10\n%1\n\n").arg(complaint);
-            return JobRow::errorSummary(job);
-        };
-        const auto missing = QStringLiteral("out.mp4: No such file or directory");
-        QCOMPARE(summary(missing), missing); // no advice before it has failed
+        ProxyJob job = ProxyJob::forSource(QUrl::fromLocalFile(QStringLiteral("/clips/a.mxf")));
+        job.errorDetail =
+            QStringLiteral("frame=   10 fps=0.0 q=0.0 size=1kB time=00:00:00.40 bitrate=1kbits/s\n"
+                           "av_interleaved_write_frame(): No space left on device\n\n");
+        QCOMPARE(JobText::accessibleDescription(job), QString()); // it has not failed yet
         job.status = JobStatus::failed(QStringLiteral("encode error"));
-        QCOMPARE(summary(missing),
-                 QStringLiteral("The clip is not there any more. Connect its disk again, then retry."));
-        QVERIFY(QFile(clip).open(QIODevice::WriteOnly));
-        QCOMPARE(summary(missing), QStringLiteral("Nothing can be written beside the clip. Change the "
-                                                  "permissions of %1, then retry.")
-                                       .arg(folder.path()));
-        QCOMPARE(summary(QStringLiteral("av_interleaved_write_frame(): No space left on device")),
-                 QStringLiteral("The disk is full. Make room on it, then retry."));
-        QCOMPARE(summary(QStringLiteral("Odd thing")), QStringLiteral("Odd thing"));
-        QVERIFY(JobRow::errorText(job).endsWith(QStringLiteral("frame= 10\nOdd thing")));
-        job.errorDetail.reset();
-        QCOMPARE(JobRow::errorReport(job), QStringLiteral("a.mxf\nFailed: encode error"));
+        const QString advice = JobText::accessibleDescription(job);
+        QVERIFY(advice.startsWith(QStringLiteral("The disk is full.")));
+        QCOMPARE(JobText::failureText(job),
+                 advice + QStringLiteral("\n\nav_interleaved_write_frame(): No space left on device"));
+        job.errorDetail = QStringLiteral("First\nOdd thing\n");
+        QCOMPARE(JobText::accessibleDescription(job), QStringLiteral("Odd thing"));
+        QCOMPARE(JobText::failureReport(job),
+                 QStringLiteral("a.mxf\nFailed: encode error\n\nFirst\nOdd thing"));
+    }
+
+    void namesStayOnOneLine()
+    {
+        ProxyJob job = ProxyJob::forSource(
+            QUrl::fromLocalFile(QStringLiteral("/clips/a\nb\x7f\u2028\u202ec\u05d0.mxf")));
+        JobListModel model;
+        model.mirror({job});
+        QCOMPARE(model.index(0).data(JobListModel::NameRole).toString(),
+                 QStringLiteral("a\u240ab\u2421\ufffd\ufffdc\u05d0.mxf"));
+        QVERIFY(JobText::accessibleName(job).startsWith(QStringLiteral("a\u240ab")));
     }
 };
 
