@@ -1,7 +1,6 @@
 #include "engine/job_list.h"
 
 #include <algorithm>
-#include <iterator>
 #include <utility>
 
 namespace marrowcut
@@ -28,33 +27,17 @@ void JobList::append(const ProxyJob &job)
 
 void JobList::removeIf(const Predicate &matches)
 {
-    if (std::none_of(m_jobs.cbegin(), m_jobs.cend(), matches))
+    if (std::ranges::none_of(m_jobs, matches))
         return;
     m_announce();
-    const QList<ProxyJob> before = std::exchange(m_jobs, {});
-    std::remove_copy_if(before.cbegin(), before.cend(), std::back_inserter(m_jobs), matches);
-    updateIndexes(before, matches);
-}
-
-/// Hashing the sources is what takes time, so the fewer are hashed: those that stay or those that go.
-void JobList::updateIndexes(const QList<ProxyJob> &before, const Predicate &isGone)
-{
-    const bool fewStay = m_jobs.size() < before.size() / 2;
-    if (fewStay) {
-        m_positions.clear();
-        m_sources.clear();
+    m_jobs.removeIf(matches);
+    m_positions.clear();
+    m_sources.clear();
+    for (qsizetype position = 0; position < m_jobs.size(); ++position) {
+        const ProxyJob &job = std::as_const(m_jobs)[position];
+        m_positions.insert(job.id, position);
+        m_sources.insert(job.sourceURL);
     }
-    for (const ProxyJob &job : before) {
-        const bool gone = isGone(job);
-        if (gone && !fewStay) {
-            m_positions.remove(job.id);
-            m_sources.remove(job.sourceURL);
-        } else if (!gone && fewStay) {
-            m_sources.insert(job.sourceURL);
-        }
-    }
-    for (qsizetype position = 0; position < m_jobs.size(); ++position)
-        m_positions.insert(std::as_const(m_jobs)[position].id, position);
 }
 
 } // namespace marrowcut

@@ -12,7 +12,7 @@ namespace marrowcut
 {
 
 /// The jobs in the order of their enqueuing. Every edit is announced once, before it is applied.
-/// Lookups by id and by source take constant time. One thread.
+/// Lookups by id and by source take constant time. Not thread-safe.
 class JobList
 {
 public:
@@ -43,8 +43,6 @@ public:
     void removeIf(const Predicate &matches);
 
 private:
-    void updateIndexes(const QList<ProxyJob> &before, const Predicate &isGone);
-
     std::function<void()> m_announce;
     QList<ProxyJob> m_jobs;
     QHash<QUuid, qsizetype> m_positions;
