@@ -37,6 +37,8 @@ constexpr std::array knownMessages = {
     Advice{"not enough memory", "Close other programs, then retry."},
     Advice{"was ended by signal", "ffmpeg crashed or was ended from outside, for example because the memory "
                                   "ran out. Close other programs, then retry."},
+    Advice{"File name too long", "The proxy's name would be too long. Rename the clip to a shorter name and "
+                                 "add it again."},
     Advice{"Is a directory", "This is a folder with the name of a clip. Add the clips in it instead."},
     Advice{"This is a text file", "Add the camera's own files instead."},
     Advice{"moov atom not found", "The clip is incomplete or is not a video. If its recording or copying was "
@@ -110,9 +112,11 @@ QString knownAdvice(const QString &detail, const OutputPaths &paths)
     return QString();
 }
 
-bool isStatistics(const QString &line)
+/// Statistics, and what FFmpeg 7 says of `-timecode` whenever an encode does not get as far as writing.
+bool isNoise(const QString &line)
 {
-    return line.contains(QLatin1String("time=")) && line.contains(QLatin1String("bitrate="));
+    return (line.contains(QLatin1String("time=")) && line.contains(QLatin1String("bitrate=")))
+           || line.contains(QLatin1String("has not been used for any stream"));
 }
 
 } // namespace
@@ -134,7 +138,7 @@ QString failureAdvice(const ProxyJob &job)
 QString errorMessages(const ProxyJob &job)
 {
     QStringList lines = job.errorDetail.value_or(QString()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-    lines.removeIf(isStatistics);
+    lines.removeIf(isNoise);
     return lines.join(QLatin1Char('\n')).trimmed();
 }
 

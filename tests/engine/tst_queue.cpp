@@ -167,10 +167,13 @@ private Q_SLOTS:
                     .contains(folder + QStringLiteral("/.chunks_a")));
         QVERIFY(!advice("av_interleaved_write_frame(): No space left on device").contains(folder));
         QVERIFY(advice("").contains(QStringLiteral("could not be started")));
+        QVERIFY(advice("[out#0/mp4] Error opening output /gone/a.mp4: File name too long")
+                    .contains(QStringLiteral("shorter name")));
         QCOMPARE(advice("something new"), QString());
 
         job.errorDetail =
-            QStringLiteral("frame=  9 fps=0.0 q=0.0 size= 0kB time=00:00:00.00 bitrate=N/A speed=0x\nbad");
+            QStringLiteral("frame=  9 fps=0.0 q=0.0 size= 0kB time=00:00:00.00 bitrate=N/A speed=0x\n"
+                           "Codec AVOption gop_timecode (…) has not been used for any stream.\nbad");
         QCOMPARE(errorMessages(job), QStringLiteral("bad"));
         job.status = JobStatus::done();
         QCOMPARE(failureAdvice(job), QString());

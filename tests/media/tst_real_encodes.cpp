@@ -52,7 +52,8 @@ private Q_SLOTS:
         const QByteArray bytes = fileContents(proxy);
         QVERIFY(bytes.indexOf("moov") < bytes.indexOf("mdat"));
         QVERIFY(!m_progress.isEmpty());
-        QCOMPARE(m_progress.last(), 1.0);
+        // The last report is about the end of the clip (FFmpeg 5) or the start of its last frames (FFmpeg 7).
+        QVERIFY(m_progress.last() > 0.95 && m_progress.last() <= 1.0);
     }
 
     void silentClipWithoutBurnIn()

@@ -22,10 +22,16 @@ def _all_below(node):
         yield from _all_below(child)
 
 
+def _role_name(node):
+    """The same in all releases: newer ones say "button" for short."""
+    name = node.get_role_name()
+    return "push button" if name == "button" else name
+
+
 def _matches(node, role, name):
     try:
         found = node.get_name() or ""
-        return (role is None or node.get_role_name() == role) and found.startswith(name)
+        return (role is None or _role_name(node) == role) and found.startswith(name)
     except GLib.Error:
         return False
 
