@@ -16,7 +16,7 @@ using Reason = RefusedItem::Reason;
 /// The clip's name and failure, then the tools' messages and the advice, indented.
 QString failureLines(const ProxyJob &job)
 {
-    QString detail = job.errorDetail.value_or(QString());
+    QString detail = errorMessages(job);
     if (const QString advice = failureAdvice(job); !advice.isEmpty())
         detail += QStringLiteral("\nWhat to do: ") + advice;
     return QStringLiteral("%1: %2\n").arg(printable(job.fileName()), printable(job.status.label())) +

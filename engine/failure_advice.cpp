@@ -2,6 +2,7 @@
 
 #include "engine/model/output_paths.h"
 
+#include <QFileInfo>
 #include <QStringList>
 
 #include <array>
@@ -24,12 +25,16 @@ constexpr const char *undecodable =
     "lacks, or refer to media in other files; if not, copy it from the card again, then retry.";
 
 /// The first that stands in the detail counts. Each names at most one place: %1 is the proxy's folder, %2 the
-/// proxy, %3 the work folder.
+/// proxy, %3 the work folder, %4 the clip's folder.
 constexpr std::array knownMessages = {
     Advice{"There is a folder in the place of the proxy", "Rename or move the folder %2, then retry."},
     Advice{"could not be made anew", "Remove the folder %3, then retry."},
     Advice{"is a link that was not made here", "Remove that link, then retry."},
     Advice{"was changed or replaced while", "Wait until the clip is copied completely, then retry."},
+    Advice{
+        "could not be made: Permission denied",
+        "No folder can be made beside the clip. Change the permissions of %4, or copy the clips to another "
+        "disk and add them from there."},
     Advice{"Disk quota exceeded", "Your disk quota is used up. Make room, then retry."},
     Advice{"Read-only file system", otherDisk},
     Advice{"Input/output error", "The disk could not be read or written. Check its connection, then retry."},
