@@ -1,0 +1,115 @@
+"""Many Marrowcuts in one folder under GNU parallel, as docs/many-machines.md has it: names by NUL, one process for each
+clip, results as JSON, a job log; then only what failed or was killed again.
+
+    many_processes.py MARROWCUT-CLI [--rounds N]
+"""
+
+import json
+import os
+import shutil
+import signal
+import subprocess
+import sys
+import time
+from pathlib import Path
+
+from harness import HEADER, Workplace, argument, check, report
+
+NAMES = [f"A001C{number:03}.MXF" for number in range(12)] + ["it's 100%.mov", "two\nlines.mov", "-dash.mp4", "\\$HOME `x`.mov"]
+BROKEN = "broken.mov"
+FIND = ["-name", "marrowcut_proxies", "-prune", "-o", "-type", "f", "(", "-iname", "*.mxf", "-o", "-iname", "*.mov", "-o",
+        "-iname", "*.mp4", ")", "-print0"]
+
+
+class Night:
+    """A card in a workplace, and what was started for it."""
+
+    def __init__(self, place):
+        self.place = place
+        self.card = place.folder / "card"
+        self.proxies = self.card / "marrowcut_proxies"
+        self.card.mkdir()
+        for name in NAMES:
+            shutil.copy(place.clips["short.mov"], self.card / name)
+        (self.card / BROKEN).write_text("nothing")
+        (place.folder / "clips.list").write_bytes(subprocess.check_output(["find", self.card, *FIND]))
+
+    def start(self, *options):
+        with open(self.place.folder / "night.jsonl", "ab") as results:
+            return subprocess.Popen(
+                ["parallel", "--will-cite", "--null", "--arg-file", self.place.folder / "clips.list", "--jobs", "4",
+                 "--joblog", self.place.folder / "night.log", *options, self.place.program, "--json", "{}"],
+                env=self.place.environment, cwd="/", stdin=subprocess.DEVNULL, stdout=results,
+                stderr=subprocess.DEVNULL, start_new_session=True)
+
+    def run(self, *options):
+        return self.start(*options).wait(timeout=300)
+
+    def results(self):
+        """Clip -> how often it was done and failed."""
+        events = [json.loads(line) for line in (self.place.folder / "night.jsonl").read_text().splitlines()]
+        return {name: [sum(event["event"] == kind and os.path.basename(event["clip"]) == name for event in events)
+                       for kind in ("done", "failed")] for name in [*NAMES, BROKEN]}
+
+    def logged_statuses(self):
+        return [line.split("\t")[6] for line in (self.place.folder / "night.log").read_text().split("\n")[1:]
+                if line.count("\t") >= 8]
+
+    def mend_broken(self):
+        shutil.copy(self.place.clips["short.mov"], self.card / BROKEN)
+
+    def check_whole(self, fewest_lines=1):
+        self.place.check_no_children()
+        self.place.judge(self.card, {name: 10 for name in [*NAMES, BROKEN]})
+        check(not [name for name in os.listdir(self.proxies) if name.startswith(".")], "leftovers")
+        manifest = (self.proxies / "manifest.csv").read_text()
+        check(manifest.count(HEADER) == 1, "the manifest's header")
+        for name in NAMES:
+            lines = manifest.count(f"\n{name},")
+            check(fewest_lines <= lines <= 1, f"{name!r} has {lines} lines in the manifest")
+
+
+def undisturbed(place):
+    night = Night(place)
+    check(night.run() == 1, "exit status with one broken clip")
+    check(sorted(night.logged_statuses()) == ["0"] * len(NAMES) + ["1"], "statuses in the job log")
+    check(night.results() == dict.fromkeys(NAMES, [1, 0]) | {BROKEN: [0, 1]}, "results")
+    night.mend_broken()
+    check(night.run("--resume-failed") == 0, "exit status of the second run")
+    check(len(night.logged_statuses()) == len(NAMES) + 2, "the second run took more than what had failed")
+    night.check_whole()
+
+
+def killed(place, delay):
+    """The whole session gets SIGTERM and, after a grace time, SIGKILL, as schedulers do."""
+    night = Night(place)
+    process = night.start()
+    while len(list(night.proxies.glob("*_proxy.mp4"))) < 3:
+        time.sleep(0.01)
+    time.sleep(delay)
+    os.killpg(process.pid, signal.SIGTERM)
+    time.sleep(delay)
+    os.killpg(process.pid, signal.SIGKILL)
+    process.wait()
+    place.check_no_children()
+    night.mend_broken()
+    check(night.run("--resume-failed") == 0, "exit status of the second run")
+    night.check_whole(fewest_lines=0)  # one may have been killed between its proxy and its line
+
+
+def main():
+    rounds = argument("--rounds", 20)
+    failures = []
+    for number in range(rounds):
+        with Workplace() as place:
+            try:
+                if number % 4 == 0:
+                    undisturbed(place)
+                else:
+                    killed(place, number % 5 * 0.1)
+            except Exception as failure:  # noqa: BLE001
+                failures.append(f"round {number}: {failure!r}")
+    report("many", rounds, failures)
+
+
+main()
