@@ -52,7 +52,9 @@ const QList<QByteArray> words = {"frame=  93 ",
                                  "inf",
                                  "nan",
                                  "x",
-                                 "clip.mxf"};
+                                 "clip.mxf",
+                                 "#EXTM3U\n#EXT-X-VERSION:3\n#EXTINF:4,\n",
+                                 "file 'part_0000.mp4'\n"};
 
 QByteArray randomInput(std::mt19937 &random)
 {

@@ -11,8 +11,10 @@
 #include <QRegularExpression>
 #include <QStringList>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <utility>
 
 namespace marrowcut::fuzz
 {
@@ -85,17 +87,44 @@ void timecodeAddition(QByteArrayView bytes)
     require(TimecodeMath::add(tc, offset, 0) == tc);
 }
 
+/// As ffprobe prints them, some of them huge.
 void probeAnswers(QByteArrayView bytes)
 {
-    const QStringList texts = pieces(bytes);
-    const auto meta = metadataFrom({texts[0], texts[1], texts[2], texts[3], texts[4], texts[5]});
+    constexpr qsizetype longestValue = 4096;
+    QStringList outputs = pieces(bytes);
+    for (QString &output : outputs) {
+        if (output.startsWith(QLatin1String("xx")))
+            output = output.repeated(longestValue);
+    }
+    QStringList values;
+    for (const QString &output : std::as_const(outputs)) {
+        values.append(firstLine(output));
+        require(values.last().size() <= longestValue && !values.last().contains(QLatin1Char('\n')));
+    }
+    const auto meta = metadataFrom({values[0], values[1], outputs[2], values[3], values[4], values[5]});
     if (!meta)
         return;
     require(!meta->tc.isEmpty() && !meta->rate.isEmpty() && !meta->fileDate.isEmpty());
     require(meta->audioCount >= 0 && std::isfinite(meta->duration));
     require(decimalNumber(decimalText(meta->duration)) == meta->duration);
-    for (const QString &field : {meta->tc, meta->rate, meta->fileDate})
-        require(!field.contains(QLatin1Char('\n')));
+}
+
+/// What no container begins with is text: valid UTF-8 as far as it was read, with or without NUL padding.
+void textCheck(QByteArrayView bytes)
+{
+    constexpr qsizetype longestCharacter = 4;
+    constexpr qsizetype shortestText = 32;
+    const QByteArrayView unpadded = bytes.first(bytes.indexOf('\0') < 0 ? bytes.size() : bytes.indexOf('\0'));
+    const bool text = isText(unpadded);
+    require(!text || !unpadded.isEmpty());
+    if (std::ranges::all_of(unpadded, [](char byte) { return byte > 0; }))
+        require(text || unpadded.isEmpty());
+    for (qsizetype at = 0; at + longestCharacter < unpadded.size(); ++at)
+        require(!text || uchar(unpadded[at]) < 0xF5); // a byte that UTF-8 never has
+    if (text && unpadded.size() > longestCharacter)
+        require(isText(unpadded.chopped(1))); // within a character, too
+    require(isText(unpadded.toByteArray() + QByteArray(64, '\0')) ==
+            (text && unpadded.size() >= shortestText));
 }
 
 /// Reads a quoted value as the filter-graph parser does, and says whether the text can get out of it:
@@ -138,13 +167,14 @@ void nameEscaping(QByteArrayView bytes)
 
 } // namespace
 
-const std::array<Target, 7> targets = {{
+const std::array<Target, 8> targets = {{
     {"line-splitter", lineSplitter},
     {"time-seconds", timeSeconds},
     {"speed", speed},
     {"nominal-fps", nominalFPS},
     {"timecode-addition", timecodeAddition},
     {"probe-answers", probeAnswers},
+    {"text-check", textCheck},
     {"name-escaping", nameEscaping},
 }};
 

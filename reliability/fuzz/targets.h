@@ -14,6 +14,6 @@ struct Target {
     void (*read)(QByteArrayView bytes);
 };
 
-extern const std::array<Target, 7> targets;
+extern const std::array<Target, 8> targets;
 
 } // namespace marrowcut::fuzz
