@@ -101,7 +101,8 @@ QString filledIn(QString text, const OutputPaths &paths)
 {
     for (const auto &[marker, path] :
          {std::pair(QStringLiteral("%1"), paths.outDir), std::pair(QStringLiteral("%2"), paths.finalOutput),
-          std::pair(QStringLiteral("%3"), paths.workFolder)}) {
+          std::pair(QStringLiteral("%3"), paths.workFolder),
+          std::pair(QStringLiteral("%4"), QFileInfo(paths.outDir).path())}) {
         if (text.contains(marker))
             return text.replace(marker, path);
     }
@@ -120,8 +121,8 @@ QString knownAdvice(const QString &detail, const OutputPaths &paths)
 /// Statistics, and what FFmpeg 7 says of `-timecode` whenever an encode does not get as far as writing.
 bool isNoise(const QString &line)
 {
-    return (line.contains(QLatin1String("time=")) && line.contains(QLatin1String("bitrate=")))
-           || line.contains(QLatin1String("has not been used for any stream"));
+    return (line.contains(QLatin1String("time=")) && line.contains(QLatin1String("bitrate="))) ||
+           line.contains(QLatin1String("has not been used for any stream"));
 }
 
 } // namespace
