@@ -139,7 +139,7 @@ void LiveReporter::statusChanged(const ProxyJob &job)
         m_finishedLines += finishedLine(job);
     if (job.status.isFailed()) {
         write({});
-        Reporter::statusChanged(job);
+        PlainReporter::statusChanged(job);
     }
 }
 

@@ -173,7 +173,8 @@ class CliTest(unittest.TestCase):
         first = self.start_cli("a.mov", program=program)
         self.encoder()
         second = self.start_cli("--json", "a.mov", program=program)
-        self.assertEqual([json.loads(second.stdout.readline())["event"] for _ in range(2)], ["queued", "waiting"])
+        self.assertEqual(self.events(second.stdout.readline() + second.stdout.readline())[1],
+                         [("queued", "a.mov"), ("waiting", "a.mov")])
         self.assertEqual(second.stderr.readline(),
                          b"marrowcut-cli: a.mov: waiting for another Marrowcut that is processing this clip\n")
         self.pid.unlink()
