@@ -9,7 +9,8 @@ BorderlessButton {
 
     objectName: "burnInTitle"
     text: "Burn-in"
-    symbol: "questionmark.circle"
+    symbol: "questionmark.circle.small"
+    symbolSize: 12
     spacing: 3
     font.pixelSize: 9
     font.weight: Font.Medium

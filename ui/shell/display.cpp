@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 
@@ -26,8 +27,8 @@ void onMessageWithoutDisplay(QtMsgType type, const QMessageLogContext &, const Q
     std::_Exit(EXIT_FAILURE);
 }
 
-/// Loading OpenGL takes longer than the rest of the start. These paths exist on Linux where a device draws: the
-/// kernel's own, NVIDIA's and those of Windows' subsystem for Linux.
+/// Loading OpenGL takes longer than the rest of the start. These paths exist on Linux where a device draws:
+/// the kernel's own, NVIDIA's and those of Windows' subsystem for Linux.
 bool hasGraphicsDevice()
 {
     constexpr std::array devices = {"/dev/dri", "/dev/nvidiactl", "/dev/dxg"};
@@ -76,6 +77,12 @@ void setUpDrawing()
         return;
     if (!hasOpenGLHardware())
         QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+}
+
+void resizeInWholePixels(QWindow &window)
+{
+    if (window.devicePixelRatio() != std::floor(window.devicePixelRatio()))
+        window.setSizeIncrement({4, 4}); // desktops offer quarters
 }
 
 } // namespace marrowcut

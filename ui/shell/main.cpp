@@ -10,8 +10,10 @@
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QIcon>
+#include <QPixmap>
 #include <QQmlApplicationEngine>
 #include <QTextStream>
+#include <QWindow>
 
 #include <cstdlib>
 #include <optional>
@@ -25,22 +27,25 @@ constexpr int endedBySignal = 130;
 /// A wrong colour for a moment is better than no window.
 constexpr auto appearanceLimit = std::chrono::milliseconds(250);
 
-void complain(const QString &problem)
+void reportUsageError(const QString &problem)
 {
     QTextStream(stderr) << "marrowcut: " << problem << "\nTry 'marrowcut --help'.\n";
 }
 
-void introduceToDesktop()
+void setUpApplication()
 {
     // No display name: Qt would append it to the title of every sheet.
     QGuiApplication::setApplicationName(QStringLiteral("marrowcut"));
     QGuiApplication::setDesktopFileName(QStringLiteral("marrowcut"));
-    QGuiApplication::setWindowIcon(
-        QIcon(QStringLiteral(":/qt-project.org/imports/Marrowcut/Style/icons/marrowcut.svg")));
+    const QString drawing = QStringLiteral(":/qt-project.org/imports/Marrowcut/Style/icons/marrowcut%1.svg");
+    QIcon icon(drawing.arg(QString()));
+    for (const char *size : {"-16", "-22", "-24"}) // with lines on whole pixels
+        icon.addPixmap(QPixmap(drawing.arg(QLatin1String(size))));
+    QGuiApplication::setWindowIcon(icon);
 }
 
-/// The window opens all the same, as it would after a drop.
-void tellMissing(const QList<QUrl> &items)
+/// The window opens nevertheless, as it would after a drop.
+void reportMissing(const QList<QUrl> &items)
 {
     for (const QUrl &item : items) {
         if (const QString path = item.toLocalFile(); !QFileInfo::exists(path))
@@ -57,9 +62,11 @@ int runWindow(const QList<QUrl> &items)
     QQmlApplicationEngine engine;
     engine.setInitialProperties({{QStringLiteral("app"), QVariant::fromValue(&app)}});
     engine.load(QUrl(QStringLiteral("qrc:/qt-project.org/imports/Marrowcut/Shell/MainWindow.qml")));
-    if (engine.rootObjects().isEmpty())
+    auto *window = qobject_cast<QWindow *>(engine.rootObjects().value(0));
+    if (!window)
         return EXIT_FAILURE;
-    tellMissing(items);
+    resizeInWholePixels(*window);
+    reportMissing(items);
     app.queue()->handleDrop(items);
     return QCoreApplication::exec();
 }
@@ -73,7 +80,7 @@ int main(int argc, char *argv[])
                                                      readVersionKeys(resourceFolder()).text());
     QTextStream(stdout) << commandLine.output;
     if (!commandLine.error.isEmpty()) {
-        complain(commandLine.error);
+        reportUsageError(commandLine.error);
         return 2;
     }
     if (!commandLine.output.isEmpty())
@@ -82,7 +89,7 @@ int main(int argc, char *argv[])
     std::optional<NoDisplayGuard> noDisplayGuard(std::in_place);
     const QGuiApplication application(argc, argv);
     noDisplayGuard.reset();
-    introduceToDesktop();
+    setUpApplication();
     DesktopAppearance *appearance = DesktopAppearance::instance(); // queries the desktop meanwhile
     setUpDrawing();
     appearance->awaitDesktop(appearanceLimit);
