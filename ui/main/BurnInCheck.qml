@@ -8,7 +8,7 @@ CheckMark {
     implicitHeight: 14 + 2 * 3
     indicatorX: 0
 
-    background: Rectangle {
+    background: RoundedRectangle {
         radius: 4
         color: Qt.alpha(Theme.accent, 0.1)
     }

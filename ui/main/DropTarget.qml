@@ -18,13 +18,12 @@ DropArea {
     }
 
     // Before the content, since bars and list are opaque; it covers no more than the window's edge.
-    Rectangle {
+    RoundedRectangle {
         objectName: "dropHighlight"
         anchors.fill: parent
         visible: root.isTargeted
         radius: 12
-        color: "transparent"
-        border.color: Theme.accent
-        border.width: 3
+        borderColor: Theme.accent
+        borderWidth: 3
     }
 }

@@ -69,7 +69,7 @@ T.Pane {
     }
 
     background: Item {
-        Rectangle {
+        RoundedRectangle {
             anchors.fill: parent
             anchors.leftMargin: 5
             anchors.rightMargin: 5

@@ -17,7 +17,7 @@ SheetWindow {
 
     title: "About Marrowcut"
     sheetWidth: 320
-    sheetHeight: items.height + 48 + footerHeight
+    sheetHeight: Math.ceil((items.height + 48 + footerHeight) / 4) * 4 // whole pixels at each of the usual scales
 
     Column {
         id: items

@@ -16,6 +16,7 @@ SheetWindow {
     buttons: PushButton {
         objectName: "copyButton"
         text: root.report.copied ? "Copied" : "Copy to Clipboard"
+        otherText: "Copy to Clipboard"
         onClicked: root.report.copyToClipboard()
     }
 

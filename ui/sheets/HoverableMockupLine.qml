@@ -37,7 +37,7 @@ Item {
         model: root.isHovering ? 3 : 0
 
         // qmllint disable unqualified
-        Rectangle {
+        RoundedRectangle {
             required property int index
 
             anchors.fill: background
@@ -48,7 +48,7 @@ Item {
         // qmllint enable unqualified
     }
 
-    Rectangle {
+    RoundedRectangle {
         id: background
 
         anchors.right: parent.right

@@ -22,11 +22,7 @@ Text {
     Accessible.name: title
     Accessible.focusable: true
     Accessible.onPressAction: open()
-    // Return belongs to the window's default button unless the link itself has the focus.
-    Keys.onShortcutOverride: event => event.accepted = event.key === Qt.Key_Return || event.key === Qt.Key_Enter
-    Keys.onReturnPressed: open()
-    Keys.onEnterPressed: open()
-    Keys.onSpacePressed: open()
+    Keys.onSpacePressed: open() // Return belongs to the window's default button
 
     HoverHandler {
         cursorShape: Qt.PointingHandCursor
@@ -38,7 +34,6 @@ Text {
 
     FocusRing {
         visible: root.activeFocus
-        distance: 2
-        innerRadius: 1
+        innerRadius: 0
     }
 }

@@ -22,6 +22,8 @@ Rectangle {
         const place = flickable.contentY; // a text area that changes scrolls to its cursor
         area.remove(start, before.length - same);
         area.insert(start, after.slice(start, after.length - same));
+        if (before.length === 0)
+            area.cursorPosition = 0;
         scrollKeys.scrollTo(place);
     }
 

@@ -17,8 +17,9 @@ namespace marrowcut
 
 /// The report behind the diagnostics sheet. Main thread only.
 ///
-/// A report describes the moment it is built: at opening, after changes of the jobs while the sheet exists, and at
-/// each copy. Only ffmpeg's version line follows later; a tool that exceeds the limit counts as unavailable.
+/// A report describes the moment it is built: at opening, after changes of the jobs while the sheet exists,
+/// and at each copy. Only ffmpeg's version line follows later; a tool that exceeds the limit counts as
+/// unavailable.
 class DiagnosticsReport : public QObject
 {
     Q_OBJECT
@@ -39,13 +40,15 @@ public:
     QString reportText() const { return m_reportText; }
     bool copied() const { return m_copied; }
 
-    /// Builds the first report of a sheet that opens. Until the sheet is destroyed, the report follows the jobs.
+    /// Builds the first report of a sheet that opens. Until the sheet is destroyed, the report follows the
+    /// jobs.
     Q_INVOKABLE void open(QObject *sheet);
     /// Puts a fresh report on the clipboard once it is complete, also when the sheet was closed meanwhile.
     /// Replaces a copy that is still waiting for its version line.
     Q_INVOKABLE void copyToClipboard();
 
-    /// The jobs are about to change: rebuilds the report of an open sheet within a second, once for all changes.
+    /// The jobs are about to change: rebuilds the report of an open sheet within a second, once for all
+    /// changes.
     void rebuildLater();
 
 Q_SIGNALS:

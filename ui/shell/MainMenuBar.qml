@@ -12,7 +12,8 @@ T.MenuBar {
     signal reportRequested()
 
     implicitWidth: implicitContentWidth
-    implicitHeight: implicitContentHeight + bottomPadding
+    // In software, a window is whole to its last pixel row only where its height is whole pixels at the desktop's scale.
+    implicitHeight: Math.ceil((implicitContentHeight + bottomPadding) / 4) * 4
     bottomPadding: 1
     delegate: MenuTitle {}
 

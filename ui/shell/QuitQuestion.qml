@@ -40,10 +40,8 @@ T.Popup {
         }
     }
 
-    background: Rectangle {
+    background: Panel {
         radius: 10
-        color: Theme.controlFill
-        border.color: Theme.controlBorder
     }
 
     contentItem: ColumnLayout {

@@ -36,7 +36,8 @@ public:
 
     /// Whether the question is shown whether to end the program during a run.
     bool isAskingToQuit() const { return m_isAskingToQuit; }
-    /// Quits; during a run it asks first. A further request changes nothing: it may be the rest of a double click.
+    /// Quits; during a run it asks first. A further request changes nothing: it may be the rest of a double
+    /// click.
     Q_INVOKABLE void requestQuit();
     /// Takes the question back.
     Q_INVOKABLE void keepRunning();

@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Templates as T
+import Marrowcut.Style
 
 // A checkbox without a label. It shows the checked that is bound to it: a click only emits toggled. Needs an
 // Accessible.name.
@@ -15,15 +16,15 @@ T.CheckBox {
     Accessible.onPressAction: if (enabled) clicked()
     Accessible.onToggleAction: if (enabled) clicked()
 
-    indicator: Rectangle {
+    indicator: RoundedRectangle {
         x: control.indicatorX
         y: (control.height - height) / 2
         width: 14
         height: 14
         radius: 3.5
         color: control.checked ? Theme.accentFill : Theme.controlFill
-        border.width: control.checked ? 0 : 1
-        border.color: control.hovered ? Theme.primary : Theme.tertiary
+        borderWidth: control.checked ? 0 : 1
+        borderColor: control.hovered ? Theme.primary : Theme.outline
         opacity: control.down ? 0.7 : 1
 
         Symbol {
@@ -37,7 +38,6 @@ T.CheckBox {
         FocusRing {
             visible: control.visualFocus
             innerRadius: 3.5
-            distance: 2.5
         }
     }
 }

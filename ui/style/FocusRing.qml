@@ -1,14 +1,13 @@
-import QtQuick
+import Marrowcut.Style
 
-// The mark of the keyboard focus, drawn around its parent.
-Rectangle {
-    property real distance: 2
+// The mark of the keyboard focus around its parent. The ground shows in between, so that the ring can be told from a
+// control in the accent colour.
+RoundedRectangle {
     property real innerRadius: 5
 
     anchors.fill: parent
-    anchors.margins: -distance
-    radius: innerRadius + distance
-    color: "transparent"
-    border.color: Theme.accent
-    border.width: 2
+    anchors.margins: -4
+    radius: innerRadius + 4
+    borderColor: Theme.accent
+    borderWidth: 2
 }

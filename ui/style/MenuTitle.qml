@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Controls.impl
 import QtQuick.Templates as T
+import Marrowcut.Style
 
 // A menu's name in the menu bar.
 T.MenuBarItem {
@@ -11,9 +12,11 @@ T.MenuBarItem {
     horizontalPadding: 8
     verticalPadding: 4
     font.pixelSize: Theme.bodySize
+    Accessible.onPressAction: triggered()
     Accessible.name: text.replace("&", "") // a screen reader would spell the mark of the underlined letter
 
     contentItem: MnemonicLabel {
+        mnemonicVisible: DesktopAppearance.showsMnemonics
         text: control.text
         font: control.font
         color: control.highlighted ? Theme.accentText : Theme.primary

@@ -1,12 +1,12 @@
 import QtQuick
 import QtQuick.Templates as T
 
-// A small panel that hangs below its parent and closes on Escape or a press beside it. A press on the parent leaves
-// it open.
+// A small panel that hangs below its parent, with an arrow to it. It closes on Escape or a press elsewhere; a press on
+// the parent leaves it open.
 T.Popup {
     id: control
 
-    y: parent ? parent.height + 6 : 0
+    y: parent ? parent.height + 8 : 0
     margins: 8
     padding: 10
     focus: true
@@ -14,10 +14,9 @@ T.Popup {
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
 
-    background: Rectangle {
+    background: Panel {
         radius: 8
-        color: Theme.controlFill
-        border.color: Theme.controlBorder
+        arrowX: control.parent.width / 2 - control.x
     }
 
     // A press on the parent takes the focus away, and Escape with it.

@@ -1,11 +1,15 @@
 import QtQuick
 import QtQuick.Templates as T
+import Marrowcut.Style
 
-// highlighted is the look of a window's default button; the key that triggers it is the window's.
+// highlighted is the look of a window's default button; the key that triggers it is the window's. A text that changes has
+// its alternative in otherText, so that the width stays.
 T.Button {
     id: control
 
-    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    property string otherText
+
+    implicitWidth: Math.max(implicitContentWidth, otherLabel.implicitWidth) + leftPadding + rightPadding
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     horizontalPadding: Math.round(font.pixelSize * 0.9)
     verticalPadding: 4
@@ -23,19 +27,22 @@ T.Button {
         elide: Text.ElideRight
     }
 
-    background: Rectangle {
-        radius: 5
-        color: control.highlighted ? Theme.accentFill : control.down ? Theme.controlPressed : control.hovered ? Theme.controlHover : Theme.controlFill
-        border.width: control.highlighted ? 0 : 1
-        border.color: Theme.controlBorder
+    Text {
+        id: otherLabel
 
-        Rectangle {
-            anchors.fill: parent
-            radius: parent.radius
-            color: "black"
-            visible: control.highlighted
-            opacity: control.down ? 0.25 : control.hovered ? 0.1 : 0
-        }
+        visible: false
+        text: control.otherText
+        font: control.font
+    }
+
+    background: RoundedRectangle {
+        readonly property color accentColor: Qt.darker(Theme.accentFill, control.down ? 1.3 : control.hovered ? 1.1 : 1)
+        readonly property color plainColor: control.down ? Theme.controlPressed : control.hovered ? Theme.controlHover : Theme.controlFill
+
+        radius: 5
+        color: control.highlighted ? accentColor : plainColor
+        borderWidth: control.highlighted ? 0 : 1
+        borderColor: Theme.controlBorder
 
         FocusRing {
             visible: control.visualFocus

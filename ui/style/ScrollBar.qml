@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Templates as T
+import Marrowcut.Style
 
 // The bar of a view that scrolls; without anything to scroll it fills its track.
 T.ScrollBar {
@@ -12,11 +13,11 @@ T.ScrollBar {
     visible: policy !== T.ScrollBar.AlwaysOff
     Accessible.ignored: true // the view scrolls by keys
 
-    contentItem: Rectangle {
+    contentItem: RoundedRectangle {
         implicitWidth: 7
         implicitHeight: 7
         radius: width / 2
-        color: control.pressed ? Theme.secondary : control.hovered ? Theme.tertiary : Theme.controlBorder
+        color: control.pressed ? Theme.secondary : control.hovered ? Theme.tertiary : Theme.outline
     }
 
     background: Rectangle {

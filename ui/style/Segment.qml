@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Templates as T
+import Marrowcut.Style
 
 // One choice of a SegmentedPicker. Clicking it does not check it.
 T.RadioButton {
@@ -12,6 +13,7 @@ T.RadioButton {
     horizontalPadding: 12
     verticalPadding: 2
     checkable: false
+    z: visualFocus ? 1 : 0 // the ring lies over the next segment
     focusPolicy: checked || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
     Accessible.checkable: true
     Accessible.checked: checked
@@ -28,12 +30,12 @@ T.RadioButton {
         elide: Text.ElideRight
     }
 
-    background: Rectangle {
+    background: RoundedRectangle {
         radius: 5
         visible: control.checked || control.visualFocus || control.hovered
         color: control.checked ? Theme.segmentFill : control.hovered ? Theme.controlHover : "transparent"
-        border.width: control.checked ? 1 : 0
-        border.color: Theme.controlBorder
+        borderWidth: control.checked || control.hovered ? 1 : 0
+        borderColor: Theme.outline
 
         FocusRing {
             visible: control.visualFocus

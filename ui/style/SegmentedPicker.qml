@@ -1,4 +1,5 @@
 import QtQuick
+import Marrowcut.Style
 
 // A choice of one among a few. It shows currentIndex and never sets it: activated tells what the user chose.
 Item {
@@ -20,7 +21,7 @@ Item {
     implicitWidth: 240
     implicitHeight: row.implicitHeight + 4
 
-    Rectangle {
+    RoundedRectangle {
         anchors.fill: parent
         radius: 7
         color: Theme.track

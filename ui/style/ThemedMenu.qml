@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Controls.impl
 import QtQuick.Templates as T
+import Marrowcut.Style
 
 // A menu in the theme's colours. An action is a line with its text and its shortcut.
 T.Menu {
@@ -45,7 +46,7 @@ T.Menu {
             }
         }
 
-        background: Rectangle {
+        background: RoundedRectangle {
             radius: 4
             color: Theme.accentFill
             visible: line.highlighted
@@ -59,9 +60,7 @@ T.Menu {
         currentIndex: control.currentIndex
     }
 
-    background: Rectangle {
+    background: Panel {
         radius: 6
-        color: Theme.controlFill
-        border.color: Theme.controlBorder
     }
 }

@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Templates as T
+import Marrowcut.Style
 
 // From 0 to 1. The percentage stands in the accessible description, since the accessibility tree has no value of it.
 T.ProgressBar {
@@ -11,13 +12,13 @@ T.ProgressBar {
     implicitHeight: 4
     Accessible.description: Math.floor(position * 100) + " percent"
 
-    background: Rectangle {
+    background: RoundedRectangle {
         radius: height / 2
         color: Theme.track
     }
 
     contentItem: Item {
-        Rectangle {
+        RoundedRectangle {
             width: control.position > 0 ? Math.max(parent.height, control.position * parent.width) : 0
             height: parent.height
             radius: height / 2

@@ -2,10 +2,10 @@
 
 #include "ui/style/portal_appearance.h"
 
-#include <QEvent>
 #include <QEventLoop>
 #include <QFontDatabase>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QPalette>
 #include <QPointer>
 #include <QQmlEngine>
@@ -40,7 +40,8 @@ float luminance(const QColor &color)
     const auto linear = [](float part) {
         return part <= 0.04045F ? part / 12.92F : std::pow((part + 0.055F) / 1.055F, 2.4F);
     };
-    return 0.2126F * linear(color.redF()) + 0.7152F * linear(color.greenF()) + 0.0722F * linear(color.blueF());
+    return 0.2126F * linear(color.redF()) + 0.7152F * linear(color.greenF()) +
+           0.0722F * linear(color.blueF());
 }
 
 float contrast(const QColor &one, const QColor &other)
@@ -101,10 +102,10 @@ void DesktopAppearance::setChoice(Choice choice)
 
 QColor DesktopAppearance::legible(QColor color, const QColor &other)
 {
-    const float step = luminance(other) > 0.18F ? -0.01F : 0.01F; // 0.18 is as far from black as from white
+    const bool darker = luminance(other) > 0.18F; // which is as far from black as from white
     float lightness = color.lightnessF();
-    while (contrast(color, other) < 4.5F && lightness > 0 && lightness < 1) {
-        lightness = std::clamp(lightness + step, 0.F, 1.F);
+    while (contrast(color, other) < 4.5F && lightness != (darker ? 0.F : 1.F)) {
+        lightness = std::clamp(lightness + (darker ? -0.01F : 0.01F), 0.F, 1.F);
         color.setHslF(color.hslHueF(), color.hslSaturationF(), lightness);
     }
     return color;
@@ -112,8 +113,21 @@ QColor DesktopAppearance::legible(QColor color, const QColor &other)
 
 bool DesktopAppearance::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() == QEvent::ApplicationPaletteChange)
+    switch (event->type()) {
+    case QEvent::ApplicationPaletteChange:
         update();
+        break;
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+        if (static_cast<QKeyEvent *>(event)->key() == Qt::Key_Alt)
+            setShowsMnemonics(event->type() == QEvent::KeyPress);
+        break;
+    case QEvent::FocusOut: // Alt may be released in another window
+        setShowsMnemonics(false);
+        break;
+    default:
+        break;
+    }
     return QObject::eventFilter(watched, event);
 }
 
@@ -122,6 +136,14 @@ bool DesktopAppearance::wantsDark() const
     if (m_choice != Desktop)
         return m_choice == Dark;
     return m_portal->dark().value_or(platformPaletteIsDark());
+}
+
+void DesktopAppearance::setShowsMnemonics(bool shows)
+{
+    if (m_showsMnemonics == shows)
+        return;
+    m_showsMnemonics = shows;
+    Q_EMIT showsMnemonicsChanged();
 }
 
 void DesktopAppearance::update()

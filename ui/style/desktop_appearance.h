@@ -28,6 +28,8 @@ class DesktopAppearance : public QObject
     Q_PROPERTY(QColor accent READ accent NOTIFY accentChanged)
     /// The family of the desktop's monospaced font.
     Q_PROPERTY(QString monospaced READ monospaced CONSTANT)
+    /// Whether the letters that open something together with Alt are underlined: while Alt is held.
+    Q_PROPERTY(bool showsMnemonics READ showsMnemonics NOTIFY showsMnemonicsChanged)
     Q_PROPERTY(Choice choice READ choice WRITE setChoice NOTIFY choiceChanged)
 public:
     enum Choice { Desktop, Light, Dark };
@@ -37,13 +39,14 @@ public:
     static DesktopAppearance *instance();
     static DesktopAppearance *create(QQmlEngine *, QJSEngine *);
 
-    /// Runs the event loop until the portal has replied or the limit is over: a window created afterwards shows
-    /// its first frame in the right colours. Returns at once where there is nothing to wait for.
+    /// Runs the event loop until the portal has replied or the limit is over: a window created afterwards
+    /// shows its first frame in the right colours. Returns at once where there is nothing to wait for.
     void awaitDesktop(std::chrono::milliseconds limit);
 
     bool dark() const { return m_dark; }
     QColor accent() const { return m_accent; }
     QString monospaced() const;
+    bool showsMnemonics() const { return m_showsMnemonics; }
 
     /// Anything but Desktop overrides the desktop's setting. Initially from the environment variable
     /// MARROWCUT_COLOR_SCHEME ("light" or "dark"), else Desktop.
@@ -57,6 +60,7 @@ public:
 Q_SIGNALS:
     void darkChanged();
     void accentChanged();
+    void showsMnemonicsChanged();
     void choiceChanged();
 
 protected:
@@ -65,11 +69,13 @@ protected:
 private:
     explicit DesktopAppearance(QObject *parent);
     void update();
+    void setShowsMnemonics(bool shows);
     bool wantsDark() const;
 
     PortalAppearance *m_portal;
     Choice m_choice;
     bool m_dark = false;
+    bool m_showsMnemonics = false;
     QColor m_accent;
 };
 

@@ -60,8 +60,8 @@ void PortalAppearance::query()
         return;
     bus.connect(portalService, portalPath, settingsInterface, QStringLiteral("SettingChanged"), this,
                 SLOT(onSettingChanged(QString, QString, QDBusVariant)));
-    QDBusMessage message =
-        QDBusMessage::createMethodCall(portalService, portalPath, settingsInterface, QStringLiteral("ReadAll"));
+    QDBusMessage message = QDBusMessage::createMethodCall(portalService, portalPath, settingsInterface,
+                                                          QStringLiteral("ReadAll"));
     message << QStringList{appearanceGroup};
     m_isPending = true;
     const auto watcher = new QDBusPendingCallWatcher(bus.asyncCall(message), this);

@@ -18,7 +18,8 @@ class PortalAppearance : public QObject
 public:
     explicit PortalAppearance(QObject *parent = nullptr);
 
-    /// Absent before the first reply, without a portal, and where the desktop has no preference; so is accent().
+    /// Absent before the first reply, without a portal, and where the desktop has no preference; so is
+    /// accent().
     std::optional<bool> dark() const { return m_dark; }
     std::optional<QColor> accent() const { return m_accent; }
     /// Whether the reply to the query is still to come.

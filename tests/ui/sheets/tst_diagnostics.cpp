@@ -122,7 +122,7 @@ private Q_SLOTS:
             jobs = {failedJob(name)};
         }
         QTRY_VERIFY(!texts.isEmpty());
-        QVERIFY(texts.first().endsWith(failedSection(QStringLiteral("b.mxf")))); // once for both
+        QVERIFY(texts.first().endsWith(failedSection(QStringLiteral("b.mxf"))));    // once for both
         QVERIFY(texts.first().contains(QStringLiteral("\nffmpeg: unavailable\n"))); // not "…" again
     }
 

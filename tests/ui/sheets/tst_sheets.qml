@@ -192,8 +192,7 @@ TestCase {
         tryVerify(() => TestDesktop.focusWindow() === mainWindow);
         compare(link.text, "a **plain** title");
         link.forceActiveFocus();
-        const keys = [Qt.Key_Return, Qt.Key_Enter, Qt.Key_Space].map(key => () => keyClick(key));
-        for (const act of [() => mouseClick(link), ...keys]) {
+        for (const act of [() => mouseClick(link), () => keyClick(Qt.Key_Space)]) {
             const before = TestDesktop.openedLinks.length;
             act();
             compare(String(TestDesktop.openedLinks.slice(before)), "https://example.org/page");
@@ -226,6 +225,8 @@ TestCase {
         const document = findChild(area, "reportText");
         const flickable = findChild(area, "reportPlace");
         area.text = "head 1" + lines + "end";
+        waitForRendering(area);
+        compare(flickable.contentY, -flickable.topMargin); // opens at the top
         document.select(1, document.length - 3);
         flickable.contentY = 120;
         // longer, shorter, with a sign that the document keeps as another, with signs of two units each

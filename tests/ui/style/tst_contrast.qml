@@ -15,6 +15,15 @@ TestCase {
         return (high + 0.05) / (low + 0.05);
     }
 
+    // An accent colour of the desktop, whatever it is, is made legible.
+    function test_accentIsLegible() {
+        for (const ground of ["#f5f5f7", "#333338", "#ffffff", "#18181a"].map(name => Qt.color(name))) {
+            for (const accent of ["#ffff00", "#000000", "#ffffff", "#00c000", "#3584e4", "#808080"])
+                verify(contrast(DesktopAppearance.legible(accent, ground), ground) >= 4.49, accent + " on " + ground);
+        }
+        compare(DesktopAppearance.legible("#0a5dcc", "#ffffff"), Qt.color("#0a5dcc")); // as it is, where that will do
+    }
+
     function cleanup() {
         DesktopAppearance.choice = DesktopAppearance.Desktop;
     }
@@ -32,9 +41,12 @@ TestCase {
         const pairs = [["accentText", "accentFill"], ["primary", "track"], ["primary", "segmentFill"], ["primary", "controlHover"], ["primary", "controlPressed"]];
         for (const text of ["primary", "secondary", "tertiary", "accent", "success", "failure"])
             pairs.push(...["window", "base", "controlFill"].map(ground => [text, ground]));
-        for (const [text, ground] of pairs) {
-            const ratio = contrast(Theme[text], Theme[ground]);
-            verify(ratio >= 4.5, text + " on " + ground + ": " + ratio);
+        const lines = ["window", "base", "controlFill", "track"].map(ground => ["outline", ground]);
+        for (const [limit, of] of [[4.5, pairs], [3, lines]]) {
+            for (const [shade, ground] of of) {
+                const ratio = contrast(Theme[shade], Theme[ground]);
+                verify(ratio >= limit, shade + " on " + ground + ": " + ratio);
+            }
         }
     }
 }

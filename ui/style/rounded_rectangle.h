@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QColor>
+#include <QQuickPaintedItem>
+
+namespace marrowcut
+{
+
+/// A rounded rectangle that is whole at every scale: in software, Qt Quick's own loses its corners at 1.25x
+/// and 1.5x.
+class RoundedRectangle : public QQuickPaintedItem
+{
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(QColor color MEMBER m_color NOTIFY changed)
+    Q_PROPERTY(qreal radius MEMBER m_radius NOTIFY changed)
+    Q_PROPERTY(QColor borderColor MEMBER m_borderColor NOTIFY changed)
+    /// Lies inside the shape; 0 means no border.
+    Q_PROPERTY(qreal borderWidth MEMBER m_borderWidth NOTIFY changed)
+    /// The width of a soft shadow, which takes as much room inside the item's edges.
+    Q_PROPERTY(qreal shadow MEMBER m_shadow NOTIFY changed)
+    /// Where an arrow points up from the upper edge, into the room of the shadow; negative means no arrow.
+    Q_PROPERTY(qreal arrowX MEMBER m_arrowX NOTIFY changed)
+public:
+    explicit RoundedRectangle(QQuickItem *parent = nullptr);
+
+    void paint(QPainter *painter) override;
+
+Q_SIGNALS:
+    void changed();
+
+protected:
+    QSGNode *updatePaintNode(QSGNode *node, UpdatePaintNodeData *data) override;
+
+private:
+    QRectF wholePixels(const QPainter &painter) const;
+    QPainterPath shape(const QRectF &bounds) const;
+
+    QColor m_color = Qt::transparent;
+    QColor m_borderColor = Qt::transparent;
+    qreal m_radius = 0;
+    qreal m_borderWidth = 0;
+    qreal m_shadow = 0;
+    qreal m_arrowX = -1;
+};
+
+} // namespace marrowcut
