@@ -42,16 +42,20 @@ DesktopFileViewer::DesktopFileViewer(std::function<void(const QUrl &)> openFolde
 
 void DesktopFileViewer::reveal(const QUrl &folder)
 {
+    if (m_isReplyPending)
+        return; // the file viewer may still be starting
     const QDBusConnection bus = QDBusConnection::sessionBus();
     // A file viewer that is asked for what does not exist may show an error or nothing at all.
     if (!bus.isConnected() || !QFileInfo::exists(folder.toLocalFile())) {
         openNearestFolder(folder);
         return;
     }
+    m_isReplyPending = true;
     auto *watcher =
         new QDBusPendingCallWatcher(bus.asyncCall(showItems(folder), answerLimitMilliseconds), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, folder] {
         watcher->deleteLater();
+        m_isReplyPending = false;
         if (watcher->isError())
             openNearestFolder(folder);
     });

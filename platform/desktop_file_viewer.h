@@ -9,8 +9,8 @@
 namespace marrowcut
 {
 
-/// The file viewer behind org.freedesktop.FileManager1 on the session bus. Where there is no bus or
-/// nobody answers, the nearest existing folder is opened instead.
+/// The file viewer behind org.freedesktop.FileManager1 on the session bus. Without a bus or a reply, the
+/// closest existing parent folder is opened instead. Ignores further requests while a reply is pending.
 class DesktopFileViewer : public QObject, public FileViewer
 {
     Q_OBJECT
@@ -24,6 +24,7 @@ private:
     void openNearestFolder(const QUrl &folder);
 
     std::function<void(const QUrl &folder)> m_openFolder;
+    bool m_isReplyPending = false;
 };
 
 } // namespace marrowcut
