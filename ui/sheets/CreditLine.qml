@@ -18,6 +18,7 @@ Row {
     PlainLinkText {
         id: link
 
+        objectName: "creditLink"
         title: "quorvane.example"
         url: "https://quorvane.example"
     }
