@@ -89,11 +89,11 @@ protected:
     /// For a subclass that stages jobs in any state.
     JobList &jobList() { return m_jobs; }
     void setRunning(bool isRunning);
+    void setWaitingJob(const std::optional<QUuid> &id);
 
 private:
     QList<QUuid> selectedQueuedIds() const;
     void run(const QList<QUuid> &ids, QualityPreset preset, const std::stop_token &stop);
-    void setWaitingJob(const std::optional<QUuid> &id);
     void finishRun();
     void notifyCompletion();
 

@@ -33,7 +33,7 @@ StagedEngine::StagedEngine(QObject *parent)
 StagedEngine::StagedEngine(std::unique_ptr<Services> services, QObject *parent)
     : BurnInEngine(services->preferences, services->notifications, parent)
     , m_services(std::move(services))
-    , m_viewModel(*this, m_viewer)
+    , m_viewModel(*this, m_viewer, [this] { return m_missingTools; })
 {
 }
 
@@ -72,6 +72,8 @@ void StagedEngine::clear()
     jobList().removeIf([](const ProxyJob &) { return true; });
     m_viewer = MemoryFileViewer();
     m_startCount = 0;
+    m_missingTools.clear();
+    setWaitingJob(std::nullopt);
     setRunning(false);
     setQualityPreset(QualityPreset::standard);
 }

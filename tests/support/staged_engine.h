@@ -22,6 +22,7 @@ class StagedEngine : public BurnInEngine
     Q_PROPERTY(marrowcut::QueueViewModel *viewModel READ viewModel CONSTANT)
     Q_PROPERTY(QList<QUrl> revealed READ revealed)
     Q_PROPERTY(int startCount READ startCount)
+    Q_PROPERTY(QStringList missingTools MEMBER m_missingTools)
     Q_PROPERTY(qsizetype jobCount READ jobCount)
 public:
     explicit StagedEngine(QObject *parent = nullptr);
@@ -39,6 +40,11 @@ public:
     Q_INVOKABLE void setProgress(int row, double progress);
     Q_INVOKABLE void setSelected(int row, bool selected);
     Q_INVOKABLE void setErrorDetail(int row, const QString &detail);
+    /// The job of the row waits for another Marrowcut; -1 for none.
+    Q_INVOKABLE void setWaiting(int row)
+    {
+        setWaitingJob(row < 0 ? std::nullopt : std::optional(jobs()[row].id));
+    }
     Q_INVOKABLE void stageRunning(bool running) { setRunning(running); }
     /// Whether the view model shows the current state.
     Q_INVOKABLE bool isShown() const { return !m_viewModel.findChild<QTimer *>()->isActive(); }
@@ -60,6 +66,7 @@ private:
 
     std::unique_ptr<Services> m_services;
     MemoryFileViewer m_viewer;
+    QStringList m_missingTools;
     int m_startCount = 0;
     QueueViewModel m_viewModel;
 };

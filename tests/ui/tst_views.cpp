@@ -39,6 +39,12 @@ public:
         QGuiApplication::clipboard()->clear();
         return text;
     }
+    Q_INVOKABLE void copyFiles(const QList<QUrl> &urls)
+    {
+        auto *data = new QMimeData;
+        data->setUrls(urls);
+        QGuiApplication::clipboard()->setMimeData(data);
+    }
     /// Moves dragged items over the window. Returns whether they would be taken.
     Q_INVOKABLE bool dragOver(QQuickItem *item, const QPoint &place, const QList<QUrl> &urls)
     {

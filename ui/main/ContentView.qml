@@ -18,6 +18,7 @@ FocusScope {
     readonly property Item focusItem: Window.activeFocusItem
     readonly property bool showsQueue: !queue.isEmpty
     property bool showAdvancedOptions: false
+    property bool hadQueue: false // what shows a queue is created with the first one
     property bool usesKeyboard: false // the focus was last moved by a key
 
     function followFocus() {
@@ -36,7 +37,10 @@ FocusScope {
     }
 
     focus: true
+    onShowsQueueChanged: if (showsQueue) hadQueue = true
     onFocusItemChanged: afterClosing.restart()
+    Window.onActiveChanged: if (Window.active) queue.checkTools()
+    Component.onCompleted: queue.checkTools()
 
     Timer {
         id: afterClosing
@@ -70,6 +74,23 @@ FocusScope {
             onHelpRequested: root.helpState.showHelp = true
         }
 
+        Text {
+            objectName: "missingTools"
+            Layout.fillWidth: true
+            Layout.leftMargin: 12
+            Layout.rightMargin: 12
+            Layout.bottomMargin: 12
+            visible: text.length > 0
+            text: root.queue.missingTools
+            textFormat: Text.PlainText
+            font.pixelSize: 11
+            color: Theme.failure
+            horizontalAlignment: Text.AlignHCenter
+            wrapMode: Text.Wrap
+            Accessible.role: Accessible.AlertMessage
+            Accessible.name: text
+        }
+
         DropZone {
             Layout.fillWidth: true
             Layout.fillHeight: true
@@ -80,7 +101,7 @@ FocusScope {
             Layout.fillWidth: true
             Layout.fillHeight: true
             visible: root.showsQueue
-            active: root.showsQueue
+            active: root.hadQueue
 
             // qmllint disable unqualified
             sourceComponent: JobListView {
@@ -95,7 +116,7 @@ FocusScope {
             Layout.fillWidth: true
             Layout.margins: 12
             visible: root.showsQueue
-            active: root.showsQueue
+            active: root.hadQueue
 
             // qmllint disable unqualified
             sourceComponent: SummaryBar {

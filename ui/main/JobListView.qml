@@ -94,7 +94,6 @@ ColumnLayout {
         Layout.bottomMargin: 10
         visible: !root.queue.isRunning
         queue: root.queue
-        onVisibleChanged: if (!visible) rows.guard()
         onFocusLost: byKeyboard => rows.takeFocus(byKeyboard ? Qt.TabFocusReason : Qt.OtherFocusReason)
     }
 }

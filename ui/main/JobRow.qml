@@ -17,7 +17,7 @@ T.Pane {
     required property real progress
     required property bool isSelected
     required property bool burnInEnabled
-    required property string failureText
+    required property string statusTip
     required property string accessibleName
     required property string accessibleDescription
     required property int includeColumnWidth
@@ -43,12 +43,16 @@ T.Pane {
     function takeFocus(reason: int) {
         for (const control of [include, burnIn, remove, retry])
             control.focus = false;
-        forceActiveFocus(reason);
-        focusReason = reason; // also where the view gave it the focus already
+        focusControl(root, reason);
+    }
+
+    function focusControl(control: T.Control, reason: int) {
+        control.forceActiveFocus(reason);
+        control.focusReason = reason; // also where the view gave it the focus already
     }
 
     function focusRemoveButton() {
-        remove.forceActiveFocus(Qt.TabFocusReason);
+        focusControl(remove, Qt.TabFocusReason);
     }
 
     leftPadding: 12
@@ -160,7 +164,7 @@ T.Pane {
                 color: root.isFailed ? Theme.failure : Theme.secondary
 
                 HoverTip {
-                    text: root.failureText
+                    text: root.statusTip
                 }
             }
 

@@ -47,7 +47,7 @@ ListView {
 
     function removeRow(row: JobRow) {
         guard();
-        lostFocus = !row.hasKeyboardFocus ? "" : row.visualFocus ? "row" : "button";
+        lostFocus = !row.hasKeyboardFocus ? "" : Window.activeFocusItem === row ? "row" : "button";
         queue.removeFromQueue(row.jobId);
     }
 
@@ -103,6 +103,7 @@ ListView {
     bottomMargin: 4
     model: queue.jobs
     reuseItems: true
+    cacheBuffer: 0 // Qt warns where rows go while others are being created in advance
     keyNavigationEnabled: false
     highlightFollowsCurrentItem: false
     clip: true
@@ -145,11 +146,17 @@ ListView {
         font.weight: Font.Medium
     }
 
-    PointHandler {
-        id: mouse
+    // In front of the rows, which accept presses.
+    Item {
+        parent: root
+        anchors.fill: parent
 
-        acceptedDevices: PointerDevice.Mouse
-        acceptedButtons: Qt.AllButtons
+        PointHandler {
+            id: mouse
+
+            acceptedDevices: PointerDevice.Mouse
+            acceptedButtons: Qt.AllButtons
+        }
     }
 
     Timer {
@@ -166,6 +173,8 @@ ListView {
         }
 
         function onIsRunningChanged() {
+            if (root.queue.isRunning)
+                root.guard(); // the rows grow into the place of "Go"
             root.followsRun = true;
             root.followRun();
         }

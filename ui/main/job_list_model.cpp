@@ -48,7 +48,7 @@ QList<int> changedRoles(const ProxyJob &before, const ProxyJob &after)
     if (before.burnInEnabled != after.burnInEnabled)
         roles += JobListModel::BurnInEnabledRole;
     if (statusChanged || before.errorDetail != after.errorDetail)
-        roles += {JobListModel::FailureTextRole, JobListModel::AccessibleDescriptionRole};
+        roles += {JobListModel::StatusTipRole, JobListModel::AccessibleDescriptionRole};
     return roles;
 }
 
@@ -90,10 +90,10 @@ QVariant JobListModel::data(const QModelIndex &index, int role) const
         return job.isSelected;
     case BurnInEnabledRole:
         return job.burnInEnabled;
-    case FailureTextRole:
-        return JobText::failureText(job);
+    case StatusTipRole:
+        return job.id == m_waitingJob ? JobText::waitingText() : JobText::failureText(job);
     case AccessibleDescriptionRole:
-        return JobText::accessibleDescription(job);
+        return job.id == m_waitingJob ? JobText::waitingText() : JobText::accessibleDescription(job);
     case AccessibleNameRole:
         return JobText::accessibleName(job);
     default:
@@ -112,17 +112,29 @@ QHash<int, QByteArray> JobListModel::roleNames() const
         {ProgressRole, "progress"},
         {IsSelectedRole, "isSelected"},
         {BurnInEnabledRole, "burnInEnabled"},
-        {FailureTextRole, "failureText"},
+        {StatusTipRole, "statusTip"},
         {AccessibleDescriptionRole, "accessibleDescription"},
         {AccessibleNameRole, "accessibleName"},
     };
 }
 
-void JobListModel::mirror(const QList<ProxyJob> &jobs)
+void JobListModel::mirror(const QList<ProxyJob> &jobs, const std::optional<QUuid> &waitingJob)
 {
     removeMissing(jobs);
     updateChanged(jobs);
     appendNew(jobs);
+    setWaitingJob(waitingJob);
+}
+
+void JobListModel::setWaitingJob(const std::optional<QUuid> &id)
+{
+    if (id == m_waitingJob)
+        return;
+    const auto before = std::exchange(m_waitingJob, id);
+    for (int row = 0; row < rowCount(); ++row) {
+        if (m_jobs[row].id == before || m_jobs[row].id == id)
+            Q_EMIT dataChanged(index(row), index(row), {StatusTipRole, AccessibleDescriptionRole});
+    }
 }
 
 void JobListModel::removeMissing(const QList<ProxyJob> &jobs)

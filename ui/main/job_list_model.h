@@ -5,6 +5,8 @@
 #include <QAbstractListModel>
 #include <QtQml/qqmlregistration.h>
 
+#include <optional>
+
 namespace marrowcut
 {
 
@@ -25,8 +27,8 @@ public:
         ProgressRole,      ///< of the bar, 0.0 to 1.0
         IsSelectedRole,
         BurnInEnabledRole,
-        FailureTextRole,           ///< all that is known of a failure
-        AccessibleDescriptionRole, ///< one line of it
+        StatusTipRole, ///< more about the status: a failure, or what the job waits for
+        AccessibleDescriptionRole,
         AccessibleNameRole,
     };
 
@@ -39,15 +41,18 @@ public:
     QVariant data(const QModelIndex &index, int role) const override;
     QHash<int, QByteArray> roleNames() const override;
 
-    /// Makes the model show these jobs. Those that stay keep their order; new ones are at the end.
-    void mirror(const QList<ProxyJob> &jobs);
+    /// Makes the model show these jobs, one of which may be waiting for another Marrowcut. Those that stay
+    /// keep their order; new ones are at the end.
+    void mirror(const QList<ProxyJob> &jobs, const std::optional<QUuid> &waitingJob = std::nullopt);
 
 private:
     void removeMissing(const QList<ProxyJob> &jobs);
     void updateChanged(const QList<ProxyJob> &jobs);
     void appendNew(const QList<ProxyJob> &jobs);
+    void setWaitingJob(const std::optional<QUuid> &id);
 
     QList<ProxyJob> m_jobs;
+    std::optional<QUuid> m_waitingJob;
 };
 
 } // namespace marrowcut

@@ -68,6 +68,11 @@ QString failureText(const ProxyJob &job)
     return joined({failureAdvice(job), errorMessages(job)}, QStringLiteral("\n\n"));
 }
 
+QString waitingText()
+{
+    return QStringLiteral("Waiting for another Marrowcut that is processing this clip");
+}
+
 QString failureReport(const ProxyJob &job)
 {
     const QString heading = job.fileName() + QLatin1Char('\n') + job.status.label();

@@ -18,6 +18,9 @@ QString remainingTime(const ProxyJob &job);
 /// The advice and the error messages of a failed job, separated by an empty line.
 QString failureText(const ProxyJob &job);
 
+/// Why a job keeps waiting although its turn has come.
+QString waitingText();
+
 /// File name, status label and failureText() of a failed job, complete enough for an email.
 QString failureReport(const ProxyJob &job);
 

@@ -6,12 +6,14 @@
 #include "ui/main/job_text.h"
 
 #include <QClipboard>
+#include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QMimeData>
 #include <QSysInfo>
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 namespace marrowcut
 {
@@ -44,10 +46,12 @@ int activeRowOf(const QList<ProxyJob> &jobs)
 
 } // namespace
 
-QueueViewModel::QueueViewModel(BurnInEngine &engine, FileViewer &viewer, QObject *parent)
+QueueViewModel::QueueViewModel(BurnInEngine &engine, FileViewer &viewer, ToolCheck findMissingTools,
+                               QObject *parent)
     : QObject(parent)
     , m_engine(engine)
     , m_viewer(viewer)
+    , m_findMissingTools(std::move(findMissingTools))
 {
     m_refreshTimer.setSingleShot(true);
     m_refreshTimer.setTimerType(Qt::PreciseTimer);
@@ -135,7 +139,14 @@ void QueueViewModel::clearCompleted()
 
 void QueueViewModel::start()
 {
+    checkTools();
     m_engine.start();
+}
+
+void QueueViewModel::checkTools()
+{
+    assign(m_missingTools, m_findMissingTools().join(QLatin1Char('\n')),
+           &QueueViewModel::missingToolsChanged);
 }
 
 void QueueViewModel::revealOutput()
@@ -147,21 +158,23 @@ void QueueViewModel::revealOutput()
 void QueueViewModel::scheduleRefresh()
 {
     if (!m_refreshTimer.isActive())
-        m_refreshTimer.start(
-            static_cast<int>(std::max<qint64>(0, frameMilliseconds - m_sinceRefresh.elapsed())));
+        m_refreshTimer.start(static_cast<int>(m_nextRefresh.remainingTime()));
 }
 
 void QueueViewModel::refresh()
 {
-    m_sinceRefresh.start();
+    QElapsedTimer duration;
+    duration.start();
     const QList<ProxyJob> &jobs = m_engine.jobs();
-    m_jobs.mirror(jobs);
+    m_jobs.mirror(jobs, m_engine.waitingJob());
     assign(m_preset, m_engine.qualityPreset(), &QueueViewModel::presetChanged);
     assign(m_isRunning, m_engine.isRunning(), &QueueViewModel::isRunningChanged);
     assign(m_outputDir, jobs.isEmpty() ? QUrl() : outputFolder(jobs.first().sourceURL),
            &QueueViewModel::outputDirChanged);
     assign(m_activeRow, activeRowOf(jobs), &QueueViewModel::activeRowChanged);
     assign(m_summary, QueueSummary::of(jobs), &QueueViewModel::summaryChanged);
+    // A refresh of a long queue takes its time: it must not hold up a run.
+    m_nextRefresh.setRemainingTime(std::max(frameMilliseconds, 20 * duration.elapsed()));
 }
 
 template <typename Value>

@@ -2,14 +2,17 @@
 
 #include "engine/model/quality_preset.h"
 #include "engine/queue_summary.h"
+#include "media/ffmpeg_locator.h"
 #include "ui/main/job_list_model.h"
 #include "ui/main/job_text.h"
 
-#include <QElapsedTimer>
+#include <QDeadlineTimer>
 #include <QObject>
 #include <QTimer>
 #include <QUrl>
 #include <QtQml/qqmlregistration.h>
+
+#include <functional>
 
 namespace marrowcut
 {
@@ -35,6 +38,7 @@ class QueueViewModel : public QObject
     Q_PROPERTY(bool allQueuedSelected READ allQueuedSelected NOTIFY summaryChanged)
     Q_PROPERTY(double overallProgress READ overallProgress NOTIFY summaryChanged)
     Q_PROPERTY(QString doneText READ doneText NOTIFY summaryChanged)
+    Q_PROPERTY(QString missingTools READ missingTools NOTIFY missingToolsChanged)
     Q_PROPERTY(bool isRunning READ isRunning NOTIFY isRunningChanged)
     Q_PROPERTY(QString outputDirPath READ outputDirPath NOTIFY outputDirChanged)
     Q_PROPERTY(int activeRow READ activeRow NOTIFY activeRowChanged)
@@ -42,8 +46,12 @@ class QueueViewModel : public QObject
     Q_PROPERTY(int presetIndex READ presetIndex NOTIFY presetChanged)
     Q_PROPERTY(QString presetDescription READ presetDescription NOTIFY presetChanged)
 public:
-    /// The engine and the viewer must outlive it.
-    QueueViewModel(BurnInEngine &engine, FileViewer &viewer, QObject *parent = nullptr);
+    using ToolCheck = std::function<QStringList()>;
+
+    /// The engine and the viewer must outlive it. findMissingTools returns a sentence for each missing tool.
+    QueueViewModel(BurnInEngine &engine, FileViewer &viewer,
+                   ToolCheck findMissingTools = media::FFmpegLocator::missingTools,
+                   QObject *parent = nullptr);
 
     JobListModel *jobs() { return &m_jobs; }
     bool isEmpty() const { return m_summary.jobCount == 0; }
@@ -54,6 +62,8 @@ public:
     double overallProgress() const { return m_summary.overallProgress; }
     QString doneText() const { return m_summary.doneText(); }
     bool isRunning() const { return m_isRunning; }
+    /// What is wrong with ffmpeg and ffprobe, a line each, as of the last check; empty when nothing is.
+    QString missingTools() const { return m_missingTools; }
     /// The output folder of the first job; absent (not valid) when there is none.
     QUrl outputDir() const { return m_outputDir; }
     QString outputDirPath() const { return JobText::oneLine(m_outputDir.toLocalFile()); }
@@ -79,12 +89,15 @@ public:
     /// Selects all queued jobs, or none when all are selected.
     Q_INVOKABLE void toggleAllSelected();
     Q_INVOKABLE void clearCompleted();
+    /// Also checks the tools.
     Q_INVOKABLE void start();
+    Q_INVOKABLE void checkTools();
     /// Shows the output folder in the file viewer.
     Q_INVOKABLE void revealOutput();
 
 Q_SIGNALS:
     void summaryChanged();
+    void missingToolsChanged();
     void isRunningChanged();
     void outputDirChanged();
     void activeRowChanged();
@@ -98,10 +111,12 @@ private:
 
     BurnInEngine &m_engine;
     FileViewer &m_viewer;
+    const ToolCheck m_findMissingTools;
     QTimer m_refreshTimer{this};
-    QElapsedTimer m_sinceRefresh;
+    QDeadlineTimer m_nextRefresh; ///< no refresh before
     JobListModel m_jobs;
     QueueSummary m_summary;
+    QString m_missingTools;
     QUrl m_outputDir;
     int m_activeRow = -1;
     QualityPreset m_preset;

@@ -55,6 +55,7 @@ TestCase {
     function init() {
         failOnWarning(/./);
         queue.clear();
+        tryVerify(() => queue.isShown());
         content = createTemporaryObject(contentComponent, root);
         verify(content);
         settle();

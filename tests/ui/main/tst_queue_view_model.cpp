@@ -63,6 +63,24 @@ private Q_SLOTS:
         QTRY_COMPARE(counts, (QList<qsizetype>{1, 2}));
     }
 
+    void filesOfThisComputerAreLocal()
+    {
+        QTemporaryDir folder;
+        const QUrl plain = QUrl::fromLocalFile(folder.filePath(QStringLiteral("a.mxf")));
+        QVERIFY(QFile(plain.toLocalFile()).open(QIODevice::WriteOnly));
+        StagedEngine engine;
+        for (const QString &host : {QStringLiteral("localhost"), QSysInfo::machineHostName()}) {
+            QUrl url = plain;
+            url.setHost(host);
+            QVERIFY(QueueViewModel::acceptsDrop({url}));
+            engine.viewModel()->handleDrop({url});
+            QTRY_COMPARE(engine.jobCount(), 1);
+            QCOMPARE(engine.jobs().first().sourceURL, plain);
+            engine.clear();
+        }
+        QVERIFY(!QueueViewModel::acceptsDrop({QUrl(QStringLiteral("file://elsewhere.example/a.mxf"))}));
+    }
+
     void controlsEditTheEngine()
     {
         QTemporaryDir folder;

@@ -205,4 +205,167 @@ WindowCase {
         tryVerify(() => piece(2, "includeCheck") !== null);
         tryCompare(row(2), "visualFocus", true);
     }
+
+    function addClips(count: int) {
+        for (let number = 0; number < count; ++number)
+            queue.add("/clips/" + number + ".mxf");
+        settle();
+        settle();
+    }
+
+    function test_oneLineAtTheLeadingEdge() {
+        queue.add("/clips/two\nlines.mxf");
+        queue.add("/clips/\u05d0\u05d1.mxf");
+        compare(piece(0, "name").lineCount, 1);
+        compare(piece(0, "name").height, piece(1, "name").height);
+        compare(piece(1, "name").effectiveHorizontalAlignment, Text.AlignLeft);
+    }
+
+    function test_aDisabledCheckCannotBePressed() {
+        queue.add("/clips/A001.mxf");
+        click("advancedButton");
+        tryVerify(() => piece(0, "burnInCheck") !== null);
+        piece(0, "burnInCheck").Accessible.toggleAction();
+        verify(!queue.isBurnInEnabled(0));
+        queue.setSelected(0, false);
+        tryCompare(piece(0, "burnInCheck"), "enabled", false);
+        piece(0, "burnInCheck").Accessible.toggleAction();
+        piece(0, "burnInCheck").Accessible.pressAction();
+        verify(!queue.isBurnInEnabled(0));
+    }
+
+    function test_waitingIsSaid() {
+        addClips(2);
+        queue.setWaiting(1);
+        tryVerify(() => row(1).statusTip.startsWith("Waiting for another Marrowcut"));
+        compare(row(1).accessibleDescription, row(1).statusTip);
+        compare(row(1).statusLabel, "Queued");
+        queue.setWaiting(-1);
+        tryVerify(() => row(1).statusTip === "");
+    }
+
+    function test_secondClickOnGoRemovesNothing() {
+        addClips(40);
+        const list = find("jobList");
+        const go = find("goButton");
+        const place = go.mapToItem(content, go.width - 6, go.height - 2);
+        mouseClick(content, place.x, place.y);
+        compare(queue.startCount, 1);
+        queue.stageRunning(true);
+        tryVerify(() => find("goButton") === null && list.mapToItem(content, 0, list.height).y > place.y);
+        // Where a remove button is now:
+        const index = list.indexAt(0, list.contentY + list.mapFromItem(content, place).y);
+        const button = piece(index, "removeButton");
+        mouseClick(button);
+        compare(queue.jobCount, 40);
+        tryCompare(list, "isGuarded", false);
+        mouseClick(button);
+        compare(queue.jobCount, 39);
+        verify(list.isGuarded); // the next row's button is under the pointer
+    }
+
+    function test_secondSpaceOnGoRemovesNothing() {
+        addClips(2);
+        find("goButton").forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Space);
+        compare(queue.startCount, 1);
+        queue.stageRunning(true);
+        tryCompare(row(0), "visualFocus", true);
+        queue.setStatus(0, "probing");
+        settle();
+        keyClick(Qt.Key_Space);
+        keyClick(Qt.Key_Space);
+        compare(queue.jobCount, 2);
+        verify(row(0).visualFocus);
+    }
+
+    function test_noKeyActsOnARowOutOfSight() {
+        addClips(60);
+        const list = find("jobList");
+        row(0).takeFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Tab);
+        verify(piece(0, "includeCheck").visualFocus);
+        mouseWheel(list, 100, 50, 0, -120 * 20);
+        tryVerify(() => !list.isInView(0));
+        verify(!findChild(list.currentItem, "includeCheck").activeFocus);
+        keyClick(Qt.Key_Space);
+        verify(queue.isSelected(0) && list.isInView(0));
+        mouseWheel(list, 100, 50, 0, -120 * 20);
+        tryVerify(() => !list.isInView(0));
+        keyClick(Qt.Key_Tab);
+        verify(list.isInView(0));
+        compare(queue.jobCount, 60);
+    }
+
+    function test_keysMoveAndRemove() {
+        addClips(60);
+        const list = find("jobList");
+        row(0).takeFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_End);
+        tryVerify(() => row(59).visualFocus && list.isInView(59));
+        keyClick(Qt.Key_PageUp);
+        verify(list.currentIndex < 58 && list.currentItem.visualFocus);
+        keyClick(Qt.Key_Home);
+        keyClick(Qt.Key_Down);
+        tryVerify(() => row(1).visualFocus && list.isInView(1));
+        keyClick(Qt.Key_Delete);
+        compare(queue.jobCount, 59);
+        tryVerify(() => row(1).visualFocus && row(1).name === "2.mxf");
+        piece(1, "removeButton").forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Space);
+        tryVerify(() => row(1).name === "3.mxf" && piece(1, "removeButton").visualFocus);
+        queue.setStatus(1, "encoding");
+        tryCompare(row(1), "visualFocus", true);
+        keyClick(Qt.Key_Delete);
+        compare(queue.jobCount, 58);
+    }
+
+    function test_focusIsShownAfterTheLastRow() {
+        addClips(1);
+        row(0).takeFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Delete);
+        tryVerify(() => find("jobList") === null && content.Window.activeFocusItem.visualFocus);
+    }
+
+    function test_runningRowStaysInView() {
+        addClips(60);
+        const list = find("jobList");
+        queue.stageRunning(true);
+        for (const index of [0, 30]) {
+            queue.setStatus(index, "encoding");
+            tryVerify(() => list.isInView(index));
+            queue.setStatus(index, "done");
+        }
+        queue.setStatus(31, "encoding");
+        tryVerify(() => list.isInView(31));
+        list.contentY = list.originY; // the user scrolls away
+        queue.setStatus(31, "done");
+        queue.setStatus(32, "encoding");
+        settle();
+        verify(!list.isInView(32));
+        list.positionViewAtIndex(32, ListView.Center); // and back
+        queue.setStatus(32, "done");
+        queue.setStatus(50, "encoding");
+        tryVerify(() => list.isInView(50));
+    }
+
+    function test_draggingWithTheMouseScrollsNothing() {
+        addClips(60);
+        const list = find("jobList");
+        const top = list.contentY;
+        mouseDrag(list, 200, 120, 0, -100);
+        compare(list.contentY, top);
+        mouseWheel(list, 200, 50, 0, -120);
+        tryVerify(() => list.contentY > top);
+    }
+
+    function test_groundIsForKeyboardFocusOnly() {
+        addClips(2);
+        click("goButton");
+        queue.stageRunning(true);
+        tryVerify(() => row(0).activeFocus);
+        verify(!row(0).hasKeyboardFocus);
+        keyClick(Qt.Key_Down);
+        tryVerify(() => row(1).hasKeyboardFocus);
+    }
 }

@@ -54,9 +54,13 @@ WindowCase {
 
     function test_returnIsGoWhereItIsShown() {
         queue.add("/clips/A001.mxf");
-        piece(0, "includeCheck").forceActiveFocus();
-        keyClick(Qt.Key_Return);
-        compare(queue.startCount, 1);
+        const link = findChild(content, "creditLink");
+        for (const item of [piece(0, "includeCheck"), link]) {
+            item.forceActiveFocus();
+            keyClick(Qt.Key_Return);
+        }
+        compare(queue.startCount, 2);
+        compare(TestDesktop.openedLinks, []);
         queue.setSelected(0, false);
         tryVerify(() => find("goButton") === null);
         keyClick(Qt.Key_Return);
@@ -64,7 +68,7 @@ WindowCase {
         queue.stageRunning(true);
         tryVerify(() => find("selectAllButton") === null);
         keyClick(Qt.Key_Return);
-        compare(queue.startCount, 1);
+        compare(queue.startCount, 2);
     }
 
     function test_presetPicker() {
@@ -113,5 +117,36 @@ WindowCase {
         tryVerify(() => find("jobList") !== null && find("jobList").count === 2);
         compare([queue.fileName(0), queue.fileName(1)], ["A001C001.mxf", "A002C001.mov"]);
         verify(!content.isTargeted);
+    }
+
+    function test_pasteAddsCopiedFiles() {
+        TestDesktop.copyFiles([files[1], Qt.url("https://quorvane.example/c.mov")]);
+        keyClick(Qt.Key_V, Qt.ControlModifier);
+        tryVerify(() => find("jobList") !== null && find("jobList").count === 1);
+        compare(queue.fileName(0), "A002C001.mov");
+    }
+
+    function test_missingToolIsSaidUntilItIsThere() {
+        verify(!find("missingTools"));
+        queue.add("/clips/A001.mxf");
+        queue.missingTools = ["ffprobe is missing: it was expected at /opt/ffprobe."];
+        click("goButton");
+        tryVerify(() => find("missingTools") !== null);
+        compare(find("missingTools").text, queue.missingTools[0]);
+        compare(find("missingTools").color, Theme.failure);
+        queue.missingTools = [];
+        click("goButton");
+        tryVerify(() => find("missingTools") === null);
+    }
+
+    function test_barKeepsItsHeightAndButtonsTheirWidth() {
+        queue.add("/clips/A001.mxf");
+        tryVerify(() => find("selectAllButton") !== null);
+        const bar = find("selectAllButton").parent;
+        const before = [bar.height, find("selectAllButton").width];
+        click("selectAllButton");
+        tryVerify(() => find("goButton") === null);
+        settle();
+        compare([bar.height, find("selectAllButton").width], before);
     }
 }
