@@ -60,16 +60,15 @@ QString parseProblem(const QCommandLineParser &parser, const QStringList &argume
     return parser.errorText();
 }
 
-/// The arguments that are valid UTF-8; the others become unusable names.
-QStringList decoded(std::span<char *> arguments, Request &request)
+/// Begins arguments that are not valid UTF-8; half a surrogate pair, so no other text begins with it.
+constexpr QChar unusableMark(0xD800);
+
+/// All arguments as text, so that each keeps its place. Those that are not valid UTF-8 can only be shown.
+QStringList decoded(std::span<char *> arguments)
 {
     QStringList texts;
-    for (const char *bytes : arguments) {
-        if (const auto text = decodeUtf8(bytes))
-            texts.append(*text);
-        else
-            request.unusableNames.append(shownBytes(bytes));
-    }
+    for (const char *bytes : arguments)
+        texts.append(decodeUtf8(bytes).value_or(unusableMark + shownBytes(bytes)));
     return texts;
 }
 
@@ -84,8 +83,12 @@ void readOptions(const QCommandLineParser &parser, Request &request)
     request.json = parser.isSet(QStringLiteral("json"));
     if (parser.isSet(QStringLiteral("files-from")))
         request.namesFrom = parser.value(QStringLiteral("files-from"));
-    for (const QString &path : parser.positionalArguments())
-        addPath(path, request);
+    for (const QString &path : parser.positionalArguments()) {
+        if (path.startsWith(unusableMark))
+            request.unusableNames.append(path.sliced(1));
+        else
+            addPath(path, request);
+    }
 }
 
 CommandLine versionOutput(const QString &version, const QCommandLineParser &parser)
@@ -152,7 +155,7 @@ CommandLine parseCommandLine(std::span<char *> arguments, const QString &version
     parser.setSingleDashWordOptionMode(
         QCommandLineParser::ParseAsLongOptions); // "-x" is one option, as typed
     parser.addOptions(knownOptions());
-    const QStringList texts = decoded(arguments, request);
+    const QStringList texts = decoded(arguments);
     if (!parser.parse(texts))
         return usageError(parseProblem(parser, texts));
     if (parser.isSet(QStringLiteral("help")))

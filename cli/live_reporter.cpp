@@ -47,11 +47,25 @@ struct Line {
     QString remaining = {};
 };
 
-Layout terminalLayout()
+int terminalColumns()
 {
     winsize size = {};
     const bool known = ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
-    const int columns = (known ? size.ws_col : 80) - 1; // the last column would wrap on some terminals
+    return known ? size.ws_col : 80;
+}
+
+/// How many rows lines take now: they wrap when the terminal has become narrower.
+int terminalRows(const QList<int> &widths)
+{
+    int rows = 0;
+    for (const int width : widths)
+        rows += std::max(1, (width + terminalColumns() - 1) / terminalColumns());
+    return rows;
+}
+
+Layout terminalLayout()
+{
+    const int columns = terminalColumns() - 1; // the last column would wrap on some terminals
     constexpr int fairNameColumns = 16;
     constexpr std::array forms = {Form{24, true}, Form{8, true}, Form{8, false}, Form{0, false}};
     const auto *form = std::ranges::find_if(forms, [columns](const Form &candidate) {
@@ -163,13 +177,15 @@ void LiveReporter::interrupted()
 /// Replaces the drawn lines by the finished ones and these.
 void LiveReporter::write(const QStringList &drawnLines)
 {
-    if (m_drawnLines > 0) // up to the first drawn line, then clear to the end of the screen
-        m_out << QStringLiteral("\r\x1b[%1A\x1b[J").arg(m_drawnLines);
+    if (!m_drawnWidths.isEmpty()) // up to the first drawn line, then clear to the end of the screen
+        m_out << QStringLiteral("\r\x1b[%1A\x1b[J").arg(terminalRows(m_drawnWidths));
     m_out << std::exchange(m_finishedLines, {});
-    for (const QString &line : drawnLines)
+    m_drawnWidths.clear();
+    for (const QString &line : drawnLines) {
         m_out << line << '\n';
+        m_drawnWidths.append(columnWidth(line));
+    }
     m_out << Qt::flush;
-    m_drawnLines = drawnLines.size();
 }
 
 } // namespace marrowcut::cli

@@ -86,8 +86,8 @@ public:
 private:
     void write(const QStringList &drawnLines);
 
-    QString m_finishedLines; ///< written with the next redraw
-    qsizetype m_drawnLines = 0;
+    QString m_finishedLines;  ///< written with the next redraw
+    QList<int> m_drawnWidths; ///< of the drawn lines, in columns
 };
 
 /// For programs: one JSON object per line and event on standard output, each line written at once.

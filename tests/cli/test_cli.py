@@ -225,6 +225,7 @@ class CliTest(unittest.TestCase):
             (["notes.txt"], 2, "not an MXF, MOV or MP4 file"),
             (["empty"], 2, "no MXF, MOV or MP4 files in this folder\n"),
             ([b"bad\xff.mov"], 1, "bad\\xFF.mov: the name is not valid UTF-8"),
+            (["--files-from", b"\xff", "notes.txt"], 2, "Cannot read names from \ufffd\\xFF: No such file"),
         ]:
             with self.subTest(arguments=arguments):
                 result = self.run_cli(*arguments, input=b"\0")
@@ -374,7 +375,7 @@ class CliTest(unittest.TestCase):
             except OSError:  # the other end is closed
                 return process.wait(), output.decode()
             if then and re.search(shown, output.decode(errors="ignore")):
-                then = then()
+                then = then(terminal)
 
     def test_live_lines(self):
         make_clip(self.folder / "a.mov", seconds=8)
@@ -399,7 +400,7 @@ class CliTest(unittest.TestCase):
         for columns, bar, named in [(200, 24, "A001C002_.*_name.mov"), (40, 8, "A001C0.*….*name.mov"), (20, 0, "A.*….*v"),
                                     (9, 0, "")]:
             with self.subTest(columns=columns):
-                output = self.on_terminal(program, columns=columns, shown="20%", then=go_on.touch)[1]
+                output = self.on_terminal(program, columns=columns, shown="20%", then=lambda _: go_on.touch())[1]
                 drawn = [line for line in re.split(r"[\r\n]+|\x1b\[[0-9]*[A-Z]", output) if line.endswith("%")
                          or line.endswith("left")]
                 self.assertLess(max(map(len, drawn)), columns)
@@ -408,6 +409,12 @@ class CliTest(unittest.TestCase):
                 self.assertIn(name, output)  # the line that stays
                 go_on.unlink()
                 shutil.rmtree(self.proxies)
+
+        def narrow(terminal):
+            termios.tcsetwinsize(terminal, (24, 40))
+            go_on.touch()
+
+        self.assertIn("\x1b[4A\x1b[J", self.on_terminal(program, shown="20%", then=narrow)[1])  # both lines wrap
 
     def test_typed_keys_do_not_reach_the_encoder(self):
         (self.folder / "a.mov").touch()
