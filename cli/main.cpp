@@ -66,7 +66,7 @@ bool toolsArePresent()
 std::unique_ptr<NotificationCenter> makeNotificationCenter(bool notify)
 {
     if (notify)
-        return std::make_unique<DesktopNotifications>(QStringLiteral("marrowcut"), notificationLimit);
+        return std::make_unique<DesktopNotifications>(applicationId(), notificationLimit);
     return std::make_unique<MemoryNotificationCenter>(false);
 }
 

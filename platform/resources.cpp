@@ -67,4 +67,9 @@ QString monospacedFontFile()
     return QFile::decodeName(reinterpret_cast<const char *>(file));
 }
 
+QString applicationId()
+{
+    return QStringLiteral("example.quorvane.marrowcut");
+}
+
 } // namespace marrowcut

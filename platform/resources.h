@@ -27,4 +27,7 @@ VersionKeys readVersionKeys(const QString &folder);
 /// Any thread; takes some milliseconds.
 QString monospacedFontFile();
 
+/// The program's name among desktop entries, icons and metainfo.
+QString applicationId();
+
 } // namespace marrowcut

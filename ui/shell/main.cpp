@@ -36,7 +36,7 @@ void setUpApplication()
 {
     // No display name: Qt would append it to the title of every sheet.
     QGuiApplication::setApplicationName(QStringLiteral("marrowcut"));
-    QGuiApplication::setDesktopFileName(QStringLiteral("marrowcut"));
+    QGuiApplication::setDesktopFileName(applicationId());
     const QString drawing = QStringLiteral(":/qt-project.org/imports/Marrowcut/Style/icons/marrowcut%1.svg");
     QIcon icon(drawing.arg(QString()));
     for (const char *size : {"-16", "-22", "-24"}) // with lines on whole pixels

@@ -1,5 +1,7 @@
 #include "ui/shell/marrowcut_app.h"
 
+#include "platform/resources.h"
+
 #include <QDesktopServices>
 #include <QGuiApplication>
 #include <QTimer>
@@ -10,22 +12,11 @@
 namespace marrowcut
 {
 
-namespace
-{
-
-/// The name by which the desktop knows the program.
-QString desktopEntry()
-{
-    return QStringLiteral("marrowcut");
-}
-
-} // namespace
-
 MarrowcutApp::MarrowcutApp(QObject *parent)
     : QObject(parent)
-    , m_notifications(desktopEntry())
+    , m_notifications(applicationId())
     , m_fileViewer([](const QUrl &folder) { QDesktopServices::openUrl(folder); })
-    , m_taskbarProgress(desktopEntry())
+    , m_taskbarProgress(applicationId())
     , m_engine(m_preferences, m_notifications)
     , m_queue(m_engine, m_fileViewer)
     , m_report([this] { return m_engine.jobs(); })
