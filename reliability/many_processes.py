@@ -1,11 +1,13 @@
 """Many Marrowcuts in one folder under GNU parallel, as docs/many-machines.md has it: names by NUL, one process for each
-clip, results as JSON, a job log; then only what failed or was killed again.
+clip, results as JSON, a job log; then only what failed or was killed again. And eight processes with many clips each,
+started at random offsets, one of them killed in every other round.
 
-    many_processes.py MARROWCUT-CLI [--rounds N]
+    many_processes.py MARROWCUT-CLI [--rounds N] [--clips N]
 """
 
 import json
 import os
+import random
 import shutil
 import signal
 import subprocess
@@ -13,7 +15,7 @@ import sys
 import time
 from pathlib import Path
 
-from harness import HEADER, Workplace, argument, check, report
+from harness import HEADER, Workplace, argument, check, check_manifest_lines, report
 
 NAMES = [f"A001C{number:03}.MXF" for number in range(12)] + ["it's 100%.mov", "two\nlines.mov", "-dash.mp4", "\\$HOME `x`.mov"]
 BROKEN = "broken.mov"
@@ -97,19 +99,52 @@ def killed(place, delay):
     night.check_whole(fewest_lines=0)  # one may have been killed between its proxy and its line
 
 
+def scheduled(place, number):
+    if number % 4 == 0:
+        undisturbed(place)
+    else:
+        killed(place, number % 5 * 0.1)
+
+
+def side_by_side(place, seed):
+    """One folder, different clips: the same proxies and lines as of one process."""
+    chance = random.Random(seed)
+    clips = argument("--clips", 50)
+    card = place.folder / "card"
+    card.mkdir()
+    shares = [[card / f"P{process}C{number:03}.mov" for number in range(clips)] for process in range(8)]
+    for clip in sum(shares, []):
+        shutil.copy(place.clips["short.mov"], clip)
+    processes = []
+    for share in shares:
+        processes.append(place.start("--quiet", *share))
+        time.sleep(chance.uniform(0, 0.2))
+    if seed % 2:
+        time.sleep(chance.uniform(0, clips * 0.5))
+        victim = chance.randrange(len(processes))
+        processes[victim].kill()
+        processes[victim].communicate()
+        processes[victim] = place.start("--quiet", *shares[victim])
+    for process in processes:
+        output, errors = process.communicate(timeout=600)
+        check((process.returncode, output + errors) == (0, b""), f"status {process.returncode}: {errors}")
+    place.check_no_children()
+    place.judge(card, {clip.name: 10 for clip in sum(shares, [])})
+    found = check_manifest_lines(card)  # as many lines as clips, each once
+    check(found == {clip.name: "done" for clip in sum(shares, [])}, f"{len(found)} lines in the manifest")
+
+
 def main():
     rounds = argument("--rounds", 20)
     failures = []
     for number in range(rounds):
-        with Workplace() as place:
-            try:
-                if number % 4 == 0:
-                    undisturbed(place)
-                else:
-                    killed(place, number % 5 * 0.1)
-            except Exception as failure:  # noqa: BLE001
-                failures.append(f"round {number}: {failure!r}")
-    report("many", rounds, failures)
+        for attack in (scheduled, side_by_side):
+            with Workplace() as place:
+                try:
+                    attack(place, number)
+                except Exception as failure:  # noqa: BLE001
+                    failures.append(f"{attack.__name__}, round {number}: {failure!r}")
+    report("many", 2 * rounds, failures)
 
 
 main()
