@@ -61,6 +61,7 @@ describe_package(marrowcut-cli
 set(CPACK_DEBIAN_MARROWCUT-CLI_PACKAGE_BREAKS "marrowcut (<< 1.0-2)")
 set(CPACK_DEBIAN_MARROWCUT-CLI_PACKAGE_REPLACES "marrowcut (<< 1.0-2)")
 install(FILES ${CMAKE_SOURCE_DIR}/docs/json-events.md ${CMAKE_SOURCE_DIR}/docs/json-events.schema.json
+    ${CMAKE_SOURCE_DIR}/docs/many-machines.md
     DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/marrowcut-cli)
 set(CPACK_COMPONENTS_ALL marrowcut-cli)
 if(MARROWCUT_WINDOW)
