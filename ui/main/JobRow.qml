@@ -61,10 +61,7 @@ T.Pane {
     bottomPadding: 4
     // What has the focus stays a tab stop until it has passed it on; here and in the controls.
     focusPolicy: isTabStop || activeFocus ? Qt.TabFocus : Qt.NoFocus
-    Accessible.role: Accessible.ListItem
-    Accessible.name: accessibleName
-    Accessible.description: accessibleDescription
-    Accessible.onPressAction: requestMenu(Qt.point(0, height))
+    Accessible.ignored: true // a pane's role cannot be changed: its content is the list item
     onStatusKindChanged: if (activeFocus) takeFocus(hasKeyboardFocus ? Qt.TabFocusReason : Qt.OtherFocusReason)
 
     TapHandler {
@@ -94,6 +91,12 @@ T.Pane {
     RowLayout {
         anchors.fill: parent
         spacing: 8
+        Accessible.role: Accessible.ListItem
+        Accessible.name: root.accessibleName
+        Accessible.description: root.accessibleDescription
+        Accessible.focusable: true
+        Accessible.focused: root.Window.activeFocusItem === root
+        Accessible.onPressAction: root.requestMenu(Qt.point(0, root.height))
 
         CheckMark {
             id: include
