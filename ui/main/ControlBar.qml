@@ -21,26 +21,12 @@ RowLayout {
 
     PushButton {
         objectName: "selectAllButton"
-        Layout.preferredWidth: Math.ceil(Math.max(selectAll.advanceWidth, selectNone.advanceWidth)) + leftPadding + rightPadding
         visible: root.queue.hasQueuedJobs
         onVisibleChanged: root.passFocusOn(this)
-        text: root.queue.allQueuedSelected ? selectNone.text : selectAll.text
+        text: root.queue.allQueuedSelected ? "Select None" : "Select All"
+        otherText: "Select None"
         font.pixelSize: 11
         onClicked: root.queue.toggleAllSelected()
-
-        TextMetrics {
-            id: selectAll
-
-            text: "Select All"
-            font.pixelSize: 11
-        }
-
-        TextMetrics {
-            id: selectNone
-
-            text: "Select None"
-            font.pixelSize: 11
-        }
     }
 
     PushButton {

@@ -81,5 +81,9 @@ Item {
         symbolSize: 22
         Accessible.name: "Help"
         onClicked: root.helpRequested()
+
+        HoverTip {
+            text: "How Marrowcut works"
+        }
     }
 }

@@ -87,6 +87,7 @@ SheetWindow {
             }
 
             CreditLine {
+                objectName: "creditLine"
                 topPadding: 6
                 onLinkFocusedChanged: if (linkFocused) scrollKeys.scrollToEnd()
             }

@@ -8,6 +8,7 @@ T.Popup {
     id: root
 
     required property bool shown
+    readonly property string question: "A run is going on. Quit anyway?"
 
     signal keepRunning()
     signal quit()
@@ -30,6 +31,7 @@ T.Popup {
     focus: true
     closePolicy: T.Popup.NoAutoClose
     visible: shown
+    onAboutToShow: contentItem.parent.Accessible.name = question // Qt's own item has the role only
 
     // The overlay sets the opacity of what stands here.
     T.Overlay.modal: Item {
@@ -48,7 +50,7 @@ T.Popup {
         spacing: 16
 
         Text {
-            text: "A run is going on. Quit anyway?"
+            text: root.question
             font.pixelSize: Theme.bodySize
             font.bold: true
             color: Theme.primary

@@ -11,6 +11,7 @@ T.Menu {
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     margins: 0
     padding: 4
+    onAboutToShow: contentItem.parent.Accessible.name = title.replace("&", "") // Qt's own item has the role only
 
     delegate: T.MenuItem {
         id: line

@@ -149,8 +149,12 @@ TestCase {
     // A screen reader says every text as it reads, under one heading.
     function test_content(data) {
         const sheet = show(data.place, data.flag);
-        if (data.place === about)
-            compare(findChild(sheet, "versionString").text, "Version 1.0 (1)");
+        if (data.place === about) {
+            const version = findChild(sheet, "versionString");
+            verify(/^Version \d+(\.\d+)* \(\d+\)$/.test(version.text), version.text);
+            version.text = "Version <b>" + "2.0 ".repeat(40); // shown as it is, wrapped
+            verify(version.lineCount > 1 && version.contentWidth <= version.parent.width);
+        }
         compare([sheet.width, sheet.height], [data.width, data.height ?? sheet.height]);
         const roles = [];
         const visit = item => {
@@ -174,6 +178,8 @@ TestCase {
         const displays = ["CAM001.MXF", "SOURCE TC  01:12:04:18", "CLIP ELAPSED  00:00:14:02", "FILE DATE  2026-03-11 09:41:02"];
         const explanations = ["filename", "internal camera timecode", "time elapsed in this clip", "time/date file was created"];
         compare(all.map(line => line.text), displays);
+        const groundOf = line => Array.from(line.children).find(child => child.radius === 3);
+        const lightness = place => grabImage(mockup).pixel(place.x, place.y).hslLightness;
         for (let i = 0; i < all.length; ++i) {
             mouseMove(all[i], 4, all[i].height / 2);
             tryCompare(all[i], "isHovering", true);
@@ -181,6 +187,12 @@ TestCase {
             // also where the explanation is the shorter text
             wait(0);
             verify(all[i].isHovering);
+            const ground = groundOf(all[i]);
+            const belowGround = ground.mapToItem(mockup, 10, ground.height + 1);
+            const withShadow = lightness(belowGround);
+            mouseMove(link, 1, 1);
+            tryCompare(all[i], "isHovering", false);
+            verify(withShadow < lightness(belowGround));
         }
         mouseMove(link, 1, 1);
         tryCompare(all[3], "isHovering", false);
@@ -214,6 +226,8 @@ TestCase {
             keyClick(back);
             compare(content.contentY, 0);
         }
+        const credit = findChild(sheet, "creditLine");
+        compare(credit.children[0].y, 6); // all of its padding is above
         keyClick(Qt.Key_Tab);
         tryVerify(() => sheet.activeFocusItem.url !== undefined);
         const bottom = sheet.activeFocusItem.mapToItem(sheet.contentItem, 0, sheet.activeFocusItem.height).y;

@@ -1,6 +1,7 @@
 #include "ui/shell/marrowcut_app.h"
 
 #include "support/stand_in_script.h"
+#include "ui/style/desktop_appearance.h"
 
 #include <QQmlApplicationEngine>
 #include <QQuickItem>
@@ -118,6 +119,11 @@ private Q_SLOTS:
 
     void menusWorkByKeys()
     {
+        QTest::keyPress(m_window, Qt::Key_Alt);
+        QVERIFY(DesktopAppearance::instance()->showsMnemonics());
+        QTest::keyRelease(m_window, Qt::Key_Alt);
+        QVERIFY(!DesktopAppearance::instance()->showsMnemonics());
+
         HelpState *state = m_app->helpState();
         const QList<std::pair<QList<Qt::Key>, const char *>> commands = {
             {{Qt::Key_Down, Qt::Key_Return}, "showAbout"},
