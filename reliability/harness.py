@@ -77,7 +77,7 @@ class Workplace:
         return subprocess.Popen([os.fsencode(self.program), *map(os.fsencode, arguments)], env=environment,
                                 stdout=subprocess.PIPE, stderr=subprocess.PIPE, stdin=subprocess.DEVNULL, **keywords)
 
-    def run(self, *arguments, limit=120, **keywords):
+    def run(self, *arguments, limit=300, **keywords):
         """Exit status and output; a run that does not end is a failure."""
         process = self.start(*arguments, **keywords)
         try:

@@ -11,7 +11,7 @@ from pathlib import Path
 from harness import SIGNALS, WINDOW_PROGRAM, Failure, Workplace, argument, check, check_manifest_lines, report
 
 sys.path.insert(0, os.fspath(Path(__file__).parent.parent / "tests/support"))
-from desktop import Desktop, wait_until  # noqa: E402
+from desktop import PATIENCE, Desktop, wait_until  # noqa: E402
 
 CLOSED = "closed window"
 
@@ -35,21 +35,20 @@ def kill_at(place, folder, name, moment):
     process = place.start(folder)
     time.sleep(moment)
     process.send_signal(SIGNALS[name])
-    process.communicate(timeout=60)
+    process.communicate(timeout=PATIENCE)
     place.check_no_children()
 
 
 def close_at(desktop, folder, moment):
-    """In the window: "Go", and at the moment the window is closed twice, for the first time may only ask."""
+    """In the window: "Go", and at the moment the window is closed, again where the first time only asks."""
     with Workplace(WINDOW_PROGRAM) as place:
         process = place.start(folder, extra=desktop.environment)
-        window = wait_until(lambda: desktop.windows("Marrowcut"), what="the window")[0]
-        desktop.run("xdotool", "windowactivate", "--sync", window, "key", "Return")
-        wait_until((folder / "marrowcut_proxies").is_dir, what="the run")
+        window = desktop.wait_for_window("Marrowcut", process)
+        desktop.press_key(window, "Return", process)
+        wait_until((folder / "marrowcut_proxies").is_dir, "run", process)
         time.sleep(moment)
-        while process.poll() is None:
-            desktop.run("xdotool", "key", "alt+F4")
-        process.communicate(timeout=60)
+        desktop.close_window(window, process)
+        process.communicate(timeout=PATIENCE)
         check(process.returncode == 0, f"exit status {process.returncode}")
         place.check_no_children()
 

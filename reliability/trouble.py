@@ -11,7 +11,7 @@ from pathlib import Path
 from harness import WINDOW_PROGRAM, Failure, Workplace, check, enter_mount_namespace, report
 
 sys.path.insert(0, os.fspath(Path(__file__).parent.parent / "tests/support"))
-from desktop import Desktop, wait_until  # noqa: E402
+from desktop import PATIENCE, Desktop, wait_until  # noqa: E402
 
 
 def proxy_of_one_clip(place, arguments=(), **keywords):
@@ -35,13 +35,12 @@ def proxy_through_the_window(place, extra):
     with Desktop(window_manager=True) as desktop:
         on_desktop = {name: desktop.environment[name] for name in ("DISPLAY", "DBUS_SESSION_BUS_ADDRESS")}
         process = place.start(folder, extra={**on_desktop, **extra})
-        window = wait_until(lambda: desktop.windows("Marrowcut"), what="the window")[0]
-        desktop.run("xdotool", "windowactivate", "--sync", window, "key", "Return")
+        window = desktop.wait_for_window("Marrowcut", process)
+        desktop.press_key(window, "Return", process)
         manifest = folder / "marrowcut_proxies/manifest.csv"
-        wait_until(lambda: manifest.exists() and ",done," in manifest.read_text(), what="the manifest")
-        while process.poll() is None:
-            desktop.run("xdotool", "key", "alt+F4")
-        process.communicate(timeout=60)
+        wait_until(lambda: manifest.exists() and ",done," in manifest.read_text(), "manifest", process)
+        desktop.close_window(window, process)
+        process.communicate(timeout=PATIENCE)
     check(process.returncode == 0, f"the window's exit status {process.returncode}")
     place.check_no_children()
     place.judge(folder, {"a.mov": 10})
@@ -150,7 +149,7 @@ def open_file_limit(place):
         finally:
             for descriptor in taken:
                 os.close(descriptor)
-        errors = process.communicate(timeout=60)[1]
+        errors = process.communicate(timeout=PATIENCE)[1]
         place.check_no_children()
         outcomes.add(process.returncode)
         check(process.returncode >= 0 or b"Too many open files" in errors, f"died without a word: {errors!r}")
@@ -183,7 +182,7 @@ def ignored_termination(place):
     process = place.start(folder, fault=f'[ $tool = ffmpeg ] && {{ trap "" TERM; echo >"{started}"; sleep 1000; }}')
     started.read_text()
     process.terminate()
-    process.communicate(timeout=60)
+    process.communicate(timeout=PATIENCE)
     check(process.returncode == 130, f"status {process.returncode}")
 
 

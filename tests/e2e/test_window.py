@@ -10,7 +10,7 @@ import unittest
 from pathlib import Path
 
 sys.path.insert(0, os.fspath(Path(__file__).parent.parent / "support"))
-from desktop import Desktop, make_clip, wait_until  # noqa: E402
+from desktop import PATIENCE, Desktop, make_clip, printed_by, wait_until  # noqa: E402
 
 PROGRAM = sys.argv.pop(1)
 SUPPORT = Path(__file__).parent.parent / "support"
@@ -32,20 +32,17 @@ class WindowTest(unittest.TestCase):
         self.proxies = self.folder / "marrowcut_proxies"
 
     def open_window(self, *arguments):
-        self.complaints = tempfile.TemporaryFile()
-        self.addCleanup(self.complaints.close)
-        self.program = self.desktop.start([PROGRAM, *arguments], stderr=self.complaints)
+        self.program = self.desktop.start([PROGRAM, *arguments])
         self.addCleanup(self.end_program)
-        self.app = self.accessible.Application("marrowcut")
-        self.window = wait_until(lambda: self.desktop.windows("Marrowcut"), what="the window")[0]
+        self.app = self.accessible.Application("marrowcut", self.program)
+        self.window = self.desktop.wait_for_window("Marrowcut", self.program)
 
     def end_program(self):
         if self.program.poll() is None:
             self.program.terminate()
-        self.program.wait(10)
-        wait_until(lambda: not self.desktop.windows("Marrowcut"), what="the window's end")
-        self.complaints.seek(0)
-        self.assertEqual(self.complaints.read().decode(), "")
+        self.program.wait(PATIENCE)
+        wait_until(lambda: not self.desktop.windows("Marrowcut"), "end of the window")
+        self.assertEqual(printed_by(self.program), "")
 
     def xdotool(self, *arguments):
         return self.desktop.run("xdotool", *map(str, arguments))
@@ -53,7 +50,7 @@ class WindowTest(unittest.TestCase):
     def drag_onto_window(self, path, *names):
         """With the mouse, from a window of another process to the middle of ours, which then lists the names."""
         source = self.desktop.start(["/usr/bin/python3", SUPPORT / "drag_source.py", path])
-        other = wait_until(lambda: self.desktop.windows("drag source"), what="the drag source")[0]
+        other = self.desktop.wait_for_window("drag source", source)
         self.xdotool("windowmove", "--sync", other, 20, 20)
         self.xdotool("windowmove", "--sync", self.window, 500, 200)
         self.xdotool("windowraise", other)
@@ -61,7 +58,7 @@ class WindowTest(unittest.TestCase):
         for x, y in [(90, 60), (120, 80), (140, 90)]:
             self.xdotool("mousemove", "--sync", "--window", other, x, y)
         plain = self.edge_colour()
-        wait_until(lambda: self.move_over_window() and self.edge_colour() != plain, what="the highlight")
+        wait_until(lambda: self.move_over_window() and self.edge_colour() != plain, "highlight", self.program)
         self.xdotool("mouseup", 1)
         for name in names:
             self.row(f"{name}, Queued")
@@ -113,7 +110,7 @@ class WindowTest(unittest.TestCase):
                                        self.folder / "samples/marrowcut_proxies/A001C001_proxy.mp4"])
         self.assertEqual(tag.decode().strip(), "01:02:03:04")
 
-        shown = wait_until(self.desktop.notifications, what="the notification")
+        shown = wait_until(self.desktop.notifications, "notification", self.program)
         self.assertEqual((shown[0]["summary"]["data"], shown[0]["body"]["data"]), ("Marrowcut", "3 files done."))
 
         self.app.press("Clear Completed")
@@ -139,22 +136,22 @@ class WindowTest(unittest.TestCase):
         self.open_window(self.folder / "long.mov")
         self.app.press("Go")
         self.row("long.mov, Encoding")
-        wait_until((self.proxies / ".tmp_long_proxy.mp4").exists, what="the encoder's file")
+        wait_until((self.proxies / ".tmp_long_proxy.mp4").exists, "file of the encoder", self.program)
 
     def test_closing_during_a_run_asks_once(self):
         self.start_long_run()
-        self.xdotool("windowactivate", "--sync", self.window, "key", "alt+F4")  # as the window manager closes
+        self.desktop.press_key(self.window, "alt+F4", self.program)  # as the window manager closes
         self.app.wait_for(None, "A run is going on. Quit anyway?")
         self.assertIsNone(self.program.poll())
         self.app.press("Quit")
-        self.assertEqual(self.program.wait(10), 0)
+        self.assertEqual(self.program.wait(PATIENCE), 0)
         self.assertEqual(os.listdir(self.proxies), [".tmp_long_proxy.mp4"])
         self.assertEqual(subprocess.run(["pgrep", "-f", f"ffmpeg.*{self.folder}"], stdout=subprocess.PIPE).stdout, b"")
 
     def test_a_signal_does_not_ask(self):
         self.start_long_run()
         self.program.terminate()
-        self.assertEqual(self.program.wait(10), 130)
+        self.assertEqual(self.program.wait(PATIENCE), 130)
         self.assertFalse((self.proxies / "long_proxy.mp4").exists())
 
     def test_without_a_display(self):

@@ -37,8 +37,9 @@ def _matches(node, role, name):
 
 
 class Application:
-    def __init__(self, name):
+    def __init__(self, name, program):
         self._name = name
+        self._program = program
 
     def _root(self):
         desktop = Atspi.get_desktop(0)
@@ -59,8 +60,8 @@ class Application:
 
     def wait_for(self, role, name, gone=False):
         if gone:
-            return wait_until(lambda: not self.elements(role, name), what=f"no {role} {name!r}")
-        return wait_until(lambda: self.elements(role, name), what=f"{role} {name!r}")[0]
+            return wait_until(lambda: not self.elements(role, name), f"end of {role} {name!r}", self._program)
+        return wait_until(lambda: self.elements(role, name), f"{role} {name!r}", self._program)[0]
 
     def press(self, name, role="push button"):
         """Presses through the accessibility interface, as assistive technology does."""

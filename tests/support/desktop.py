@@ -9,16 +9,32 @@ import time
 from pathlib import Path
 
 
-def wait_until(condition, seconds=60, what="something"):
-    """Polls what no event tells, such as another program's readiness; returns the first true answer."""
-    end = time.monotonic() + seconds
+PATIENCE = 300  # seconds, for what takes a moment on an idle machine
+
+
+def wait_until(condition, what="something", program=None):
+    """Polls what no event reports, such as another program's readiness; returns the first true result. Fails early
+    when the program, on which it depends, has ended."""
+    end = time.monotonic() + PATIENCE
     while True:
-        answer = condition()
-        if answer:
-            return answer
+        status = program.poll() if program else None
+        result = condition()
+        if result:
+            return result
+        if status is not None:
+            raise AssertionError(f"no {what}: the program ended with status {status} and printed "
+                                 f"{printed_by(program)!r}")
         if time.monotonic() > end:
             raise AssertionError(f"waited in vain for {what}")
         time.sleep(0.02)
+
+
+def printed_by(program):
+    """By a program that has ended, to its log or to pipes that nobody has read."""
+    if log := getattr(program, "log", None):
+        log.seek(0)
+        return log.read().decode(errors="replace")
+    return "".join(text.decode(errors="replace") for text in program.communicate() if text)
 
 
 class Desktop:
@@ -46,17 +62,17 @@ class Desktop:
         self._start_display()
         self._start_bus(home)
         if window_manager:
-            self.start(["openbox"])
+            manager = self.start(["openbox"])
             wait_until(lambda: "window id" in self.run("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"),
-                       what="the window manager")
+                       "window manager", manager)
         if notifications:
             # Configured by nothing but this, whoever's machine it is.
             config = Path(home) / "dunstrc"
             config.write_text("[global]\nhistory_length = 20\n")
-            self.start(["dunst", "-config", os.fspath(config)])
+            server = self.start(["dunst", "-config", os.fspath(config)])
             name = "org.freedesktop.Notifications"
             wait_until(lambda: "true" in self._call("org.freedesktop.DBus", "/org/freedesktop/DBus",
-                                                    "org.freedesktop.DBus.NameHasOwner", name), what=name)
+                                                    "org.freedesktop.DBus.NameHasOwner", name), name, server)
         if accessibility:
             self.environment["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
             self._call("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus.GetAddress")
@@ -65,16 +81,17 @@ class Desktop:
         self._stack.close()
 
     def start(self, command, **keywords):
-        """Starts a program on the desktop; it ends with the desktop at the latest."""
-        keywords.setdefault("stdout", subprocess.DEVNULL)
-        keywords.setdefault("stderr", subprocess.DEVNULL)
+        """Starts a program on the desktop; it ends with the desktop at the latest. What it prints goes to its log."""
+        log = self._stack.enter_context(tempfile.TemporaryFile())
+        keywords = {"stdout": log, "stderr": log, **keywords}
         process = subprocess.Popen(command, env=self.environment, **keywords)
+        process.log = log
         self._stack.callback(self.end, process)
         return process
 
     def run(self, *command, **keywords):
         """What a program prints that runs on the desktop to its end."""
-        return subprocess.run(command, env=self.environment, check=True, stdout=subprocess.PIPE, timeout=60,
+        return subprocess.run(command, env=self.environment, check=True, stdout=subprocess.PIPE, timeout=PATIENCE,
                               **keywords).stdout.decode()
 
     def windows(self, title):
@@ -82,6 +99,24 @@ class Desktop:
         found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", f"^{title}$"], env=self.environment,
                                stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
         return found.stdout.decode().split()
+
+    def wait_for_window(self, title, program):
+        """Its id."""
+        return wait_until(lambda: self.windows(title), f"window {title!r}", program)[0]
+
+    def press_key(self, window, key, program):
+        """When the window has the keyboard."""
+        def is_focused():
+            subprocess.run(["xdotool", "windowactivate", window], env=self.environment, stderr=subprocess.DEVNULL)
+            focused = subprocess.run(["xdotool", "getwindowfocus"], env=self.environment, stdout=subprocess.PIPE,
+                                     stderr=subprocess.DEVNULL)
+            return focused.stdout.decode().strip() == window
+        wait_until(is_focused, f"focus for {key}", program)
+        self.run("xdotool", "key", key)
+
+    def close_window(self, window, program):
+        """Again and again, since it may ask first, until the program has ended."""
+        wait_until(lambda: program.poll() is not None or self.run("xdotool", "key", "alt+F4"), "end of the program")
 
     def notifications(self):
         """Those shown so far, the latest first."""
@@ -92,7 +127,7 @@ class Desktop:
     def end(process):
         process.terminate()
         try:
-            process.wait(10)
+            process.wait(PATIENCE)
         except subprocess.TimeoutExpired:
             process.kill()
             process.wait()
