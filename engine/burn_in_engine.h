@@ -74,7 +74,8 @@ public:
     std::optional<QUuid> waitingJob() const { return m_waitingJob; }
 
     /// For quitting: ends the running tool at once and leaves every file as it is. Waits for the run's
-    /// thread, up to the limit, and returns whether it has ended; only a system call that hangs holds it.
+    /// thread, up to the limit, and returns whether it has ended; only a system call that hangs, or another
+    /// program's lock on the manifest, holds it.
     /// No run can be started afterwards, and no more edits come.
     bool interrupt(std::chrono::milliseconds limit = quitLimit);
 

@@ -1,6 +1,7 @@
 #include "engine/failure_advice.h"
 
 #include "engine/model/output_paths.h"
+#include "media/failure_messages.h"
 
 #include <QFileInfo>
 #include <QStringList>
@@ -14,7 +15,7 @@ namespace
 {
 
 struct Advice {
-    const char *message; ///< of a tool, of the system or of the encoder, as it stands in a detail
+    QLatin1String message; ///< of a tool, of the system or of the encoder, as it stands in a detail
     const char *text;
 };
 
@@ -24,54 +25,71 @@ constexpr const char *undecodable =
     "ffmpeg cannot decode this clip. If it plays elsewhere, it may be encrypted, in a format that ffmpeg "
     "lacks, or refer to media in other files; if not, copy it from the card again, then retry.";
 
-/// The first that stands in the detail counts. Each names at most one place: %1 is the proxy's folder, %2 the
-/// proxy, %3 the work folder, %4 the clip's folder.
+/// The first match in the detail wins. Each text names at most one place: %1 is the proxy's folder, %2 the
+/// proxy, %3 the work folder.
 constexpr std::array knownMessages = {
-    Advice{"There is a folder in the place of the proxy", "Rename or move the folder %2, then retry."},
-    Advice{"could not be made anew", "Remove the folder %3, then retry."},
-    Advice{"is a link that was not made here", "Remove that link, then retry."},
-    Advice{"was changed or replaced while", "Wait until the clip is copied completely, then retry."},
-    Advice{
-        "could not be made: Permission denied",
-        "No folder can be made beside the clip. Change the permissions of %4, or copy the clips to another "
-        "disk and add them from there."},
-    Advice{"Disk quota exceeded", "Your disk quota is used up. Make room, then retry."},
-    Advice{"Read-only file system", otherDisk},
-    Advice{"Input/output error", "The disk could not be read or written. Check its connection, then retry."},
-    Advice{"could not be moved to", "Check the permissions of %1, then retry."},
-    Advice{"not enough memory", "Close other programs, then retry."},
-    Advice{"was ended by signal", "ffmpeg crashed or was ended from outside, for example because the memory "
-                                  "ran out. Close other programs, then retry."},
-    Advice{"File name too long", "The proxy's name would be too long. Rename the clip to a shorter name and "
-                                 "add it again."},
-    Advice{"Is a directory", "This is a folder with the name of a clip. Add the clips in it instead."},
-    Advice{"This is a text file", "Add the camera's own files instead."},
-    Advice{"moov atom not found", "The clip is incomplete or is not a video. If its recording or copying was "
-                                  "interrupted, copy it from the card again."},
-    Advice{"Error setting option rate to value 0/0",
+    Advice{media::folderInPlaceOfProxy, "Rename or move the folder %2, then retry."},
+    Advice{media::linkInTheWay, "Remove that link, then retry."},
+    Advice{media::sourceChanged, "Wait until the clip is copied completely, then retry."},
+    Advice{QLatin1String("Disk quota exceeded"), "Your disk quota is used up. Free some space, then retry."},
+    Advice{QLatin1String("Read-only file system"), otherDisk},
+    Advice{QLatin1String("Input/output error"),
+           "The disk could not be read or written. Check its connection, then retry."},
+    Advice{media::workFolderNotReplaced, "Remove the folder %3, then retry."},
+    Advice{media::proxyNotMoved, "Check the permissions of %1, then retry."},
+    Advice{media::outOfMemory, "Close other programs, then retry."},
+    Advice{media::endedBySignal, "ffmpeg crashed or was ended from outside, for example because the memory "
+                                 "ran out. Close other programs, then retry."},
+    Advice{QLatin1String("File name too long"),
+           "The proxy's name would be too long. Rename the clip to a shorter name and "
+           "add it again."},
+    Advice{QLatin1String("Is a directory"),
+           "This is a folder with the name of a clip. Add the clips in it instead."},
+    Advice{media::textFile, "Add the camera's own files instead."},
+    Advice{QLatin1String("moov atom not found"),
+           "The clip is incomplete or is not a video. If its recording or copying was "
+           "interrupted, copy it from the card again."},
+    Advice{QLatin1String("Error setting option rate to value 0/0"),
            "The clip reports no frame rate, so its timecode cannot be drawn. Turn burn-in off for this clip "
            "and try again."},
-    Advice{"Unable to parse timecode",
+    Advice{QLatin1String("Unable to parse timecode"),
            "The clip's timecode cannot be drawn. Turn burn-in off for this clip and try again."},
-    Advice{"Drop frame is only allowed",
+    Advice{QLatin1String("Drop frame is only allowed"),
            "The clip's drop-frame timecode does not fit its frame rate. Turn burn-in off for this clip and "
            "try again."},
-    Advice{"could not find a valid video stream",
+    Advice{media::noVideoStream,
            "The clip has no video that can be read. If this is said of every clip, check that FFmpeg is "
            "installed."},
-    Advice{"is not complete", "Check that the disk is not full, then retry."},
-    Advice{"Could not find codec parameters", undecodable},
-    Advice{"Invalid data found when processing input", undecodable},
-    Advice{"Cannot determine format of input stream", undecodable},
-    Advice{"has no frames", undecodable},
+    Advice{media::incompleteOutput, "Check that the disk is not full, then retry."},
+    Advice{QLatin1String("Could not find codec parameters"), undecodable},
+    Advice{QLatin1String("Invalid data found when processing input"), undecodable},
+    Advice{QLatin1String("Cannot determine format of input stream"), undecodable},
+    Advice{media::outputWithoutFrames, undecodable},
 };
 
 QString diskFullAdvice(const QString &detail, const OutputPaths &paths)
 {
-    const QString advice = QStringLiteral("The disk is full. Make room on it, then retry.");
+    const QString advice = QStringLiteral("The disk is full. Free some space on it, then retry.");
     if (!detail.contains(paths.workFolder))
         return advice;
     return advice + QStringLiteral(" The finished pieces are in the hidden folder %1.").arg(paths.workFolder);
+}
+
+/// For a folder that could not be created beside the clip.
+QString folderAdvice(const QString &detail, const OutputPaths &paths)
+{
+    if (!detail.contains(media::folderNotCreated))
+        return QString();
+    const QString parent = QFileInfo(paths.outDir).path();
+    if (detail.contains(QLatin1String("Permission denied")))
+        return QStringLiteral(
+                   "No folder can be created beside the clip. Change the permissions of %1, or copy "
+                   "the clips to another disk and add them from there.")
+            .arg(parent);
+    if (detail.contains(QLatin1String("Read-only file system")))
+        return QString::fromLatin1(otherDisk);
+    return QStringLiteral("Something else is in the place of %1. Rename or remove it, then retry.")
+        .arg(paths.outDir);
 }
 
 /// For messages that name a path: it makes a difference whether that is the clip or its proxy's place.
@@ -101,8 +119,7 @@ QString filledIn(QString text, const OutputPaths &paths)
 {
     for (const auto &[marker, path] :
          {std::pair(QStringLiteral("%1"), paths.outDir), std::pair(QStringLiteral("%2"), paths.finalOutput),
-          std::pair(QStringLiteral("%3"), paths.workFolder),
-          std::pair(QStringLiteral("%4"), QFileInfo(paths.outDir).path())}) {
+          std::pair(QStringLiteral("%3"), paths.workFolder)}) {
         if (text.contains(marker))
             return text.replace(marker, path);
     }
@@ -112,7 +129,7 @@ QString filledIn(QString text, const OutputPaths &paths)
 QString knownAdvice(const QString &detail, const OutputPaths &paths)
 {
     for (const Advice &known : knownMessages) {
-        if (detail.contains(QLatin1String(known.message)))
+        if (detail.contains(known.message))
             return filledIn(QString::fromLatin1(known.text), paths);
     }
     return QString();
@@ -137,6 +154,8 @@ QString failureAdvice(const ProxyJob &job)
     const OutputPaths paths = OutputPaths::forSource(job.sourceURL);
     if (detail.contains(QLatin1String("No space left on device")))
         return diskFullAdvice(detail, paths);
+    if (const QString advice = folderAdvice(detail, paths); !advice.isEmpty())
+        return advice;
     const QString advice = knownAdvice(detail, paths);
     return advice.isEmpty() ? placeAdvice(detail, job.sourceURL.toLocalFile(), paths) : advice;
 }

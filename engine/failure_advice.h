@@ -5,8 +5,8 @@
 namespace marrowcut
 {
 
-/// What a person can do about a failed job, in a sentence or two; empty where its error detail does not say
-/// enough. Pure: it depends on the job alone, so that it is the same whenever it is read.
+/// What a person can do about a failed job, in a sentence or two; empty where its error detail gives no
+/// known reason. Pure: it depends on the job alone, so that it is the same whenever it is read.
 QString failureAdvice(const ProxyJob &job);
 
 /// The error detail without ffmpeg's statistics lines, for showing: what remains is what went wrong.

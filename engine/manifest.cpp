@@ -78,7 +78,7 @@ public:
     }
 
 private:
-    /// Others hold the lock for one append; who holds it longer means harm. Where the file system knows no
+    /// Others hold the lock for one append; a longer hold is not one of ours. Where the file system knows no
     /// locks, appending by itself keeps lines whole.
     bool lock() const
     {

@@ -17,8 +17,9 @@ namespace marrowcut::Manifest
 QString line(const OutputPaths &paths, const std::optional<ProbedMetadata> &meta, const QString &status);
 
 /// Appends a line; a manifest that is new or empty gets the header first. Any number of processes may do so
-/// at once: header and line are written under a lock that network file systems carry. Gives up silently,
-/// leaving no part of the line behind; a link and what is no regular file are never written to.
+/// at once: header and line are written under a lock that network file systems carry. Gives up silently
+/// after ten seconds of waiting or on an error, and leaves no part of the line behind. A link and anything
+/// but a regular file are never written to.
 void append(const QString &path, const QString &line);
 
 } // namespace marrowcut::Manifest

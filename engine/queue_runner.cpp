@@ -2,6 +2,7 @@
 
 #include "engine/manifest.h"
 #include "media/error_output.h"
+#include "media/failure_messages.h"
 #include "media/output_files.h"
 #include "media/probe.h"
 #include "platform/background_thread.h"
@@ -17,6 +18,16 @@ namespace marrowcut
 
 namespace
 {
+
+QString encodeError()
+{
+    return QStringLiteral("encode error");
+}
+
+QString encodeErrorRecord()
+{
+    return QStringLiteral("failed: ") + encodeError();
+}
 
 /// Whether the encoder itself reported an error, as "[h264_nvenc @ 0x…] …" or by its quoted name.
 bool isReportedBy(const media::VideoEncoder &encoder, const QString &line)
@@ -69,29 +80,28 @@ void QueueRunner::processJob(const QUuid &id, QualityPreset preset)
     if (!job)
         return; // removed meanwhile
     const OutputPaths paths = OutputPaths::forSource(job->sourceURL);
-    const QString folderProblem = media::makeFolder(paths.outDir);
-    if (isSkipped(id, paths))
+    const QString folderProblem = media::createFolder(paths.outDir);
+    if (skipIfDone(id, paths))
         return;
     const auto onLongWait = [&] { postWaiting(id); };
     const ClipLock lock(paths.outDir, paths.proxyFilename, onLongWait, m_stop);
     if (lock.hasWaited()) {
         postWaiting(std::nullopt);
         job = copyOf(id); // it may have been removed or changed
-        if (!job || isSkipped(id, paths))
+        if (!job || skipIfDone(id, paths))
             return;
     }
     media::removeIfThere(paths.tmpOutput);
     try {
         processUnfinished(*job, paths, folderProblem, preset);
     } catch (const std::bad_alloc &) {
-        fail(id, QStringLiteral("encode error"),
-             QStringLiteral("There was not enough memory for this clip."));
-        record(id, paths, std::nullopt, QStringLiteral("failed: encode error"));
+        fail(id, encodeError(), media::outOfMemory);
+        record(id, paths, std::nullopt, encodeErrorRecord());
     }
 }
 
-/// A proxy that is there was finished: it gets its name by the last step of its encode.
-bool QueueRunner::isSkipped(const QUuid &id, const OutputPaths &paths)
+/// An existing proxy is complete: it gets its name by the last step of its encode.
+bool QueueRunner::skipIfDone(const QUuid &id, const OutputPaths &paths)
 {
     if (!QFileInfo(paths.finalOutput).isFile())
         return false;
@@ -120,12 +130,12 @@ void QueueRunner::processUnfinished(const ProxyJob &job, const OutputPaths &path
 void QueueRunner::finishAndRecord(const QUuid &id, const OutputPaths &paths, const ProbedMetadata &meta,
                                   const media::EncodeResult &result)
 {
-    const QString outcome = result.success ? QStringLiteral("done") : QStringLiteral("failed: encode error");
+    const QString outcome = result.success ? QStringLiteral("done") : encodeErrorRecord();
     try {
         if (result.success)
             finish(id, JobStatus::done());
         else
-            fail(id, QStringLiteral("encode error"), result.stderrTail);
+            fail(id, encodeError(), result.stderrTail);
     } catch (const Interrupted &) {
         record(id, paths, meta, outcome); // the status is shown to nobody any more, but the proxy exists
         throw;
@@ -143,11 +153,11 @@ void QueueRunner::record(const QUuid &id, const OutputPaths &paths, const std::o
 
 media::EncodeResult QueueRunner::encode(const media::EncodeJob &encodeJob, const QString &folderProblem)
 {
-    // Looked at before the whole encode is made in vain.
+    // Checked first, to save a useless encode.
     if (const QString problem = media::folderInPlace(encodeJob.paths.finalOutput); !problem.isEmpty())
         return {false, problem};
     const media::EncodeResult result = encodeWithBest(encodeJob);
-    if (result.success || folderProblem.isEmpty())
+    if (result.success || folderProblem.isEmpty() || result.stderrTail.contains(folderProblem))
         return result;
     return {false, joinedTail({result.stderrTail, folderProblem})};
 }

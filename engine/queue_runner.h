@@ -20,7 +20,7 @@ class MainThreadQueue;
 class QueueRunner
 {
 public:
-    /// What the engine is told. Called on the main thread, in order.
+    /// Callbacks to the engine, on the main thread and in order.
     struct Observer {
         /// A finished job's line was given to the manifest.
         std::function<void(const QUuid &id, const QString &manifestLine,
@@ -40,7 +40,7 @@ public:
 
 private:
     void processJob(const QUuid &id, QualityPreset preset);
-    bool isSkipped(const QUuid &id, const OutputPaths &paths);
+    bool skipIfDone(const QUuid &id, const OutputPaths &paths);
     void processUnfinished(const ProxyJob &job, const OutputPaths &paths, const QString &folderProblem,
                            QualityPreset preset);
     media::EncodeResult encode(const media::EncodeJob &encodeJob, const QString &folderProblem);

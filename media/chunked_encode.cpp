@@ -1,6 +1,7 @@
 #include "media/encoder_arguments.h"
 #include "media/encoder_run.h"
 #include "media/encoders.h"
+#include "media/failure_messages.h"
 #include "media/ffmpeg_locator.h"
 #include "media/output_files.h"
 #include "media/progress_parsing.h"
@@ -20,6 +21,12 @@ namespace
 /// After an hour of neither frames nor sound the container's duration is taken as wrong: a damaged clip can
 /// claim tens of thousands of pieces.
 constexpr double longestGap = 3600; // seconds
+
+/// At least 1. A double, since an absurd duration must not overflow it.
+double pieceCount(double duration, double chunkSeconds)
+{
+    return std::max(std::ceil(duration / chunkSeconds), 1.0);
+}
 
 /// One chunked run: the parts that are finished, and the tail of all its runs of ffmpeg.
 class ChunkedEncode
@@ -45,27 +52,27 @@ public:
 private:
     bool encodePieces()
     {
-        if (const QString problem = makeFolderAnew(m_job.paths.workFolder); !problem.isEmpty())
+        if (const QString problem = replaceFolder(m_job.paths.workFolder); !problem.isEmpty())
             return fail(problem);
         const double duration = m_job.meta.duration;
         for (Piece piece; piece.start < duration; ++piece.index, piece.start += m_chunkSeconds) {
             piece.length = std::min(m_chunkSeconds, duration - piece.start);
-            if (!sourceIsUnchanged() || !encode(piece))
+            if (!checkSource() || !encode(piece))
                 return false;
             if (m_emptyPieces * m_chunkSeconds >= longestGap)
                 break;
         }
         if (!m_anyFrames)
-            return fail(noFrames());
-        return sourceIsUnchanged();
+            return fail(outputWithoutFrames);
+        return checkSource();
     }
 
     /// A clip that was replaced meanwhile would give a proxy of two clips.
-    bool sourceIsUnchanged()
+    bool checkSource()
     {
         if (!QFileInfo::exists(m_job.source) || FileStamp::of(m_job.source) == m_job.sourceStamp)
             return true;
-        return fail(QStringLiteral("The clip was changed or replaced while it was being encoded."));
+        return fail(sourceChanged);
     }
 
     bool encode(const Piece &piece)
@@ -163,11 +170,6 @@ private:
 };
 
 } // namespace
-
-double pieceCount(double duration, double chunkSeconds)
-{
-    return std::max(std::ceil(duration / chunkSeconds), 1.0);
-}
 
 EncodeResult runChunked(const EncodeJob &job, double chunkSeconds, const EncodeContext &context)
 {

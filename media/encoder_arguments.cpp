@@ -13,11 +13,6 @@ namespace marrowcut::media
 namespace
 {
 
-QString zeroTimecode()
-{
-    return QStringLiteral("00:00:00:00");
-}
-
 QStringList openingOptions(const SystemValues &system)
 {
     return QStringList{QStringLiteral("-y"), QStringLiteral("-loglevel"), QStringLiteral("warning"),
@@ -82,7 +77,7 @@ QStringList finishedFile(const QString &output)
 QStringList singlePassArguments(const EncodeJob &job, const SystemValues &system, const QString &output)
 {
     return openingOptions(system) + QStringList{QStringLiteral("-i"), job.source} +
-           graphAndEncoders(job, system, filterInputs(job, job.meta.tc, zeroTimecode())) +
+           graphAndEncoders(job, system, filterInputs(job, job.meta.tc, TimecodeMath::zero())) +
            QStringList{QStringLiteral("-timecode"), job.meta.tc} + finishedFile(output);
 }
 
@@ -91,7 +86,7 @@ QStringList pieceArguments(const EncodeJob &job, const SystemValues &system, con
 {
     const qint64 fps = TimecodeMath::nominalFPS(job.meta.rate);
     const QString srcTC = TimecodeMath::add(job.meta.tc, piece.start, fps);
-    const QString elapsedTC = TimecodeMath::add(zeroTimecode(), piece.start, fps);
+    const QString elapsedTC = TimecodeMath::add(TimecodeMath::zero(), piece.start, fps);
     return openingOptions(system) +
            QStringList{QStringLiteral("-ss"), decimalText(piece.start), QStringLiteral("-i"), job.source,
                        QStringLiteral("-t"),  decimalText(piece.length)} +

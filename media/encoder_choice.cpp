@@ -1,9 +1,11 @@
 #include "media/encoder_choice.h"
 
 #include "media/encoder_arguments.h"
+#include "media/failure_messages.h"
 #include "media/ffmpeg_locator.h"
 #include "media/output_files.h"
 #include "media/process_runner.h"
+#include "media/timecode_math.h"
 
 #include <QFileInfo>
 #include <QTemporaryDir>
@@ -25,7 +27,7 @@ EncodeJob testJob(QualityPreset preset)
         .source = QStringLiteral("testsrc2=size=1920x1080:rate=25:duration=0.4"),
         .sourceStamp = {},
         .paths = {},
-        .meta = {.tc = QStringLiteral("00:00:00:00"),
+        .meta = {.tc = TimecodeMath::zero(),
                  .rate = QStringLiteral("25/1"),
                  .audioCount = 0,
                  .duration = 0.4,
@@ -44,7 +46,7 @@ QStringList testArguments(SystemValues system, QualityPreset preset, const QStri
 QString failureOf(const ProcessRunner::CapturedResult &result)
 {
     if (result.status == -SIGKILL)
-        return QStringLiteral("It did not end in time.");
+        return QStringLiteral("The test encode exceeded the time limit.");
     const QString errors = result.stderr.trimmed();
     return errors.isEmpty() ? QStringLiteral("It ended with status %1.").arg(result.status) : errors;
 }
@@ -58,13 +60,13 @@ std::optional<QString> failureIn(const QString &folder, const SystemValues &syst
     if (encoded.status != 0)
         return failureOf(encoded);
     if (!isFinishedMp4(output))
-        return unfinishedFile();
+        return incompleteOutput;
     const QStringList countArguments =
         QStringList{QStringLiteral("-count_frames")} +
         ffprobeArguments(QStringLiteral("stream=nb_read_frames"), output, QStringLiteral("v:0"), csvFormat());
     const auto counted = ProcessRunner::run(FFmpegLocator::ffprobePath(), countArguments, options);
     if (counted.stdout.trimmed() != QString::number(frameCount))
-        return QStringLiteral("Its file does not hold the frames that it was given.");
+        return QStringLiteral("The test file lacks frames.");
     return std::nullopt;
 }
 

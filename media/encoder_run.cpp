@@ -1,5 +1,6 @@
 #include "media/encoder_run.h"
 
+#include "media/failure_messages.h"
 #include "media/ffmpeg_locator.h"
 #include "media/output_files.h"
 #include "media/progress_parsing.h"
@@ -12,11 +13,10 @@ namespace marrowcut::media
 namespace
 {
 
-QString endedBySignal(int signal)
+QString signalMessage(int signal)
 {
-    return QStringLiteral("ffmpeg was ended by signal %1 (%2).")
-        .arg(signal)
-        .arg(QString::fromLocal8Bit(strsignal(signal)));
+    const char *name = sigdescr_np(signal);
+    return endedBySignal + QStringLiteral("%1 (%2).").arg(signal).arg(QLatin1String(name ? name : "unknown"));
 }
 
 /// At the end of a line only: the words can also be part of a clip's path.
@@ -25,15 +25,15 @@ bool isReadError(const QString &line)
     return line.endsWith(QLatin1String("Input/output error"));
 }
 
-bool hasSucceeded(qint32 status, bool readError, const QString &output, StderrTail &tail)
+bool checkResult(qint32 status, bool readError, const QString &output, StderrTail &tail)
 {
     if (status < 0)
-        tail.append(endedBySignal(-status));
+        tail.append(signalMessage(-status));
     if (status != 0 || readError)
         return false;
     const bool finished = isFinishedMp4(output);
     if (!finished)
-        tail.append(unfinishedFile());
+        tail.append(incompleteOutput);
     return finished;
 }
 
@@ -56,7 +56,7 @@ EncoderRun runEncoder(const QStringList &arguments, const QString &output, Stder
     try {
         const qint32 status =
             ProcessRunner::runStreaming(FFmpegLocator::ffmpegPath(), arguments, takeLine, options);
-        run.success = hasSucceeded(status, readError, output, tail);
+        run.success = checkResult(status, readError, output, tail);
     } catch (const ProcessRunner::LaunchError &) { // no success
     }
     return run;
@@ -73,7 +73,7 @@ bool runJoin(const QStringList &arguments, const QString &output, StderrTail &ta
     try {
         const auto result = ProcessRunner::run(FFmpegLocator::ffmpegPath(), arguments, options);
         tail.append(result.stderr);
-        return hasSucceeded(result.status, readError, output, tail);
+        return checkResult(result.status, readError, output, tail);
     } catch (const ProcessRunner::LaunchError &) {
         return false;
     }

@@ -15,7 +15,7 @@ namespace marrowcut::media
 /// How one run of ffmpeg ended.
 struct EncoderRun {
     bool success = false;             ///< it ended without an error and left a whole MP4
-    std::optional<qint64> frameCount; ///< as its statistics say
+    std::optional<qint64> frameCount; ///< from its statistics
     bool hasSound = false;            ///< its output has a duration
 };
 

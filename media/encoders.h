@@ -3,9 +3,9 @@
 #include "engine/model/output_paths.h"
 #include "engine/model/probed_metadata.h"
 #include "engine/model/quality_preset.h"
+#include "media/output_files.h"
 #include "media/system_values.h"
 
-#include <QDateTime>
 #include <QString>
 #include <QUuid>
 
@@ -15,15 +15,6 @@
 
 namespace marrowcut::media
 {
-
-/// Tells one state of a file from another.
-struct FileStamp {
-    qint64 size = 0;
-    QDateTime modified;
-
-    static FileStamp of(const QString &path);
-    bool operator==(const FileStamp &) const = default;
-};
 
 /// What is to be encoded, and how.
 struct EncodeJob {
@@ -67,9 +58,5 @@ EncodeResult runSinglePass(const EncodeJob &job, const EncodeContext &context);
 /// encoding again and moves the result to the final output. A failed run leaves its work folder; the next
 /// run of the same clip replaces it.
 EncodeResult runChunked(const EncodeJob &job, double chunkSeconds, const EncodeContext &context);
-
-/// Number of pieces of at most chunkSeconds that a duration takes; at least 1. A double, since an absurd
-/// duration must not overflow it.
-double pieceCount(double duration, double chunkSeconds);
 
 } // namespace marrowcut::media

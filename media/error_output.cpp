@@ -21,7 +21,7 @@ QString shortened(const QString &line)
 
 } // namespace
 
-QStringList LineSplitter::feed(QByteArrayView bytes)
+QStringList LineSplitter::add(QByteArrayView bytes)
 {
     QStringList lines;
     const auto isSeparator = [](char byte) { return byte == '\r' || byte == '\n'; };

@@ -18,7 +18,7 @@ public:
     static constexpr qsizetype longestLine = 1 << 20; // bytes
 
     /// The lines that these bytes complete, in order.
-    QStringList feed(QByteArrayView bytes);
+    QStringList add(QByteArrayView bytes);
 
 private:
     void keepFragment(QByteArrayView fragment);

@@ -1,5 +1,7 @@
 #include "media/output_files.h"
 
+#include "media/failure_messages.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -38,12 +40,25 @@ qint64 boxSize(QFile &file, QByteArray &type)
     return wholeSize >= longHeader ? wholeSize : -1;
 }
 
-QString systemError()
+/// In English whatever the user's language: the advice for a failed clip depends on it.
+QString systemReason(int error)
 {
-    return QString::fromLocal8Bit(std::strerror(errno));
+    const char *text = strerrordesc_np(error);
+    return QString::fromLatin1(text ? text : "unknown error");
+}
+
+QString problem(QLatin1String message, const QString &path, int error)
+{
+    return message + path + QStringLiteral(": ") + systemReason(error);
 }
 
 } // namespace
+
+FileStamp FileStamp::of(const QString &path)
+{
+    const QFileInfo file(path);
+    return {file.size(), file.lastModified()};
+}
 
 void removeIfThere(const QString &path)
 {
@@ -56,38 +71,37 @@ void removeFolder(const QString &path)
     std::filesystem::remove_all(QFile::encodeName(path).toStdString(), ignored);
 }
 
-QString makeFolder(const QString &path)
+QString createFolder(const QString &path)
 {
     std::error_code error;
     std::filesystem::create_directories(QFile::encodeName(path).toStdString(), error);
     if (QFileInfo(path).isDir())
         return QString();
-    return QStringLiteral("The folder %1 could not be made: %2")
-        .arg(path, QString::fromLocal8Bit(error.message().c_str()));
+    return problem(folderNotCreated, path, error ? error.value() : ENOTDIR);
 }
 
-QString makeFolderAnew(const QString &path)
+QString replaceFolder(const QString &path)
 {
     removeFolder(path);
-    // Its parent may have to be made, too. The folder itself must not have been there: what lies in a folder
-    // of somebody else's could lead a write anywhere.
-    makeFolder(QFileInfo(path).path());
+    if (const QString parentProblem = createFolder(QFileInfo(path).path()); !parentProblem.isEmpty())
+        return parentProblem;
+    // It must be new: what lies in somebody else's folder could lead a write anywhere.
     if (mkdir(QFile::encodeName(path).constData(), S_IRWXU) == 0)
         return QString();
-    return QStringLiteral("The work folder %1 could not be made anew: %2").arg(path, systemError());
+    return problem(workFolderNotReplaced, path, errno);
 }
 
 QString linkProblem(const QString &path)
 {
     if (!QFileInfo(path).isSymbolicLink())
         return QString();
-    return QStringLiteral("%1 is a link that was not made here. Nothing was written through it.").arg(path);
+    return linkInTheWay + path;
 }
 
 QString moveIntoPlace(const QString &finished, const QString &finalPath)
 {
-    if (const QString problem = linkProblem(finished); !problem.isEmpty())
-        return problem;
+    if (const QString link = linkProblem(finished); !link.isEmpty())
+        return link;
     // Not QFile::rename: where renaming fails, that falls back to copying, which could leave half a
     // file under the final name.
     const QByteArray from = QFile::encodeName(finished);
@@ -97,10 +111,10 @@ QString moveIntoPlace(const QString &finished, const QString &finalPath)
         removeIfThere(finalPath); // an empty folder
         result = std::rename(from.constData(), to.constData());
     }
-    const QString reason = systemError();
+    const int error = errno;
     if (result == 0 || QFileInfo(finalPath).isFile())
         return QString();
-    return QStringLiteral("The proxy could not be moved to %1: %2").arg(finalPath, reason);
+    return problem(proxyNotMoved, finalPath, error);
 }
 
 QString folderInPlace(const QString &path)
@@ -109,17 +123,7 @@ QString folderInPlace(const QString &path)
     if (!info.isDir() || info.isSymbolicLink() ||
         QDir(path).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot))
         return QString();
-    return QStringLiteral("There is a folder in the place of the proxy: %1").arg(path);
-}
-
-QString noFrames()
-{
-    return QStringLiteral("ffmpeg reported success, but its file has no frames.");
-}
-
-QString unfinishedFile()
-{
-    return QStringLiteral("ffmpeg reported success, but its file is not complete.");
+    return folderInPlaceOfProxy + path;
 }
 
 bool isFinishedMp4(const QString &path)

@@ -1,9 +1,19 @@
 #pragma once
 
+#include <QDateTime>
 #include <QString>
 
 namespace marrowcut::media
 {
+
+/// Size and time, to detect a changed file.
+struct FileStamp {
+    qint64 size = 0;
+    QDateTime modified;
+
+    static FileStamp of(const QString &path);
+    bool operator==(const FileStamp &) const = default;
+};
 
 /// Removes a file, or a folder that is empty. Errors are ignored.
 void removeIfThere(const QString &path);
@@ -12,18 +22,19 @@ void removeIfThere(const QString &path);
 /// ignored.
 void removeFolder(const QString &path);
 
-/// Makes a folder with all that is missing above it. Returns what went wrong; empty when it is there.
-QString makeFolder(const QString &path);
+/// Creates a folder and all missing folders above it. Returns what went wrong; empty when the folder exists.
+QString createFolder(const QString &path);
 
-/// Makes a folder that nobody else can write to. An earlier one is removed with everything in it. Returns
+/// Creates a folder that nobody else can write to. An earlier one is removed with everything in it. Returns
 /// what went wrong; empty on success, when the folder is new and empty.
-QString makeFolderAnew(const QString &path);
+QString replaceFolder(const QString &path);
 
 /// A sentence when the path is a symbolic link, else empty.
 QString linkProblem(const QString &path);
 
 /// Replaces whatever is at the final path by the finished file, by renaming. Returns what went wrong; empty
-/// when a file is at the final path afterwards. A link is not moved: what it points to was not made here.
+/// when a file is at the final path afterwards. A link is not moved: its target was not written by this
+/// program.
 QString moveIntoPlace(const QString &finished, const QString &finalPath);
 
 /// A sentence when a folder that is not empty is at the path, where no proxy can be moved to; else empty.
@@ -33,10 +44,5 @@ QString folderInPlace(const QString &path);
 /// size, an index (moov) among them.
 /// Source: ISO/IEC 14496-12, "Object-structured file organization".
 bool isFinishedMp4(const QString &path);
-
-/// What an encode that failed for that reason, or because its output has no frames, says below ffmpeg's own
-/// last lines.
-QString unfinishedFile();
-QString noFrames();
 
 } // namespace marrowcut::media

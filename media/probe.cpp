@@ -1,9 +1,11 @@
 #include "media/probe.h"
 
 #include "media/encoder_arguments.h"
+#include "media/failure_messages.h"
 #include "media/ffmpeg_locator.h"
 #include "media/numbers.h"
 #include "media/process_runner.h"
+#include "media/timecode_math.h"
 #include "platform/file_names.h"
 
 #include <QFile>
@@ -61,10 +63,10 @@ QString refusal(const QString &source)
     if (!info.exists() || info.isDir())
         return QString();
     if (!info.isFile())
-        return QStringLiteral("This is not a file.");
+        return notAFile;
     QFile file(source);
     if (file.open(QIODevice::ReadOnly) && isText(file.read(judgedBytes)))
-        return QStringLiteral("This is a text file, not footage.");
+        return textFile;
     return QString();
 }
 
@@ -77,15 +79,15 @@ QString firstLine(const QString &output)
     return line.size() > longestValue ? QString() : line;
 }
 
-std::optional<ProbedMetadata> metadataFrom(const ProbeAnswers &answers)
+std::optional<ProbedMetadata> metadataFrom(const ProbeResults &results)
 {
     ProbedMetadata meta;
-    meta.hasTimecodeTag = !answers.timecode.isEmpty();
-    meta.tc = textOr(answers.timecode, QStringLiteral("00:00:00:00"));
-    meta.rate = answers.frameRate;
-    meta.audioCount = countFilledLines(answers.audioStreams);
-    meta.duration = decimalNumber(answers.duration).value_or(0);
-    const QString date = textOr(answers.modificationDate, answers.creationDate);
+    meta.hasTimecodeTag = !results.timecode.isEmpty();
+    meta.tc = textOr(results.timecode, TimecodeMath::zero());
+    meta.rate = results.frameRate;
+    meta.audioCount = countFilledLines(results.audioStreams);
+    meta.duration = decimalNumber(results.duration).value_or(0);
+    const QString date = textOr(results.modificationDate, results.creationDate);
     meta.hasFileDate = !date.isEmpty();
     meta.fileDate = meta.hasFileDate ? readableDate(date) : QStringLiteral("unavailable");
     if (meta.rate.isEmpty())
@@ -116,15 +118,15 @@ std::optional<ProbedMetadata> probe(const QString &source, const std::stop_token
     };
     const QStringList audioQuery =
         ffprobeArguments(QStringLiteral("stream=index"), source, QStringLiteral("a"), csvFormat());
-    ProbeAnswers answers;
-    answers.timecode = ffprobeValue(QStringLiteral("format_tags=timecode"));
-    answers.frameRate = ffprobeValue(QStringLiteral("stream=avg_frame_rate"), QStringLiteral("v:0"));
-    answers.audioStreams = runFFprobe(audioQuery, stop).stdout;
-    answers.duration = ffprobeValue(QStringLiteral("format=duration"));
-    answers.modificationDate = ffprobeValue(QStringLiteral("format_tags=modification_date"));
-    if (answers.modificationDate.isEmpty())
-        answers.creationDate = ffprobeValue(QStringLiteral("format_tags=creation_time"));
-    return metadataFrom(answers);
+    ProbeResults results;
+    results.timecode = ffprobeValue(QStringLiteral("format_tags=timecode"));
+    results.frameRate = ffprobeValue(QStringLiteral("stream=avg_frame_rate"), QStringLiteral("v:0"));
+    results.audioStreams = runFFprobe(audioQuery, stop).stdout;
+    results.duration = ffprobeValue(QStringLiteral("format=duration"));
+    results.modificationDate = ffprobeValue(QStringLiteral("format_tags=modification_date"));
+    if (results.modificationDate.isEmpty())
+        results.creationDate = ffprobeValue(QStringLiteral("format_tags=creation_time"));
+    return metadataFrom(results);
 }
 
 QString probeFailureDetail(const QString &source, const std::stop_token &stop)
@@ -134,7 +136,7 @@ QString probeFailureDetail(const QString &source, const std::stop_token &stop)
     const QStringList arguments = {QStringLiteral("-v"), QStringLiteral("error"),
                                    QStringLiteral("-show_format"), QStringLiteral("-show_streams"), source};
     const QString errors = runFFprobe(arguments, stop).stderr.trimmed();
-    return textOr(errors, QStringLiteral("ffprobe could not find a valid video stream in this file."));
+    return textOr(errors, noVideoStream);
 }
 
 } // namespace marrowcut::media

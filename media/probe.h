@@ -12,8 +12,8 @@
 namespace marrowcut::media
 {
 
-/// What ffprobe answered to each query: a value as firstLine() gives it. Empty where it printed nothing.
-struct ProbeAnswers {
+/// What ffprobe reported for each query: a value as firstLine() gives it. Empty where it printed nothing.
+struct ProbeResults {
     QString timecode;
     QString frameRate;
     QString audioStreams; ///< all that was printed, one line per stream
@@ -26,8 +26,8 @@ struct ProbeAnswers {
 /// counts as empty: no tag of a camera is that long, and every line of the manifest would repeat it.
 QString firstLine(const QString &output);
 
-/// The facts in the answers, with their defaults; nothing when there is no frame rate. Pure.
-std::optional<ProbedMetadata> metadataFrom(const ProbeAnswers &answers);
+/// The facts in the results, with their defaults; nothing when there is no frame rate. Pure.
+std::optional<ProbedMetadata> metadataFrom(const ProbeResults &results);
 
 /// Whether a file that begins with these bytes is text and no footage: valid UTF-8 up to its end or to a NUL
 /// that does not come early. The tools would play a playlist, and so any file that it names, under every

@@ -95,7 +95,7 @@ CapturedResult run(const QString &executable, const QStringList &arguments, cons
         errors = lastBytes(errors + bytes, keptErrorOutput);
         if (!options.onStderrLine)
             return;
-        for (const QString &line : splitter.feed(bytes))
+        for (const QString &line : splitter.add(bytes))
             options.onStderrLine(line);
     };
     QObject::connect(&process, &QProcess::readyReadStandardOutput, &process, takeOutput);
@@ -116,7 +116,7 @@ qint32 runStreaming(const QString &executable, const QStringList &arguments,
 
     LineSplitter splitter;
     const auto deliverAvailable = [&] {
-        for (const QString &line : splitter.feed(process.readAllStandardError()))
+        for (const QString &line : splitter.add(process.readAllStandardError()))
             onStderrLine(line);
     };
     QObject::connect(&process, &QProcess::readyReadStandardError, &process, deliverAvailable);

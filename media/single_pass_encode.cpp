@@ -1,21 +1,14 @@
 #include "media/encoder_arguments.h"
 #include "media/encoder_run.h"
 #include "media/encoders.h"
+#include "media/failure_messages.h"
 #include "media/output_files.h"
 #include "media/progress_parsing.h"
-
-#include <QFileInfo>
 
 #include <algorithm>
 
 namespace marrowcut::media
 {
-
-FileStamp FileStamp::of(const QString &path)
-{
-    const QFileInfo file(path);
-    return {file.size(), file.lastModified()};
-}
 
 namespace
 {
@@ -43,7 +36,7 @@ EncodeResult runSinglePass(const EncodeJob &job, const EncodeContext &context)
     if (run.success && run.frameCount != 0)
         return {publishOutput(output, job.paths.finalOutput, tail), tail.text()};
     if (run.success)
-        tail.append(noFrames());
+        tail.append(outputWithoutFrames);
     removeIfThere(output);
     return {false, tail.text()};
 }

@@ -50,6 +50,11 @@ QList<qint64> timecodeFields(const QString &tc)
 
 } // namespace
 
+QString zero()
+{
+    return QStringLiteral("00:00:00:00");
+}
+
 qint64 nominalFPS(const QString &rateText)
 {
     QList<double> numbers;

@@ -5,6 +5,9 @@
 namespace marrowcut::media::TimecodeMath
 {
 
+/// "00:00:00:00".
+QString zero();
+
 /// Whole frames per second of a frame-rate text as ffprobe prints it: "30000/1001" is 30. Without
 /// any number 24; 0 where the rate is unknown ("0/0") or not representable.
 qint64 nominalFPS(const QString &rateText);

@@ -14,9 +14,9 @@ namespace marrowcut
 class ClipLock
 {
 public:
-    /// Waits until no other process holds the file of that name in the folder; where no lock can be had, it
-    /// is taken for free. onLongWait is called once, after a second of waiting. Throws Interrupted on a stop
-    /// request.
+    /// Waits until no other process holds the file of that name in the folder; where no lock can be had, the
+    /// clip counts as free. onLongWait is called once, after a second of waiting. Throws Interrupted on a
+    /// stop request.
     ClipLock(const QString &folder, const QString &fileName, const std::function<void()> &onLongWait,
              const std::stop_token &stop);
     ~ClipLock();

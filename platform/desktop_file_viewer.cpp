@@ -13,7 +13,7 @@ namespace
 {
 
 /// A file viewer may have to be started for the call.
-constexpr int answerLimitMilliseconds = 10000;
+constexpr int replyLimitMilliseconds = 10000;
 
 QDBusMessage showItems(const QUrl &item)
 {
@@ -24,8 +24,8 @@ QDBusMessage showItems(const QUrl &item)
     return message;
 }
 
-/// The path itself or the nearest folder above it that exists.
-QString nearestFolder(QString path)
+/// The path itself or the closest parent folder that exists.
+QString closestFolder(QString path)
 {
     while (path.size() > 1 && !QFileInfo(path).isDir())
         path = path.left(std::max<qsizetype>(path.lastIndexOf(QLatin1Char('/')), 1));
@@ -47,23 +47,23 @@ void DesktopFileViewer::reveal(const QUrl &folder)
     const QDBusConnection bus = QDBusConnection::sessionBus();
     // A file viewer that is asked for what does not exist may show an error or nothing at all.
     if (!bus.isConnected() || !QFileInfo::exists(folder.toLocalFile())) {
-        openNearestFolder(folder);
+        openClosestFolder(folder);
         return;
     }
     m_isReplyPending = true;
     auto *watcher =
-        new QDBusPendingCallWatcher(bus.asyncCall(showItems(folder), answerLimitMilliseconds), this);
+        new QDBusPendingCallWatcher(bus.asyncCall(showItems(folder), replyLimitMilliseconds), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, folder] {
         watcher->deleteLater();
         m_isReplyPending = false;
         if (watcher->isError())
-            openNearestFolder(folder);
+            openClosestFolder(folder);
     });
 }
 
-void DesktopFileViewer::openNearestFolder(const QUrl &folder)
+void DesktopFileViewer::openClosestFolder(const QUrl &folder)
 {
-    m_openFolder(QUrl::fromLocalFile(nearestFolder(folder.toLocalFile())));
+    m_openFolder(QUrl::fromLocalFile(closestFolder(folder.toLocalFile())));
 }
 
 } // namespace marrowcut

@@ -21,7 +21,7 @@ public:
     void reveal(const QUrl &folder) override;
 
 private:
-    void openNearestFolder(const QUrl &folder);
+    void openClosestFolder(const QUrl &folder);
 
     std::function<void(const QUrl &folder)> m_openFolder;
     bool m_isReplyPending = false;

@@ -12,12 +12,12 @@ class FileViewer
 public:
     virtual ~FileViewer() = default;
 
-    /// Shows a folder, selected in the folder that holds it. Returns at once; whether it succeeds is not
-    /// told, also when the folder does not exist.
+    /// Shows a folder, selected in the folder that holds it. Returns at once; success is not reported,
+    /// also when the folder does not exist.
     virtual void reveal(const QUrl &folder) = 0;
 };
 
-/// Writes down what it shall show: for tests.
+/// Records the folders to reveal: for tests.
 class MemoryFileViewer : public FileViewer
 {
 public:

@@ -16,7 +16,7 @@ public:
     explicit SleepInhibitor(QObject *parent = nullptr);
     ~SleepInhibitor() override;
 
-    /// Asks for the inhibition, or gives it back. Returns at once.
+    /// Takes or releases the inhibition. Returns at once.
     void setHeld(bool held);
 
 private:

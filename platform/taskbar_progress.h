@@ -15,7 +15,8 @@ public:
     /// The desktop entry's name, without ".desktop".
     explicit TaskbarProgress(const QString &desktopEntry);
 
-    /// A fraction from 0.0 to 1.0, or nothing to show no progress. Told only when a whole percentage changes.
+    /// A fraction from 0.0 to 1.0, or nothing to show no progress. Sends only changes of the whole
+    /// percentage.
     void show(std::optional<double> fraction);
 
 private:

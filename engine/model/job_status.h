@@ -5,7 +5,7 @@
 namespace marrowcut
 {
 
-/// Where a job stands. A value; failed carries a short message.
+/// A job's status. A value; failed carries a short message.
 class JobStatus
 {
 public:

@@ -5,7 +5,7 @@
 namespace marrowcut
 {
 
-/// What the probe learned about one clip. Texts stay as the tool printed them.
+/// What ffprobe reported of one clip. Texts stay as the tool printed them.
 struct ProbedMetadata {
     QString tc;          ///< source timecode of the first frame
     QString rate;        ///< average frame rate, such as "30000/1001"

@@ -10,7 +10,7 @@ namespace marrowcut
 
 class PreferenceStore;
 
-/// One of the three encoding presets, and the remembered choice among them. A value.
+/// An encoding preset, and the remembered choice among them. A value.
 class QualityPreset
 {
 public:
@@ -23,12 +23,12 @@ public:
 
     static constexpr std::array<Case, 3> allCases = {standard, smaller, tiny};
 
-    /// Exactly "standard", "smaller" or "tiny"; nothing for any other text.
+    /// Nothing for any other text than the exact raw value of a case.
     static std::optional<QualityPreset> fromRawValue(const QString &rawValue);
     QString rawValue() const;
     QString id() const { return rawValue(); }
 
-    /// What the preset means, in the user's words.
+    /// The text that the window shows for the preset.
     QString descriptionText() const;
 
     /// The preset remembered under "qualityPreset"; standard when none or another text is stored.

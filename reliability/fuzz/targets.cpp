@@ -44,7 +44,7 @@ QStringList pieces(QByteArrayView bytes)
 void lineSplitter(QByteArrayView bytes)
 {
     LineSplitter whole;
-    const QStringList expected = whole.feed(bytes);
+    const QStringList expected = whole.add(bytes);
     for (const QString &line : expected)
         require(!line.isEmpty() && !line.contains(QLatin1Char('\r')) && !line.contains(QLatin1Char('\n')));
 
@@ -52,7 +52,7 @@ void lineSplitter(QByteArrayView bytes)
     QStringList delivered;
     const qsizetype size = bytes.isEmpty() ? 1 : 1 + uchar(bytes[0]) % 16;
     for (qsizetype at = 0; at < bytes.size(); at += size)
-        delivered += portions.feed(bytes.sliced(at, std::min(size, bytes.size() - at)));
+        delivered += portions.add(bytes.sliced(at, std::min(size, bytes.size() - at)));
     require(delivered == expected);
 }
 

@@ -160,9 +160,9 @@ private Q_SLOTS:
         QVERIFY(advice("Error opening /other/file: Permission denied").isEmpty());
         // A write-protected card asks for no permissions.
         QVERIFY(advice("/gone/marrowcut_proxies/.tmp_a_proxy.mp4: No such file or directory\n"
-                       "The folder /gone/marrowcut_proxies could not be made: Read-only file system")
+                       "The folder could not be created: /gone/marrowcut_proxies: Read-only file system")
                     .contains(QStringLiteral("another disk")));
-        QVERIFY(advice("The folder /gone/marrowcut_proxies could not be made: Permission denied")
+        QVERIFY(advice("The folder could not be created: /gone/marrowcut_proxies: Permission denied")
                     .contains(QStringLiteral("permissions of /gone,")));
         // Pieces that take the room are named.
         QVERIFY(advice("/gone/marrowcut_proxies/.chunks_a/part_0001.mp4: No space left on device")

@@ -2,6 +2,7 @@
 
 #include "engine/burn_in_engine.h"
 #include "engine/manifest.h"
+#include "media/failure_messages.h"
 #include "platform/clip_lock.h"
 #include "platform/notification_center.h"
 #include "platform/preference_store.h"
@@ -177,9 +178,8 @@ private Q_SLOTS:
         const QUuid id = addClip(QStringLiteral("a.mov"));
         m_script->touch(QStringLiteral("marrowcut_proxies"));
         run(clipOf("60") + "exit 1\n");
-        QVERIFY(
-            job(id).errorDetail->startsWith(QStringLiteral("The folder %1 could not be made: ")
-                                                .arg(m_script->path(QStringLiteral("marrowcut_proxies")))));
+        QVERIFY(job(id).errorDetail->startsWith(media::folderNotCreated +
+                                                m_script->path(QStringLiteral("marrowcut_proxies"))));
     }
 
     void clipOfAnotherProcessIsWaitedFor()

@@ -1,5 +1,6 @@
 #include "engine/model/output_paths.h"
 #include "media/encoders.h"
+#include "media/failure_messages.h"
 #include "support/stand_in_script.h"
 
 #include <QDir>
@@ -73,9 +74,12 @@ private Q_SLOTS:
     {
         chunked("when part_0001\nerr frame=9 time=00:00:45.00 speed=3x\\r\nend\nwrite-output\n", 200);
         QCOMPARE(m_published, (QList<Published>{{0.5, 45.0}}));
-        QCOMPARE(pieceCount(90.5, 90), 2.0);
-        QCOMPARE(pieceCount(180, 90), 2.0);
-        QCOMPARE(pieceCount(180.01, 90), 3.0);
+        for (const auto &[duration, count] :
+             {std::pair(90.5, 2.0), std::pair(180.0, 2.0), std::pair(180.01, 3.0)}) {
+            m_published.clear();
+            chunked("when part_0000\nerr frame=9 time=00:01:30.00\\r\nend\nwrite-output\n", duration);
+            QCOMPARE(m_published, (QList<Published>{{1 / count, std::nullopt}}));
+        }
     }
 
     void failedPieceStopsTheRun()
@@ -175,7 +179,7 @@ private Q_SLOTS:
             const EncodeResult result =
                 duration > 90 ? chunked(script, duration) : singlePass(script, duration);
             QVERIFY(!result.success);
-            QVERIFY(result.stderrTail.contains(QStringLiteral("is a link")));
+            QVERIFY(result.stderrTail.contains(linkInTheWay));
             QCOMPARE(m_script->contents(QStringLiteral("precious")), QByteArray());
             QVERIFY(!QFile::exists(out(QStringLiteral("A.1_proxy.mp4"))));
             QVERIFY(QFile::remove(out(QStringLiteral(".tmp_A.1_proxy.mp4"))));
@@ -191,14 +195,14 @@ private Q_SLOTS:
         QVERIFY(QDir().mkpath(out(QStringLiteral("A.1_proxy.mp4/kept"))));
         const EncodeResult moved = singlePass("write-output\n");
         QVERIFY(!moved.success);
-        QVERIFY(moved.stderrTail.startsWith(QStringLiteral("The proxy could not be moved to ")));
+        QVERIFY(moved.stderrTail.startsWith(proxyNotMoved));
         QVERIFY(QFile::exists(out(QStringLiteral("A.1_proxy.mp4/kept"))));
 
         QVERIFY(QDir(out()).removeRecursively());
         m_script->touch(QStringLiteral("out")); // no folder can be made in it
         const EncodeResult made = chunked("note @/calls\n", 100);
         QVERIFY(!made.success);
-        QVERIFY(made.stderrTail.startsWith(QStringLiteral("The work folder ")));
+        QVERIFY(made.stderrTail.startsWith(folderNotCreated));
         QCOMPARE(m_script->contents(QStringLiteral("calls")), QByteArray());
     }
 
