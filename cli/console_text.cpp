@@ -1,5 +1,7 @@
 #include "console_text.h"
 
+#include "platform/printable_text.h"
+
 #include <QList>
 
 #include <algorithm>
@@ -10,59 +12,6 @@ namespace marrowcut::cli
 
 namespace
 {
-
-/// Whether the character could command a terminal, break the line or make a text show as another.
-bool isUnsafe(char32_t character)
-{
-    switch (QChar::category(character)) {
-    case QChar::Other_Control: // C0, DEL and C1
-    case QChar::Separator_Line:
-    case QChar::Separator_Paragraph:
-        return true;
-    case QChar::Other_Format: // direction marks and tags among them; joiners only shape letters and emoji
-        return character != U'\u200C' && character != U'\u200D';
-    default:
-        return character >= 0xE0000 && character < 0xE0080; // the rest of the block of tags
-    }
-}
-
-QString escapeSequence(char32_t character)
-{
-    switch (character) {
-    case U'\n':
-        return QStringLiteral("\\n");
-    case U'\r':
-        return QStringLiteral("\\r");
-    case U'\t':
-        return QStringLiteral("\\t");
-    default:
-        return QString::asprintf(character > 0xFFFF ? "\\U%08X"
-                                 : character > 0xFF ? "\\u%04X"
-                                                    : "\\x%02X",
-                                 static_cast<unsigned>(character));
-    }
-}
-
-QString jsonEscapeSequence(char32_t character)
-{
-    QString sequence;
-    for (const QChar unit : QChar::fromUcs4(character))
-        sequence += QString::asprintf("\\u%04x", static_cast<unsigned>(unit.unicode()));
-    return sequence;
-}
-
-template <typename Escape>
-QString withUnsafeEscaped(const QString &text, Escape escape)
-{
-    QString shown;
-    for (const char32_t character : text.toUcs4()) {
-        if (isUnsafe(character))
-            shown += escape(character);
-        else
-            shown += QChar::fromUcs4(character);
-    }
-    return shown;
-}
 
 int columnsOf(char32_t character)
 {
@@ -84,16 +33,6 @@ qsizetype fitting(Iterator begin, Iterator end, int columns)
 }
 
 } // namespace
-
-QString printable(const QString &text)
-{
-    return withUnsafeEscaped(text, escapeSequence);
-}
-
-QString printableJson(const QString &json)
-{
-    return withUnsafeEscaped(json, jsonEscapeSequence);
-}
 
 QString indentedLines(const QString &text)
 {

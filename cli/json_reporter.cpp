@@ -1,10 +1,9 @@
 #include "reporter.h"
 
-#include "console_text.h"
-
 #include "engine/failure_advice.h"
 #include "engine/model/output_paths.h"
 #include "engine/queue_summary.h"
+#include "platform/printable_text.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>

@@ -1,9 +1,8 @@
 #include "reporter.h"
 
-#include "console_text.h"
-
 #include "engine/model/output_paths.h"
 #include "engine/queue_summary.h"
+#include "platform/printable_text.h"
 
 namespace marrowcut::cli
 {

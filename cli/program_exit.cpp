@@ -2,6 +2,7 @@
 
 #include "console_text.h"
 
+#include "platform/printable_text.h"
 #include "platform/termination_signals.h"
 
 #include <QCoreApplication>

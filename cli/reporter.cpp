@@ -4,6 +4,7 @@
 #include "program_exit.h"
 
 #include "engine/failure_advice.h"
+#include "platform/printable_text.h"
 
 namespace marrowcut::cli
 {

@@ -160,5 +160,10 @@ class WindowTest(unittest.TestCase):
             self.assertEqual(result.returncode, 1)
             self.assertRegex(result.stderr.decode(), r"\A[^\n]*display[^\n]*marrowcut-cli[^\n]*\n\Z")
 
+    def test_messages_cannot_control_the_terminal(self):
+        result = subprocess.run([PROGRAM, "--\x1b[2J\x9b.mov"], stderr=subprocess.PIPE)
+        self.assertEqual(result.returncode, 2)
+        self.assertIn(rb"\x1B[2J\x9B.mov'", result.stderr)
+
 
 unittest.main(verbosity=1)

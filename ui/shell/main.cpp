@@ -2,6 +2,7 @@
 #include "ui/shell/display.h"
 #include "ui/shell/marrowcut_app.h"
 
+#include "platform/printable_text.h"
 #include "platform/process_setup.h"
 #include "platform/resources.h"
 #include "platform/termination_signals.h"
@@ -29,7 +30,7 @@ constexpr auto appearanceLimit = std::chrono::milliseconds(250);
 
 void reportUsageError(const QString &problem)
 {
-    QTextStream(stderr) << "marrowcut: " << problem << "\nTry 'marrowcut --help'.\n";
+    QTextStream(stderr) << "marrowcut: " << printable(problem) << "\nTry 'marrowcut --help'.\n";
 }
 
 void setUpApplication()
@@ -49,7 +50,7 @@ void reportMissing(const QList<QUrl> &items)
 {
     for (const QUrl &item : items) {
         if (const QString path = item.toLocalFile(); !QFileInfo::exists(path))
-            QTextStream(stderr) << "marrowcut: no such file or folder: " << path << '\n';
+            QTextStream(stderr) << "marrowcut: no such file or folder: " << printable(path) << '\n';
     }
 }
 
