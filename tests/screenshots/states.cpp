@@ -3,6 +3,7 @@
 #include <QDragEnterEvent>
 #include <QGuiApplication>
 #include <QMimeData>
+#include <QQuickItem>
 
 namespace marrowcut
 {
@@ -76,7 +77,8 @@ void openErrorMenu(const Stage &stage)
     QGuiApplication::processEvents();
     auto *list = stage.window.findChild<QObject *>(QStringLiteral("jobList"));
     list->setProperty("currentIndex", 1);
-    QMetaObject::invokeMethod(list, "openMenu");
+    auto *row = list->property("currentItem").value<QQuickItem *>();
+    QMetaObject::invokeMethod(row, "requestMenu", Q_ARG(QPointF, QPointF(12, row->height())));
 }
 
 /// Returns whether the window would take what is dragged over it.
