@@ -1,8 +1,8 @@
 import QtQuick
 import Marrowcut.Style
 
-// One burned-in line of the mock-up; while the pointer is over it, it shows its explanation on a coloured ground. The black
-// shadow of radius 1.5, without offset, is made of faint copies, since the software renderer has no blur.
+// One burned-in line of the mock-up. Under the pointer it shows its explanation on a coloured background. The shadow is made
+// of faint copies, since the software renderer has no blur.
 Item {
     id: root
 
@@ -13,7 +13,7 @@ Item {
     readonly property bool isHovering: hover.hovered
     readonly property alias text: label.text
 
-    // An explanation shorter than the line would slip from under the pointer and flicker.
+    // Not narrower than the line itself: a shorter explanation would slip from under the pointer and flicker.
     width: Math.max(background.width, ruler.width + size / 2)
     height: background.height
     Accessible.role: Accessible.StaticText

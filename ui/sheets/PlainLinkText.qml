@@ -1,7 +1,7 @@
 import QtQuick
 import Marrowcut.Style
 
-// A text that opens an address. It looks like the dimmed text beside it; give it another font or colour to match
+// A text that opens a web address. It looks like the dimmed text beside it; give it another font or colour to match
 // other surroundings.
 Text {
     id: root

@@ -1,6 +1,6 @@
 import QtQuick
 
-// The invitation under the mock-up's lines. It swells and runs through the colour wheel while it is shown.
+// The hint below the mock-up's lines. While shown, it pulses and cycles through the colours.
 Column {
     id: root
 

@@ -2,14 +2,14 @@ import QtQuick
 import QtQuick.Templates as T
 import Marrowcut.Style
 
-// Plain text to read and select, scrolling with a bar that is always shown. A text that is replaced keeps its
-// selection and its place as far as it stays the same.
+// Read-only text that can be selected, with a permanent scroll bar. A new text keeps the selection and the scroll
+// position where it equals the old one.
 Rectangle {
     id: root
 
     required property string text
 
-    // Only what differs is exchanged: the rest of the document, selected or not, never notices.
+    // Replaces only what differs, so that the rest of the document keeps its selection.
     function show(after: string) {
         const before = area.text;
         const shorter = Math.min(before.length, after.length);

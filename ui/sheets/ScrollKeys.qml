@@ -1,12 +1,12 @@
 import QtQuick
 
-// Scrolls a view by the keys that do so elsewhere; the item with the focus forwards its keys here.
+// Scrolls a view with the usual keys, which the focused item forwards here.
 Item {
     id: root
 
     required property Flickable view
 
-    // As far as there is something to show.
+    // Stays within the content.
     function scrollTo(y: real) {
         const end = view.contentHeight + view.bottomMargin - view.height;
         view.contentY = Math.max(-view.topMargin, Math.min(y, end));

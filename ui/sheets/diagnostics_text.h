@@ -9,7 +9,7 @@
 namespace marrowcut
 {
 
-/// What the diagnostics report says of this moment and this machine.
+/// The diagnostics report's facts about this moment and this machine.
 struct DiagnosticsFacts {
     QDateTime generated;      ///< local time
     QString versionString;    ///< such as "1.0 (1)"
@@ -19,11 +19,11 @@ struct DiagnosticsFacts {
     static DiagnosticsFacts current();
 };
 
-/// The report, without a line feed at its end. Of the jobs, those that failed are listed.
+/// The report, without a line feed at its end. Lists the failed ones of the jobs.
 QString diagnosticsText(const DiagnosticsFacts &facts, const QList<ProxyJob> &jobs,
                         const QString &ffmpegVersionLine);
 
-/// The first line of what ffmpeg says of its version that is not empty, else "unavailable".
+/// The first non-empty line of ffmpeg's version output, else "unavailable".
 QString ffmpegVersionLine(const QString &standardOutput);
 
 } // namespace marrowcut

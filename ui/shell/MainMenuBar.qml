@@ -12,7 +12,7 @@ T.MenuBar {
     signal reportRequested()
 
     implicitWidth: implicitContentWidth
-    // In software, a window is whole to its last pixel row only where its height is whole pixels at the desktop's scale.
+    // With a multiple of 4, the window's height is whole pixels at each of the usual scales.
     implicitHeight: Math.ceil((implicitContentHeight + bottomPadding) / 4) * 4
     bottomPadding: 1
     delegate: MenuTitle {}

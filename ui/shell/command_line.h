@@ -10,15 +10,15 @@
 namespace marrowcut
 {
 
-/// What the arguments ask for.
+/// What the arguments request.
 struct CommandLine {
     QList<QUrl> items; ///< to be queued; absolute
-    QString output;    ///< the answer to --help and --version: nothing more is to be done than print it
-    QString error;     ///< what is wrong with the usage
+    QString output;    ///< of --help or --version: print it and end
+    QString error;     ///< empty when the usage is right
 };
 
-/// Reads the arguments as the system handed them over, the program's name first. File URLs are taken like
-/// paths, as file managers may hand over either.
+/// Parses the arguments as the system passed them, the program's name first. File URLs are accepted like
+/// paths, since file managers can pass either.
 CommandLine parseCommandLine(std::span<char *> arguments, const QString &version);
 
 } // namespace marrowcut

@@ -7,8 +7,9 @@ class QWindow;
 namespace marrowcut
 {
 
-/// To exist while the application object is created: without a display, the program then ends with status 1
-/// and one line that says so, where Qt would abort with advice to reinstall the application.
+/// Create it before the application object, and destroy it afterwards. Without a display, the program then
+/// ends with status 1 and a message of one line, where Qt would abort with advice to reinstall the
+/// application.
 class NoDisplayGuard
 {
 public:
@@ -17,13 +18,13 @@ public:
     Q_DISABLE_COPY(NoDisplayGuard)
 };
 
-/// How text and shapes are drawn; call it after creating the application object, before any window. Qt Quick
-/// draws in software where OpenGL is missing, or is itself drawn in software and slower. A choice made in the
-/// environment is kept.
+/// Chooses how text and shapes are drawn: in software where OpenGL is missing, or is itself software and
+/// slower. A choice made in the environment is kept. To be called after creating the application object,
+/// before any window.
 void setUpDrawing();
 
-/// At a scale such as 1.25, lets the window manager resize the window in steps of whole pixels: the software
-/// renderer leaves the last row of pixels black where a window's logical size is not a whole number.
+/// At a scale such as 1.25, makes the window manager resize the window in steps of whole pixels. Otherwise
+/// the software renderer leaves the last row of pixels black at some sizes.
 void resizeInWholePixels(QWindow &window);
 
 } // namespace marrowcut

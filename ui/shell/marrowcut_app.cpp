@@ -44,7 +44,8 @@ void MarrowcutApp::quit(int exitStatus)
 {
     for (QWindow *window : QGuiApplication::topLevelWindows())
         window->hide();
-    // The event loop first passes that on: a process whose thread the system holds would keep its windows.
+    // After the event loop has sent that to the window system: a process that cannot end would keep its
+    // windows.
     QTimer::singleShot(1, this, [this, exitStatus] {
         if (!m_engine.interrupt(quitLimit))
             std::_Exit(exitStatus); // the system holds the run's thread; its child ends with this process

@@ -34,7 +34,7 @@ public:
     HelpState *helpState() { return &m_helpState; }
     DiagnosticsReport *report() { return &m_report; }
 
-    /// Whether the question is shown whether to end the program during a run.
+    /// Whether the question is shown that comes before quitting during a run.
     bool isAskingToQuit() const { return m_isAskingToQuit; }
     /// Quits; during a run it asks first. A further request changes nothing: it may be the rest of a double
     /// click.

@@ -2,8 +2,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Marrowcut.Style
 
-// A checkbox without a label. It shows the checked that is bound to it: a click only emits toggled. Needs an
-// Accessible.name.
+// A checkbox without a label. It shows the value bound to checked; a click only emits toggled. Needs an Accessible.name.
 T.CheckBox {
     id: control
 

@@ -1,7 +1,6 @@
 import Marrowcut.Style
 
-// The mark of the keyboard focus around its parent. The ground shows in between, so that the ring can be told from a
-// control in the accent colour.
+// Marks the keyboard focus around its parent. The gap keeps the ring visible around a button in the accent colour.
 RoundedRectangle {
     property real innerRadius: 5
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Marrowcut.Style
 
-// The ground of a menu, popover or question, with a soft shadow.
+// The background of a menu, popover or question, with a soft shadow.
 Item {
     id: root
 

@@ -1,8 +1,8 @@
 import QtQuick
 import QtQuick.Templates as T
 
-// A small panel that hangs below its parent, with an arrow to it. It closes on Escape or a press elsewhere; a press on
-// the parent leaves it open.
+// A small panel that hangs below its parent, with an arrow to it. It closes on Escape or a press outside; a press on
+// the parent keeps it open.
 T.Popup {
     id: control
 

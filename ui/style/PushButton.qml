@@ -2,8 +2,8 @@ import QtQuick
 import QtQuick.Templates as T
 import Marrowcut.Style
 
-// highlighted is the look of a window's default button; the key that triggers it is the window's. A text that changes has
-// its alternative in otherText, so that the width stays.
+// highlighted gives the look of the default button; its key is handled by the window. If the text changes, otherText holds
+// the alternative, and the width stays the same.
 T.Button {
     id: control
 

@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Marrowcut.Style
 
-// The bar of a view that scrolls; without anything to scroll it fills its track.
+// A view's scroll bar. When there is nothing to scroll, the thumb fills the track.
 T.ScrollBar {
     id: control
 

@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Marrowcut.Style
 
-// One choice of a SegmentedPicker. Clicking it does not check it.
+// One choice of a SegmentedPicker. A click does not check it.
 T.RadioButton {
     id: control
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Marrowcut.Style
 
-// A choice of one among a few. It shows currentIndex and never sets it: activated tells what the user chose.
+// A choice of one among a few. It shows currentIndex and never sets it: activated reports the user's choice.
 Item {
     id: root
 

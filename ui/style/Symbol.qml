@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Controls.impl
 
-// One of the application's symbols in one colour. Decoration: whoever shows it carries the accessible name.
+// One of the application's symbols in one colour. Decorative: the control that shows it has the accessible name.
 Item {
     id: root
 

@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Templates as T
 
-// A symbol to press. Needs an Accessible.name.
+// A button that shows only a symbol. Needs an Accessible.name.
 T.Button {
     id: control
 

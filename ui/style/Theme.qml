@@ -18,7 +18,7 @@ QtObject {
     readonly property color failure: dark ? "#ff8078" : "#c0261c"
     readonly property color accent: hasAccent ? DesktopAppearance.legible(DesktopAppearance.accent, dark ? controlFill : window) : dark ? "#6db0ff" : "#0a5dcc" // also lines and bars
 
-    // grounds
+    // backgrounds
     readonly property color window: dark ? "#202023" : "#f5f5f7"
     readonly property color base: dark ? "#18181a" : "#ffffff"
     readonly property color accentFill: hasAccent ? DesktopAppearance.legible(DesktopAppearance.accent, accentText) : dark ? "#2367cf" : "#0a5dcc"
@@ -28,7 +28,7 @@ QtObject {
     readonly property color separator: dark ? "#3a3a3f" : "#dadade"
     readonly property color controlFill: dark ? "#333338" : "#ffffff"
     readonly property color controlBorder: dark ? "#505058" : "#c2c2ca"
-    readonly property color outline: dark ? "#8b8b94" : "#7c7c84" // 3:1 on every ground, also on track
+    readonly property color outline: dark ? "#8b8b94" : "#7c7c84" // 3:1 on every background, also on track
     readonly property color controlHover: dark ? "#3e3e44" : "#f0f0f3"
     readonly property color controlPressed: dark ? "#2a2a2e" : "#e4e4e9"
     readonly property color track: dark ? "#3a3a40" : "#dedee3"

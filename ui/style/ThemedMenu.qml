@@ -3,7 +3,7 @@ import QtQuick.Controls.impl
 import QtQuick.Templates as T
 import Marrowcut.Style
 
-// A menu in the theme's colours. An action is a line with its text and its shortcut.
+// A menu in the theme's colours. Each action shows its text and its shortcut.
 T.Menu {
     id: control
 

@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Marrowcut.Style
 
-// From 0 to 1. The percentage stands in the accessible description, since the accessibility tree has no value of it.
+// From 0 to 1. The accessible description has the percentage, since Qt 6.4 exposes no value.
 T.ProgressBar {
     id: control
 

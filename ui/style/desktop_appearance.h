@@ -28,7 +28,7 @@ class DesktopAppearance : public QObject
     Q_PROPERTY(QColor accent READ accent NOTIFY accentChanged)
     /// The family of the desktop's monospaced font.
     Q_PROPERTY(QString monospaced READ monospaced CONSTANT)
-    /// Whether the letters that open something together with Alt are underlined: while Alt is held.
+    /// Whether mnemonics are underlined: while Alt is held.
     Q_PROPERTY(bool showsMnemonics READ showsMnemonics NOTIFY showsMnemonicsChanged)
     Q_PROPERTY(Choice choice READ choice WRITE setChoice NOTIFY choiceChanged)
 public:
@@ -53,8 +53,7 @@ public:
     Choice choice() const { return m_choice; }
     void setChoice(Choice choice);
 
-    /// The colour, made so much lighter or darker that text and ground in the two colours have a contrast of
-    /// 4.5:1.
+    /// The colour, lightened or darkened until its contrast with the other is 4.5:1.
     Q_INVOKABLE static QColor legible(QColor color, const QColor &other);
 
 Q_SIGNALS:

@@ -28,7 +28,7 @@ void RoundedRectangle::paint(QPainter *painter)
     }
     painter->fillPath(path, m_color);
     if (m_borderWidth > 0) {
-        // Of the pen's double width, the inner half is drawn.
+        // The clip leaves the inner half of the stroke.
         const qreal width = std::max(pixel, std::round(m_borderWidth / pixel) * pixel);
         painter->setClipPath(path);
         painter->strokePath(path, QPen(m_borderColor, 2 * width));
@@ -39,7 +39,7 @@ QSGNode *RoundedRectangle::updatePaintNode(QSGNode *node, UpdatePaintNodeData *d
 {
     if (qRound(width()) > 0 && qRound(height()) > 0)
         return QQuickPaintedItem::updatePaintNode(node, data);
-    delete node; // Qt would paint on an image without a size, and warn
+    delete node; // Qt would warn about an image of size 0
     return nullptr;
 }
 
@@ -48,7 +48,7 @@ QRectF RoundedRectangle::wholePixels(const QPainter &painter) const
     const QTransform toPixels = painter.deviceTransform();
     const qreal scale = window()->effectiveDevicePixelRatio();
     const QSize size(painter.device()->width(), painter.device()->height());
-    // Where the size was rounded up, the first pixel can lie outside the item, and is not shown.
+    // If the size was rounded up, the first pixel can be outside the item, where it is clipped.
     const QPoint first(size.width() > width() * scale ? 1 : 0, size.height() > height() * scale ? 1 : 0);
     return toPixels.inverted().mapRect(QRectF(first, QPointF(size.width(), size.height())));
 }

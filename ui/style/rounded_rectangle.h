@@ -6,8 +6,8 @@
 namespace marrowcut
 {
 
-/// A rounded rectangle that is whole at every scale: in software, Qt Quick's own loses its corners at 1.25x
-/// and 1.5x.
+/// A rounded rectangle that is drawn correctly at every scale: Qt Quick's software renderer breaks the
+/// corners of its own at 1.25x and 1.5x.
 class RoundedRectangle : public QQuickPaintedItem
 {
     Q_OBJECT
@@ -17,9 +17,9 @@ class RoundedRectangle : public QQuickPaintedItem
     Q_PROPERTY(QColor borderColor MEMBER m_borderColor NOTIFY changed)
     /// Lies inside the shape; 0 means no border.
     Q_PROPERTY(qreal borderWidth MEMBER m_borderWidth NOTIFY changed)
-    /// The width of a soft shadow, which takes as much room inside the item's edges.
+    /// The width of a soft shadow, drawn inside the item's edges.
     Q_PROPERTY(qreal shadow MEMBER m_shadow NOTIFY changed)
-    /// Where an arrow points up from the upper edge, into the room of the shadow; negative means no arrow.
+    /// The position of an arrow that points up into the shadow; negative means no arrow.
     Q_PROPERTY(qreal arrowX MEMBER m_arrowX NOTIFY changed)
 public:
     explicit RoundedRectangle(QQuickItem *parent = nullptr);
