@@ -31,6 +31,8 @@ BorderlessButton {
             font.pixelSize: 11
             color: Theme.primary
             wrapMode: Text.WordWrap
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
         }
     }
 }

@@ -19,8 +19,8 @@ ListView {
     }
 
     function isInView(index: int): bool {
-        const row = itemAtIndex(index);
-        return row !== null && row.y + row.height > contentY && row.y < contentY + height;
+        const y = originY + index * rowHeight;
+        return y + rowHeight > contentY && y < contentY + height;
     }
 
     function takeFocus(reason: int) {
@@ -118,7 +118,8 @@ ListView {
         restoreFocus();
     }
     onContentYChanged: {
-        followsRun = queue.activeRow < 0 || isInView(queue.activeRow);
+        if (height > 0 && queue.activeRow >= 0)
+            followsRun = isInView(queue.activeRow);
         if (activeFocus && !isInView(currentIndex))
             takeFocus(Qt.OtherFocusReason); // no control may be pressed unseen
     }

@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Layouts
+import Marrowcut.Main
 import Marrowcut.Sheets
 import Marrowcut.Style
 

@@ -32,26 +32,6 @@ QList<Range> missingRanges(const QList<ProxyJob> &shown, const QList<ProxyJob> &
     return missing;
 }
 
-QList<int> changedRoles(const ProxyJob &before, const ProxyJob &after)
-{
-    QList<int> roles;
-    const bool statusChanged = before.status != after.status;
-    const bool progressChanged = before.progress != after.progress;
-    if (statusChanged)
-        roles += {JobListModel::StatusLabelRole, JobListModel::StatusKindRole};
-    if (statusChanged || progressChanged)
-        roles += {JobListModel::ProgressRole, JobListModel::AccessibleNameRole};
-    if (statusChanged || before.etaSeconds != after.etaSeconds)
-        roles += {JobListModel::RemainingTimeRole, JobListModel::AccessibleDescriptionRole};
-    if (before.isSelected != after.isSelected)
-        roles += JobListModel::IsSelectedRole;
-    if (before.burnInEnabled != after.burnInEnabled)
-        roles += JobListModel::BurnInEnabledRole;
-    if (statusChanged || before.errorDetail != after.errorDetail)
-        roles += {JobListModel::StatusTipRole, JobListModel::AccessibleDescriptionRole};
-    return roles;
-}
-
 JobListModel::StatusKind statusKind(const JobStatus &status)
 {
     if (status.isQueued())
@@ -150,23 +130,16 @@ void JobListModel::removeMissing(const QList<ProxyJob> &jobs)
 void JobListModel::updateChanged(const QList<ProxyJob> &jobs)
 {
     const qsizetype count = m_jobs.size();
-    qsizetype first = 0;
-    QList<int> roles; // of the rows from first up to the one looked at
-    const auto announce = [&](qsizetype end) {
-        if (!roles.isEmpty())
-            Q_EMIT dataChanged(index(static_cast<int>(first)), index(static_cast<int>(end - 1)), roles);
-    };
-
     const QList<ProxyJob> before = std::exchange(m_jobs, jobs.size() == count ? jobs : jobs.first(count));
+    const auto isSame = [&](qsizetype row) { return before[row] == std::as_const(m_jobs)[row]; };
     for (qsizetype row = 0; row < count; ++row) {
-        const QList<int> rowRoles = changedRoles(before[row], m_jobs[row]);
-        if (rowRoles == roles)
+        if (isSame(row))
             continue;
-        announce(row);
-        first = row;
-        roles = rowRoles;
+        const qsizetype first = row;
+        while (row + 1 < count && !isSame(row + 1))
+            ++row;
+        Q_EMIT dataChanged(index(static_cast<int>(first)), index(static_cast<int>(row)));
     }
-    announce(count);
 }
 
 void JobListModel::appendNew(const QList<ProxyJob> &jobs)

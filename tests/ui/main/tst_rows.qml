@@ -90,6 +90,7 @@ WindowCase {
             tryCompare(findChild(title, "burnInHelp"), "opened", true);
         }
         compare(findChild(title, "burnInHelp").width, 240);
+        verify(findChild(title, "burnInHelp").contentItem.Accessible.name.startsWith("Turn this off per file"));
         keyClick(Qt.Key_Escape);
         tryCompare(title, "showBurnInHelp", false);
         tryCompare(findChild(title, "burnInHelp"), "visible", false);
@@ -115,6 +116,8 @@ WindowCase {
         verify(tip.height > 400 && tip.y >= 0 && tip.y + tip.height <= tip.screen.height);
         verify(findChild(tipOf(0, "name"), "tipText").lineCount < 5); // wrapped, but not at each "<br>"
         compare(piece(0, "name").lineCount, 1);
+        mouseMove(find("helpButton"), 5, 5);
+        tryVerify(() => TipWindow.visible && TipWindow.text === "How Marrowcut works");
     }
 
     function test_copyError_data(): list<var> {
@@ -325,6 +328,17 @@ WindowCase {
         row(0).takeFocus(Qt.TabFocusReason);
         keyClick(Qt.Key_Delete);
         tryVerify(() => find("jobList") === null && content.Window.activeFocusItem.visualFocus);
+    }
+
+    function test_runningRowIsInViewFromTheStart() {
+        for (let number = 0; number < 60; ++number)
+            queue.add("/clips/" + number + ".mxf", number === 40 ? "encoding" : "queued");
+        queue.stageRunning(true);
+        tryVerify(() => find("jobList") !== null && find("jobList").isInView(40));
+        content.height = 360;
+        settle();
+        const list = find("jobList");
+        tryVerify(() => row(40).y + row(40).height <= list.contentY + list.height);
     }
 
     function test_runningRowStaysInView() {
