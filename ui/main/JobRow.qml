@@ -5,7 +5,7 @@ import Marrowcut.Main
 import Marrowcut.Style
 
 // One job. The arrow keys go from row to row. The Tab key goes through the current row's controls and then leaves the list.
-T.Pane {
+FocusScope {
     id: root
 
     required property int index
@@ -26,7 +26,10 @@ T.Pane {
     readonly property bool isQueued: statusKind === JobListModel.Queued
     readonly property bool isFailed: statusKind === JobListModel.Failed
     readonly property bool isTabStop: ListView.isCurrentItem
-    readonly property bool hasKeyboardFocus: activeFocus && ((Window.activeFocusItem as T.Control)?.visualFocus ?? false)
+    readonly property Item focusItem: activeFocus ? Window.activeFocusItem : null
+    readonly property bool visualFocus: focusItem === root && showsFocus // of the row itself, as a control has it
+    readonly property bool hasKeyboardFocus: visualFocus || ((focusItem as T.Control)?.visualFocus ?? false)
+    property bool showsFocus: true
 
     signal includeToggled()
     signal burnInToggled()
@@ -41,27 +44,24 @@ T.Pane {
 
     // The row itself, none of its controls.
     function takeFocus(reason: int) {
+        showsFocus = reason === Qt.TabFocusReason;
         for (const control of [include, burnIn, remove, retry])
             control.focus = false;
-        focusControl(root, reason);
-    }
-
-    function focusControl(control: T.Control, reason: int) {
-        control.forceActiveFocus(reason);
-        control.focusReason = reason; // also where the view gave it the focus already
+        forceActiveFocus(reason);
     }
 
     function focusRemoveButton() {
-        focusControl(remove, Qt.TabFocusReason);
+        remove.forceActiveFocus(Qt.TabFocusReason);
+        remove.focusReason = Qt.TabFocusReason; // also where the view gave it the focus already
     }
 
-    leftPadding: 12
-    rightPadding: 12
-    topPadding: 4
-    bottomPadding: 4
     // What has the focus stays a tab stop until it has passed it on; here and in the controls.
-    focusPolicy: isTabStop || activeFocus ? Qt.TabFocus : Qt.NoFocus
-    Accessible.ignored: true // a pane's role cannot be changed: its content is the list item
+    activeFocusOnTab: isTabStop || activeFocus
+    Accessible.role: Accessible.ListItem
+    Accessible.name: accessibleName
+    Accessible.description: accessibleDescription
+    Accessible.onPressAction: requestMenu(Qt.point(0, height))
+    onActiveFocusChanged: if (!activeFocus) showsFocus = true
     onStatusKindChanged: if (activeFocus) takeFocus(hasKeyboardFocus ? Qt.TabFocusReason : Qt.OtherFocusReason)
 
     TapHandler {
@@ -69,34 +69,36 @@ T.Pane {
         onTapped: eventPoint => root.requestMenu(eventPoint.position)
     }
 
-    background: Item {
-        RoundedRectangle {
-            anchors.fill: parent
-            anchors.leftMargin: 5
-            anchors.rightMargin: 5
-            visible: root.hovered || root.hasKeyboardFocus
-            radius: 6
-            color: root.hasKeyboardFocus ? Theme.accent : Theme.primary
-            opacity: root.hasKeyboardFocus ? 0.12 : 0.05
-        }
+    HoverHandler {
+        id: hover
+    }
 
-        Divider {
-            x: root.leftPadding + labels.x
-            y: parent.height - height
-            width: parent.width - x - root.rightPadding
-            visible: root.index < root.ListView.view?.count - 1
-        }
+    RoundedRectangle {
+        anchors.fill: parent
+        anchors.leftMargin: 5
+        anchors.rightMargin: 5
+        visible: hover.hovered || root.hasKeyboardFocus
+        radius: 6
+        color: root.hasKeyboardFocus ? Theme.accent : Theme.primary
+        opacity: root.hasKeyboardFocus ? 0.12 : 0.05
+    }
+
+    Divider {
+        x: row.x + labels.x
+        y: parent.height - height
+        width: row.width - labels.x
+        visible: root.index < root.ListView.view?.count - 1
     }
 
     RowLayout {
+        id: row
+
         anchors.fill: parent
+        anchors.leftMargin: 12
+        anchors.rightMargin: 12
+        anchors.topMargin: 4
+        anchors.bottomMargin: 4
         spacing: 8
-        Accessible.role: Accessible.ListItem
-        Accessible.name: root.accessibleName
-        Accessible.description: root.accessibleDescription
-        Accessible.focusable: true
-        Accessible.focused: root.Window.activeFocusItem === root
-        Accessible.onPressAction: root.requestMenu(Qt.point(0, root.height))
 
         CheckMark {
             id: include

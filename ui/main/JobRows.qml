@@ -77,7 +77,7 @@ ListView {
             return true;
         }
         if (key === Qt.Key_Menu)
-            row.requestMenu(Qt.point(row.leftPadding, row.height));
+            row.requestMenu(Qt.point(12, row.height));
         else if (row.isQueued && key === Qt.Key_Delete)
             removeRow(row);
         else if (row.isQueued && key === Qt.Key_Space)
@@ -147,7 +147,7 @@ ListView {
         font.weight: Font.Medium
     }
 
-    // In front of the rows, which accept presses.
+    // In front of the rows, whose controls accept presses.
     Item {
         parent: root
         anchors.fill: parent

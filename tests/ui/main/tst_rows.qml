@@ -141,7 +141,9 @@ WindowCase {
         keyClick(Qt.Key_Return);
         tryCompare(menu, "visible", false);
         tryCompare(piece(0, "retryButton"), "activeFocus", true);
-        compare(TestDesktop.takeClipboard(), "A001.mxf\nFailed: encode error\n\nThe disk is full. Make room on it, then retry.\n\nframe= 10\nNo space left on device");
+        const copied = TestDesktop.takeClipboard();
+        verify(copied.startsWith("A001.mxf\nFailed: encode error\n\nThe disk is full."), copied);
+        verify(copied.endsWith("\nNo space left on device"), copied);
         compare(queue.startCount, 0);
     }
 
