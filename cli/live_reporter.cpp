@@ -119,16 +119,13 @@ Line runningLine(const ProxyJob &job)
 {
     if (!job.status.isEncoding())
         return {printable(job.fileName()), job.status.label()};
-    const double seconds = job.etaSeconds.value_or(0);
-    return {printable(job.fileName()), percentage(job.progress), job.progress,
-            seconds > 1.0 ? formatETA(seconds) : QString()};
+    return {printable(job.fileName()), percentage(job.progress), job.progress, job.remainingTimeText()};
 }
 
 Line overallLine(const QList<ProxyJob> &jobs)
 {
     const QueueSummary summary = QueueSummary::of(jobs);
-    return {QStringLiteral("%1 of %2 done").arg(summary.doneCount).arg(summary.jobCount),
-            percentage(summary.overallProgress), summary.overallProgress};
+    return {summary.doneText(), percentage(summary.overallProgress), summary.overallProgress};
 }
 
 } // namespace

@@ -48,7 +48,7 @@ QString resultLines(const QList<ProxyJob> &jobs)
 QString countLine(const QList<ProxyJob> &jobs)
 {
     const QueueSummary summary = QueueSummary::of(jobs);
-    QString counts = QStringLiteral("%1 of %2 done").arg(summary.doneCount).arg(summary.jobCount);
+    QString counts = summary.doneText();
     if (summary.failedCount > 0)
         counts += QStringLiteral(", %1 failed").arg(summary.failedCount);
     return counts + QLatin1Char('\n');

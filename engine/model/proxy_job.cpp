@@ -3,6 +3,12 @@
 namespace marrowcut
 {
 
+QString ProxyJob::remainingTimeText() const
+{
+    const bool isWorthShowing = status.isEncoding() && etaSeconds.value_or(0) > 1.0;
+    return isWorthShowing ? formatETA(*etaSeconds) : QString();
+}
+
 QString formatETA(double seconds)
 {
     constexpr double limit = 9223372036854775808.0; // 2^63

@@ -37,6 +37,9 @@ struct ProxyJob {
     /// The source file's name with its extension.
     QString fileName() const { return sourceURL.fileName(QUrl::FullyDecoded); }
 
+    /// Shown while the job is encoding and more than a second remains; else empty.
+    QString remainingTimeText() const;
+
     bool operator==(const ProxyJob &) const = default;
 };
 

@@ -31,12 +31,6 @@ QString percentText(double fraction)
     return QStringLiteral("%1 percent").arg(static_cast<int>(std::clamp(fraction, 0.0, 1.0) * 100));
 }
 
-QString timeLeft(const ProxyJob &job)
-{
-    const bool isWorthShowing = job.status.isEncoding() && job.etaSeconds.value_or(0) > 1.0;
-    return isWorthShowing ? formatETA(*job.etaSeconds) : QString();
-}
-
 QString joined(QStringList texts, const QString &separator)
 {
     texts.removeAll(QString());
@@ -59,7 +53,7 @@ double barValue(const ProxyJob &job)
 
 QString remainingTime(const ProxyJob &job)
 {
-    const QString remaining = timeLeft(job);
+    const QString remaining = job.remainingTimeText();
     return remaining.isEmpty() ? QString() : QStringLiteral("· ") + remaining;
 }
 
@@ -88,7 +82,7 @@ QString accessibleName(const ProxyJob &job)
 QString accessibleDescription(const ProxyJob &job)
 {
     if (!job.status.isFailed())
-        return timeLeft(job);
+        return job.remainingTimeText();
     const QString advice = failureAdvice(job);
     return advice.isEmpty() ? errorMessages(job).section(QLatin1Char('\n'), -1) : advice;
 }
