@@ -27,7 +27,8 @@ public:
     ~TestDesktop() override { QDesktopServices::unsetUrlHandler(QStringLiteral("https")); }
 
     /// A window that is active may not have the keyboard: its transient parent counts as well.
-    Q_INVOKABLE QObject *focusWindow() const { return QGuiApplication::focusWindow(); }
+    /// Asks with the window instead of returning one: JavaScript would own what it is given and delete it.
+    Q_INVOKABLE bool hasFocus(QObject *window) const { return window == QGuiApplication::focusWindow(); }
     Q_INVOKABLE void openLink(const QUrl &url)
     {
         m_openedLinks << url;
