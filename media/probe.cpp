@@ -14,6 +14,7 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <array>
 
 namespace marrowcut::media
 {
@@ -25,6 +26,9 @@ constexpr qsizetype longestValue = 4096;  // characters
 constexpr qsizetype judgedBytes = 4096;   // of a file's beginning
 constexpr qsizetype shortestText = 32;    // bytes in front of a NUL; a container's first NUL comes earlier
 constexpr qsizetype longestCharacter = 4; // bytes of UTF-8
+
+/// What ffmpeg takes for a list of other files, or may, whatever follows.
+constexpr std::array<QByteArrayView, 3> listHeads = {"#EXTM3U", "ffconcat", "<?xml"};
 
 QString textOr(const QString &text, const QString &fallback)
 {
@@ -97,6 +101,8 @@ std::optional<ProbedMetadata> metadataFrom(const ProbeResults &results)
 
 bool isText(QByteArrayView beginning)
 {
+    if (std::ranges::any_of(listHeads, [&](QByteArrayView head) { return beginning.startsWith(head); }))
+        return true;
     const qsizetype nul = beginning.indexOf('\0');
     QByteArrayView text = nul < 0 ? beginning : beginning.first(nul);
     if (text.isEmpty() || (nul >= 0 && text.size() < shortestText))

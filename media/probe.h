@@ -30,8 +30,8 @@ QString firstLine(const QString &output);
 std::optional<ProbedMetadata> metadataFrom(const ProbeResults &results);
 
 /// Whether a file that begins with these bytes is text and no footage: valid UTF-8 up to its end or to a NUL
-/// that does not come early. The tools would play a playlist, and so any file that it names, under every
-/// extension.
+/// that does not come early, or a playlist with any bytes in it. The tools would play a playlist, and so any
+/// file that it names, under every extension.
 bool isText(QByteArrayView beginning);
 
 /// The facts that the encoders need; nothing when the clip has no video stream with a frame rate or

@@ -65,6 +65,7 @@ class Workplace:
         self.environment = dict(os.environ, MARROWCUT_MARK=self.folder.name, CALLS="", FAULT="",
                                 XDG_CONFIG_HOME=os.fspath(self.folder / "config"))
         self.clips = clips()
+        self.frames = {}  # of further clips, by their size
 
     def __enter__(self):
         return self
@@ -126,10 +127,9 @@ class Workplace:
             check(content.startswith(HEADER.encode() + b"\n"), "the manifest's header")
             check(content.endswith(b"\n"), "the manifest's last line is torn")
 
-
     def frames_of_source(self, folder, base):
         """How many a whole proxy of the clip in the folder may have; a clip that is not one of ours has either."""
-        sizes = {self.clips["short.mov"].stat().st_size: 10, self.clips["long.mov"].stat().st_size: 91}
+        sizes = {self.clips["short.mov"].stat().st_size: 10, self.clips["long.mov"].stat().st_size: 91, **self.frames}
         sources = [folder + b"/" + name for name in os.listdir(folder) if name.rpartition(b".")[0] == base]
         return {sizes.get(os.stat(source).st_size) for source in sources} - {None} or set(sizes.values())
 
@@ -151,6 +151,15 @@ def frame_count(path):
     result = subprocess.run(["ffprobe", "-v", "error", "-count_frames", "-select_streams", "v:0", "-show_entries",
                              "stream=nb_read_frames", "-of", "csv=p=0", path], stdout=subprocess.PIPE)
     return int(result.stdout) if result.returncode == 0 and result.stdout.strip().isdigit() else -1
+
+
+def attempt(name, run):
+    """The problem of one check, in a list; nothing where it held."""
+    try:
+        run()
+    except (Failure, AssertionError, OSError, subprocess.SubprocessError) as problem:
+        return [f"{name}: {problem}"]
+    return []
 
 
 def argument(name, default):

@@ -54,7 +54,7 @@ const QList<QByteArray> words = {"frame=  93 ",
                                  "x",
                                  "clip.mxf",
                                  "#EXTM3U\n#EXT-X-VERSION:3\n#EXTINF:4,\n",
-                                 "file 'part_0000.mp4'\n"};
+                                 "ffconcat version 1.0\nfile 'part_0000.mp4'\n"};
 
 QByteArray randomInput(std::mt19937 &random)
 {

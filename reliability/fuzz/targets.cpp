@@ -112,6 +112,12 @@ void probeAnswers(QByteArrayView bytes)
 /// What no container begins with is text: valid UTF-8 as far as it was read, with or without NUL padding.
 void textCheck(QByteArrayView bytes)
 {
+    for (const char *head : {"#EXTM3U", "ffconcat", "<?xml"}) {
+        if (bytes.startsWith(QByteArrayView(head))) {
+            require(isText(bytes));
+            return;
+        }
+    }
     constexpr qsizetype longestCharacter = 4;
     constexpr qsizetype shortestText = 32;
     const QByteArrayView unpadded = bytes.first(bytes.indexOf('\0') < 0 ? bytes.size() : bytes.indexOf('\0'));
