@@ -2,6 +2,8 @@
 
 #include <QDir>
 #include <QStringDecoder>
+#include <QStringList>
+#include <QSysInfo>
 
 namespace marrowcut
 {
@@ -13,6 +15,16 @@ QString absolutePath(const QString &path)
     QStringList parts = absolute.split(QLatin1Char('/'), Qt::SkipEmptyParts);
     parts.removeAll(QStringLiteral("."));
     return QLatin1Char('/') + parts.join(QLatin1Char('/'));
+}
+
+std::optional<QUrl> localFileUrl(QUrl url)
+{
+    const QStringList ownNames = {QString(), QStringLiteral("localhost"),
+                                  QSysInfo::machineHostName().toLower()};
+    if (!url.isLocalFile() || !ownNames.contains(url.host()))
+        return std::nullopt;
+    url.setHost(QString());
+    return url;
 }
 
 std::optional<QString> decodeUtf8(QByteArrayView bytes)

@@ -2,6 +2,7 @@
 
 #include "engine/burn_in_engine.h"
 #include "engine/model/output_paths.h"
+#include "platform/file_names.h"
 #include "platform/file_viewer.h"
 #include "ui/main/job_text.h"
 
@@ -9,7 +10,6 @@
 #include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QMimeData>
-#include <QSysInfo>
 
 #include <algorithm>
 #include <optional>
@@ -22,18 +22,6 @@ namespace
 {
 
 constexpr qint64 frameMilliseconds = 17; // at 60 Hz, rounded up
-
-/// The file URL in its usual form; some programs name this computer as its host.
-std::optional<QUrl> localFile(QUrl url)
-{
-    const QString host = url.host();
-    const QStringList ownNames = {QString(), QStringLiteral("localhost"),
-                                  QSysInfo::machineHostName().toLower()};
-    if (!url.isLocalFile() || !ownNames.contains(host))
-        return std::nullopt;
-    url.setHost(QString());
-    return url;
-}
 
 int activeRowOf(const QList<ProxyJob> &jobs)
 {
@@ -82,21 +70,23 @@ void QueueViewModel::choosePreset(int index)
 
 bool QueueViewModel::acceptsDrop(const QList<QUrl> &urls)
 {
-    return std::ranges::any_of(urls, [](const QUrl &url) { return localFile(url).has_value(); });
+    return std::ranges::any_of(urls, [](const QUrl &url) { return localFileUrl(url).has_value(); });
 }
 
 void QueueViewModel::handleDrop(const QList<QUrl> &urls)
 {
     for (const QUrl &url : urls) {
-        const auto enqueue = [&engine = m_engine, file = localFile(url)] { engine.enqueue({*file}); };
-        if (localFile(url))
-            QMetaObject::invokeMethod(&m_engine, enqueue, Qt::QueuedConnection);
+        if (const auto file = localFileUrl(url))
+            QMetaObject::invokeMethod(
+                &m_engine, [&engine = m_engine, file = *file] { engine.enqueue({file}); },
+                Qt::QueuedConnection);
     }
 }
 
 void QueueViewModel::paste()
 {
-    handleDrop(QGuiApplication::clipboard()->mimeData()->urls());
+    if (const QMimeData *contents = QGuiApplication::clipboard()->mimeData())
+        handleDrop(contents->urls());
 }
 
 void QueueViewModel::removeFromQueue(const QString &jobId)

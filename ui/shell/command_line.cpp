@@ -22,8 +22,8 @@ Options:
 
 QUrl itemUrl(const QString &argument)
 {
-    if (argument.startsWith(QLatin1String("file:///")))
-        return QUrl(argument);
+    if (argument.startsWith(QLatin1String("file://")))
+        return localFileUrl(QUrl(argument)).value_or(QUrl(argument));
     return QUrl::fromLocalFile(absolutePath(argument));
 }
 

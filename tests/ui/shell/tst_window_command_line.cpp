@@ -24,14 +24,14 @@ private Q_SLOTS:
     {
         const QString here = QDir::currentPath();
         const CommandLine line = parsed({"/clips//Shoot #3/./a%20.mov", "b.mxf", "file:///clips/c%20d.mp4",
-                                         "--", "--odd.mov", "\xff.mov"});
+                                         "file://localhost/e.mov", "--", "--odd.mov", "\xff.mov"});
         QCOMPARE(line.error, QString());
         QStringList paths;
         for (const QUrl &item : line.items)
             paths.append(item.toLocalFile());
-        QCOMPARE(paths,
-                 (QStringList{QStringLiteral("/clips/Shoot #3/a%20.mov"), here + QStringLiteral("/b.mxf"),
-                              QStringLiteral("/clips/c d.mp4"), here + QStringLiteral("/--odd.mov")}));
+        QCOMPARE(paths, (QStringList{QStringLiteral("/clips/Shoot #3/a%20.mov"),
+                                     here + QStringLiteral("/b.mxf"), QStringLiteral("/clips/c d.mp4"),
+                                     QStringLiteral("/e.mov"), here + QStringLiteral("/--odd.mov")}));
     }
 
     void answers()
