@@ -20,7 +20,7 @@ CODECS = {  # extension and options: what cameras record, and a mezzanine codec
 COPIES = 3  # of each size and codec: 24 clips
 SECONDS = 4
 PROCESSES = (1, 2, 4)
-ROUNDS = 3
+ROUNDS = 2
 NAMING = "open,openat,stat,lstat,newfstatat,statx,access,faccessat2,mkdir,unlink,rename,renameat2,readlink,getdents64,rmdir"
 
 
