@@ -43,8 +43,6 @@ constexpr std::array knownMessages = {
     Advice{QLatin1String("File name too long"),
            "The proxy's name would be too long. Rename the clip to a shorter name and "
            "add it again."},
-    Advice{QLatin1String("Is a directory"),
-           "This is a folder with the name of a clip. Add the clips in it instead."},
     Advice{media::textFile, "Add the camera's own files instead."},
     Advice{QLatin1String("moov atom not found"),
            "The clip is incomplete or is not a video. If its recording or copying was "
@@ -126,6 +124,16 @@ QString filledIn(QString text, const OutputPaths &paths)
     return text;
 }
 
+/// The system's message alone does not say whether the clip or its temporary output is meant.
+QString directoryAdvice(const QString &detail, const OutputPaths &paths)
+{
+    if (!detail.contains(QLatin1String("Is a directory")))
+        return QString();
+    if (detail.contains(paths.tmpOutput))
+        return QStringLiteral("Remove the folder %1, then retry.").arg(paths.tmpOutput);
+    return QStringLiteral("This is a folder with the name of a clip. Add the clips in it instead.");
+}
+
 QString knownAdvice(const QString &detail, const OutputPaths &paths)
 {
     for (const Advice &known : knownMessages) {
@@ -155,6 +163,8 @@ QString failureAdvice(const ProxyJob &job)
     if (detail.contains(QLatin1String("No space left on device")))
         return diskFullAdvice(detail, paths);
     if (const QString advice = folderAdvice(detail, paths); !advice.isEmpty())
+        return advice;
+    if (const QString advice = directoryAdvice(detail, paths); !advice.isEmpty())
         return advice;
     const QString advice = knownAdvice(detail, paths);
     return advice.isEmpty() ? placeAdvice(detail, job.sourceURL.toLocalFile(), paths) : advice;

@@ -68,7 +68,7 @@ bool runJoin(const QStringList &arguments, const QString &output, StderrTail &ta
     bool readError = false;
     options.onStderrLine = [&readError](const QString &line) {
         // A part that cannot be opened ends the join early, with exit status 0.
-        readError = readError || isReadError(line) || line.contains(QLatin1String("Impossible to open"));
+        readError = readError || isReadError(line) || line.contains(QLatin1String("Impossible to open '"));
     };
     try {
         const auto result = ProcessRunner::run(FFmpegLocator::ffmpegPath(), arguments, options);

@@ -164,6 +164,9 @@ private Q_SLOTS:
                     .contains(QStringLiteral("another disk")));
         QVERIFY(advice("The folder could not be created: /gone/marrowcut_proxies: Permission denied")
                     .contains(QStringLiteral("permissions of /gone,")));
+        QVERIFY(advice("/gone/a.mov: Is a directory").contains(QStringLiteral("Add the clips in it")));
+        QVERIFY(advice("/gone/marrowcut_proxies/.tmp_a_proxy.mp4: Is a directory")
+                    .contains(folder + QStringLiteral("/.tmp_a_proxy.mp4")));
         // Pieces that take the room are named.
         QVERIFY(advice("/gone/marrowcut_proxies/.chunks_a/part_0001.mp4: No space left on device")
                     .contains(folder + QStringLiteral("/.chunks_a")));
