@@ -60,6 +60,8 @@ Rectangle {
             id: area
 
             objectName: "reportText"
+            // Newer Qt scrolls by it, and the template alone reports one line.
+            implicitHeight: contentHeight + topPadding + bottomPadding
             topPadding: 0
             bottomPadding: 0
             leftPadding: 10
