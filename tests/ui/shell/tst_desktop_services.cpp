@@ -144,6 +144,7 @@ private Q_SLOTS:
         QTRY_COMPARE(fileManager.shown, QStringList{QString::fromLatin1(folder.toEncoded())});
         QVERIFY(fileManager.shown.first().endsWith(QStringLiteral("Shoot%20%233")));
         QCOMPARE(opened.size(), 1);
+        QTRY_VERIFY(viewer.children().isEmpty()); // the reply has come
 
         fileManager.refuses = true;
         for (int press = 0; press < 4; ++press)
