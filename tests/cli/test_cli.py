@@ -206,7 +206,7 @@ class CliTest(unittest.TestCase):
         (self.folder / "empty").mkdir()
         (self.folder / "-there").touch()
         (self.folder / "lines").write_text("a.mov\nb.mov\n")
-        for arguments, status, complaint in [
+        for arguments, status, message in [
             ([], 2, "No clip or folder was named."),
             (["--files-from", "-"], 0, "No names in standard input, so there is nothing to do."),
             (["--files-from", "."], 2, "Cannot read names from ."),
@@ -230,7 +230,7 @@ class CliTest(unittest.TestCase):
             with self.subTest(arguments=arguments):
                 result = self.run_cli(*arguments, input=b"\0")
                 self.assertEqual((result.returncode, result.stdout), (status, b""))
-                self.assertIn(complaint, result.stderr.decode())
+                self.assertIn(message, result.stderr.decode())
 
     def test_subfolders(self):
         for name in ("card/a/b/one.mov", "card/two.mxf", "card/a/marrowcut_proxies/three.mp4", "elsewhere/four.mov"):
@@ -278,7 +278,7 @@ class CliTest(unittest.TestCase):
         self.assertEqual(result.stderr.decode(), expected)
         self.assertFalse(self.proxies.exists())
 
-    def test_named_encoder_makes_its_trial_first(self):
+    def test_named_encoder_is_tested_first(self):
         (self.folder / "a.mov").touch()
         probe = "when avg_frame_rate\nout 25/1\\n\nend\nwhen -count_frames\nout 10\\n\nend\nwhen ffprobe\nexit 0\nend\n"
         program = self.with_stand_ins(probe + "when h264_nvenc\nwrite-output\nend\n"
@@ -288,11 +288,11 @@ class CliTest(unittest.TestCase):
             result = self.run_cli(*arguments, program=[program])
             return result.returncode, result.stdout.decode(), result.stderr.decode()
 
-        complaint = "marrowcut-cli: h264_qsv does not work here:\n    no such card\n"
-        self.assertEqual(run("--encoder", "h264_qsv", "a.mov"), (3, "", complaint))
+        message = "marrowcut-cli: h264_qsv does not work here:\n    no such card\n"
+        self.assertEqual(run("--encoder", "h264_qsv", "a.mov"), (3, "", message))
         self.assertFalse(self.proxies.exists())
         version = subprocess.check_output([program, "--version"], text=True)
-        self.assertEqual(run("--version", "--verbose", "--encoder", "h264_qsv"), (3, version, complaint))
+        self.assertEqual(run("--version", "--verbose", "--encoder", "h264_qsv"), (3, version, message))
         self.assertEqual(run("--version", "--verbose", "--encoder", "h264_nvenc"),
                          (0, version + "encoder: h264_nvenc\n", ""))
         self.assertEqual(run("--encoder", "h264_nvenc", "a.mov")[0], 0)
@@ -327,7 +327,7 @@ class CliTest(unittest.TestCase):
         self.assertEqual([[note[key]["data"] for key in ("appname", "summary", "body")] for note in shown],
                          [["Marrowcut", "Marrowcut", "0 done, 1 failed."]])
 
-    def test_signal_ends_an_encoder_trial(self):
+    def test_signal_ends_an_encoder_test(self):
         program = self.with_hanging_encoder()[:1]
         temporary = self.folder / "temporary"
         temporary.mkdir()

@@ -49,13 +49,13 @@ private Q_SLOTS:
                  QStringLiteral("The test encode exceeded the time limit."));
     }
 
-    void trialsAreMadeOnceAndOnlyWhereHardwareShows()
+    void testEncodesAreMadeOnceAndOnlyWhereHardwareIsPresent()
     {
-        m_script.set("note @/trials\nexit 1\n");
+        m_script.set("note @/tests\nexit 1\n");
         EncoderChoice choice;
         choice.resolve(anywhere(), QualityPreset::standard);
         choice.resolve(anywhere(), QualityPreset::tiny);
-        QCOMPARE(m_script.contents(QStringLiteral("trials")).count("-c:v"), 2);
+        QCOMPARE(m_script.contents(QStringLiteral("tests")).count("-c:v"), 2);
 
         SystemValues bare = anywhere();
         for (VideoEncoder &encoder : bare.hardwareEncoders)
@@ -63,12 +63,12 @@ private Q_SLOTS:
         QCOMPARE(EncoderChoice().resolve(bare, QualityPreset::standard), bare.videoEncoder);
         QCOMPARE(EncoderChoice(bare.hardwareEncoders[1]).resolve(bare, QualityPreset::standard).name,
                  QStringLiteral("h264_qsv"));
-        QCOMPARE(m_script.contents(QStringLiteral("trials")).count("-c:v"), 2);
+        QCOMPARE(m_script.contents(QStringLiteral("tests")).count("-c:v"), 2);
     }
 
     void interruptedTrialIsNoAnswer()
     {
-        // The trial opens the pipe's other end.
+        // The test encode opens the pipe's other end.
         QCOMPARE(mkfifo(QFile::encodeName(m_script.path(QStringLiteral("there"))).constData(), 0600), 0);
         m_script.set("note @/there\nwait-for @/never\n");
         std::stop_source stop;

@@ -6,7 +6,7 @@ import Marrowcut.Sheets
 import Marrowcut.Style
 
 // The content of the one window, from its menu bar to its lower edge. The focus comes back to where it was when a menu
-// or a popover has closed: Qt gives it to nobody.
+// or a popover has closed: Qt drops it.
 FocusScope {
     id: root
 

@@ -9,7 +9,7 @@ DropArea {
     required property QueueViewModel queue
     readonly property bool isTargeted: containsDrag
 
-    // Always a copy: a source that offers to move must not take its files for moved.
+    // Always a copy: a source that offers to move must not delete its files.
     onEntered: drag => root.queue.acceptsDrop(drag.urls) ? drag.accept(Qt.CopyAction) : (drag.accepted = false)
     onPositionChanged: drag => drag.accept(Qt.CopyAction)
     onDropped: drop => {

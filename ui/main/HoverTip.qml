@@ -1,7 +1,7 @@
 import QtQuick
 import Marrowcut.Main
 
-// Shows a text in a window of its own while the pointer rests on the parent. An empty text shows nothing.
+// Shows a text in a tooltip window while the pointer rests on the parent. An empty text shows nothing.
 HoverHandler {
     id: root
 

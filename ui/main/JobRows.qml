@@ -121,7 +121,7 @@ ListView {
         if (height > 0 && queue.activeRow >= 0)
             followsRun = isInView(queue.activeRow);
         if (activeFocus && !isInView(currentIndex))
-            takeFocus(Qt.OtherFocusReason); // no control may be pressed unseen
+            takeFocus(Qt.OtherFocusReason); // a control scrolled out of view must not keep the focus
     }
     onHeightChanged: followRun()
     Keys.onPressed: event => {

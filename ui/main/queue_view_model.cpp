@@ -22,6 +22,8 @@ namespace
 {
 
 constexpr qint64 frameMilliseconds = 17; // at 60 Hz, rounded up
+/// Refreshing takes at most about a twentieth of the time, so that a long queue does not hold up its run.
+constexpr qint64 pauseFactor = 20;
 
 int activeRowOf(const QList<ProxyJob> &jobs)
 {
@@ -163,8 +165,7 @@ void QueueViewModel::refresh()
            &QueueViewModel::outputDirChanged);
     assign(m_activeRow, activeRowOf(jobs), &QueueViewModel::activeRowChanged);
     assign(m_summary, QueueSummary::of(jobs), &QueueViewModel::summaryChanged);
-    // A refresh of a long queue takes its time: it must not hold up a run.
-    m_nextRefresh.setRemainingTime(std::max(frameMilliseconds, 20 * duration.elapsed()));
+    m_nextRefresh.setRemainingTime(std::max(frameMilliseconds, pauseFactor * duration.elapsed()));
 }
 
 template <typename Value>
