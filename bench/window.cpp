@@ -4,7 +4,7 @@
 
 #include "frame_recorder.h"
 
-#include "platform/desktop_file_viewer.h"
+#include "platform/file_viewer.h"
 #include "platform/notification_center.h"
 #include "platform/preference_store.h"
 #include "support/staged_engine.h"

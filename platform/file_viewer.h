@@ -1,7 +1,9 @@
 #pragma once
 
-#include <QList>
+#include <QObject>
 #include <QUrl>
+
+#include <functional>
 
 namespace marrowcut
 {
@@ -17,16 +19,22 @@ public:
     virtual void reveal(const QUrl &folder) = 0;
 };
 
-/// Records the folders to reveal: for tests.
-class MemoryFileViewer : public FileViewer
+/// The file viewer behind org.freedesktop.FileManager1 on the session bus. Without a bus or a reply, the
+/// closest existing parent folder is opened instead. Ignores further requests while a reply is pending.
+class DesktopFileViewer : public QObject, public FileViewer
 {
+    Q_OBJECT
 public:
-    const QList<QUrl> &revealed() const { return m_revealed; }
+    /// openFolder opens a folder with the program that the desktop has for folders.
+    explicit DesktopFileViewer(std::function<void(const QUrl &folder)> openFolder, QObject *parent = nullptr);
 
-    void reveal(const QUrl &folder) override { m_revealed.append(folder); }
+    void reveal(const QUrl &folder) override;
 
 private:
-    QList<QUrl> m_revealed;
+    void openClosestFolder(const QUrl &folder);
+
+    std::function<void(const QUrl &folder)> m_openFolder;
+    bool m_isReplyPending = false;
 };
 
 } // namespace marrowcut

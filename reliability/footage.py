@@ -206,7 +206,7 @@ def foreign_work_folder(place):
     status, output = run_measured(place, folder, user=NOBODY, group=NOBODY, extra_groups=[],
                                   extra={"HOME": "/nonexistent"})
     check(status == 1 and "a.mov: Failed: encode error" in output, f"status {status}: {output}")
-    check("could not be made anew" in output, f"no reason: {output}")
+    check("could not be replaced" in output, f"no reason: {output}")
     check(victim.read_text() == "precious", "written through")
     check(not (proxies / "a_proxy.mp4").exists(), "published")
 

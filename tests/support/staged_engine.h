@@ -13,6 +13,18 @@
 namespace marrowcut
 {
 
+/// Records the folders to reveal.
+class MemoryFileViewer : public FileViewer
+{
+public:
+    const QList<QUrl> &revealed() const { return m_revealed; }
+
+    void reveal(const QUrl &folder) override { m_revealed.append(folder); }
+
+private:
+    QList<QUrl> m_revealed;
+};
+
 /// The engine with jobs in whatever state a test or a picture needs, and the window's view model on it.
 /// Queue editing is the engine's own; start() only counts.
 class StagedEngine : public BurnInEngine

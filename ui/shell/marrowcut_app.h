@@ -1,7 +1,7 @@
 #pragma once
 
 #include "engine/burn_in_engine.h"
-#include "platform/desktop_file_viewer.h"
+#include "platform/file_viewer.h"
 #include "platform/desktop_notifications.h"
 #include "platform/preference_store.h"
 #include "platform/sleep_inhibitor.h"

@@ -1,4 +1,4 @@
-#include "platform/desktop_file_viewer.h"
+#include "platform/file_viewer.h"
 #include "platform/desktop_notifications.h"
 #include "platform/sleep_inhibitor.h"
 #include "platform/taskbar_progress.h"

@@ -1,4 +1,4 @@
-#include "platform/desktop_file_viewer.h"
+#include "platform/file_viewer.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
