@@ -1,5 +1,7 @@
 #include "platform/printable_text.h"
 
+#include <QList>
+
 namespace marrowcut
 {
 
