@@ -250,8 +250,11 @@ private Q_SLOTS:
             }
             writers.append(child);
         }
-        for (const pid_t writer : writers)
-            waitpid(writer, nullptr, 0);
+        for (const pid_t writer : writers) {
+            int status = -1;
+            QCOMPARE(waitpid(writer, &status, 0), writer);
+            QCOMPARE(status, 0); // it reached its end
+        }
         QList<QByteArray> lines = manifest();
         QVERIFY(lines.takeFirst().startsWith("source_filename,"));
         QCOMPARE(lines.takeLast(), QByteArray());
