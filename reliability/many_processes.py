@@ -1,6 +1,6 @@
 """Many Marrowcuts in one folder under GNU parallel, as docs/many-machines.md has it: names by NUL, one process for each
 clip, results as JSON, a job log; then only what failed or was killed again. And eight processes with many clips each,
-started at random offsets, one of them killed in every other round.
+started at random offsets, one of them killed in every other round, and two with the same clips.
 
     many_processes.py MARROWCUT-CLI [--rounds N] [--clips N]
 """
@@ -134,17 +134,38 @@ def side_by_side(place, seed):
     check(found == {clip.name: "done" for clip in sum(shares, [])}, f"{len(found)} lines in the manifest")
 
 
+def same_clips(place, seed):
+    """Two processes given one folder: each clip is encoded once."""
+    card = place.folder / "card"
+    card.mkdir()
+    names = [f"{number}.mov" for number in range(argument("--clips", 50) // 4 + 1)]
+    for name in names:
+        shutil.copy(place.clips["short.mov"], card / name)
+    calls = place.folder / "calls"
+    processes = []
+    for _ in range(2):
+        processes.append(place.start("--encoder", "libx264", "--quiet", card, calls=calls))
+        time.sleep(random.Random(seed).uniform(0, 1))
+    for process in processes:
+        output, errors = process.communicate(timeout=600)
+        check((process.returncode, output + errors) == (0, b""), f"status {process.returncode}: {errors}")
+    place.check_no_children()
+    place.judge(card, dict.fromkeys(names, 10))
+    check(check_manifest_lines(card) == dict.fromkeys(names, "done"), "the manifest")
+    check(calls.read_bytes().count(b"ffmpeg\0-y\0") == len(names), "a clip was encoded twice")
+
+
 def main():
     rounds = argument("--rounds", 20)
     failures = []
     for number in range(rounds):
-        for attack in (scheduled, side_by_side):
+        for attack in (scheduled, side_by_side, same_clips):
             with Workplace() as place:
                 try:
                     attack(place, number)
                 except Exception as failure:  # noqa: BLE001
                     failures.append(f"{attack.__name__}, round {number}: {failure!r}")
-    report("many", 2 * rounds, failures)
+    report("many", 3 * rounds, failures)
 
 
 main()
