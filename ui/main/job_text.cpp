@@ -10,13 +10,11 @@ namespace marrowcut::JobText
 namespace
 {
 
+/// The control pictures of Unicode would say more, but few fonts have them.
 QChar visible(QChar character)
 {
-    constexpr char16_t pictures = 0x2400; // Unicode has a picture of each ASCII control character
-    if (character.unicode() < 0x20)
-        return QChar(pictures + character.unicode());
-    if (character.unicode() == 0x7f)
-        return QChar(pictures + 0x21);
+    if (character == u'\n' || character == u'\r')
+        return QChar(u'\u21b5'); // a bent arrow
     const bool changesLines =
         character.category() == QChar::Separator_Line || character.category() == QChar::Separator_Paragraph;
     const bool changesDirection = (character.unicode() >= 0x202a && character.unicode() <= 0x202e) ||

@@ -20,7 +20,7 @@ TestCase {
     }
 
     // Waits until the engine's state is shown and laid out. A frame that nothing asks for would not come.
-    function settle() {
+    function awaitLayout() {
         tryVerify(() => queue.isShown());
         content.Window.window.update();
         waitForRendering(content);
@@ -28,10 +28,10 @@ TestCase {
 
     // The list's row, once it is there.
     function row(index: int): Item {
-        settle();
+        awaitLayout();
         const list = findChild(content, "jobList");
         tryVerify(() => list.itemAtIndex(index) !== null);
-        settle();
+        awaitLayout();
         return list.itemAtIndex(index);
     }
 
@@ -43,7 +43,7 @@ TestCase {
 
     function click(name: string) {
         tryVerify(() => find(name) !== null);
-        settle();
+        awaitLayout();
         mouseClick(find(name));
     }
 
@@ -58,7 +58,7 @@ TestCase {
         tryVerify(() => queue.isShown());
         content = createTemporaryObject(contentComponent, root);
         verify(content);
-        settle();
+        awaitLayout();
         content.Window.window.requestActivate();
         tryCompare(content.Window, "active", true);
     }

@@ -163,8 +163,8 @@ private Q_SLOTS:
         JobListModel model;
         model.mirror({job});
         QCOMPARE(model.index(0).data(JobListModel::NameRole).toString(),
-                 QStringLiteral("a\u240ab\u2421\ufffd\ufffdc\u05d0.mxf"));
-        QVERIFY(JobText::accessibleName(job).startsWith(QStringLiteral("a\u240ab")));
+                 QStringLiteral("a\u21b5b\ufffd\ufffd\ufffdc\u05d0.mxf"));
+        QVERIFY(JobText::accessibleName(job).startsWith(QStringLiteral("a\u21b5b")));
     }
 };
 

@@ -166,7 +166,7 @@ WindowCase {
         compare(list.contentY, list.originY - list.topMargin);
         for (const height of [900, 460]) {
             content.height = height;
-            settle();
+            awaitLayout();
             verify(list.contentItem.children.length < 80);
         }
         list.positionViewAtEnd();
@@ -214,8 +214,8 @@ WindowCase {
     function addClips(count: int) {
         for (let number = 0; number < count; ++number)
             queue.add("/clips/" + number + ".mxf");
-        settle();
-        settle();
+        awaitLayout();
+        awaitLayout();
     }
 
     function test_oneLineAtTheLeadingEdge() {
@@ -277,7 +277,7 @@ WindowCase {
         queue.stageRunning(true);
         tryCompare(row(0), "visualFocus", true);
         queue.setStatus(0, "probing");
-        settle();
+        awaitLayout();
         keyClick(Qt.Key_Space);
         keyClick(Qt.Key_Space);
         compare(queue.jobCount, 2);
@@ -338,7 +338,7 @@ WindowCase {
         queue.stageRunning(true);
         tryVerify(() => find("jobList") !== null && find("jobList").isInView(40));
         content.height = 360;
-        settle();
+        awaitLayout();
         const list = find("jobList");
         tryVerify(() => row(40).y + row(40).height <= list.contentY + list.height);
     }
@@ -357,7 +357,7 @@ WindowCase {
         list.contentY = list.originY; // the user scrolls away
         queue.setStatus(31, "done");
         queue.setStatus(32, "encoding");
-        settle();
+        awaitLayout();
         verify(!list.isInView(32));
         list.positionViewAtIndex(32, ListView.Center); // and back
         queue.setStatus(32, "done");

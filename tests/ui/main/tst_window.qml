@@ -146,7 +146,7 @@ WindowCase {
         const before = [bar.height, find("selectAllButton").width];
         click("selectAllButton");
         tryVerify(() => find("goButton") === null);
-        settle();
+        awaitLayout();
         compare([bar.height, find("selectAllButton").width], before);
     }
 }
