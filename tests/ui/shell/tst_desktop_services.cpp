@@ -1,21 +1,16 @@
-#include "platform/file_viewer.h"
 #include "platform/desktop_notifications.h"
-#include "platform/sleep_inhibitor.h"
+#include "platform/file_viewer.h"
 #include "platform/taskbar_progress.h"
 
 #include "support/private_bus.h"
 
 #include <QDBusContext>
 #include <QDBusMessage>
-#include <QDBusUnixFileDescriptor>
 #include <QDir>
 #include <QTemporaryDir>
 #include <QTest>
 
-#include <array>
 #include <optional>
-#include <poll.h>
-#include <unistd.h>
 
 using namespace marrowcut;
 
@@ -34,36 +29,6 @@ public Q_SLOTS:
         shown += uris;
         if (refuses)
             sendErrorReply(QDBusError::Failed);
-    }
-};
-
-/// The login manager; it sees the inhibition end as the other end of a pipe being closed.
-class FakeLoginManager : public QObject
-{
-    Q_OBJECT
-    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.login1.Manager")
-public:
-    QStringList asked;
-    int readEnd = -1;
-
-    bool isHeld() const
-    {
-        pollfd state = {readEnd, POLLIN, 0};
-        return poll(&state, 1, 0) == 0;
-    }
-
-public Q_SLOTS:
-    QDBusUnixFileDescriptor Inhibit(const QString &what, const QString &who, const QString &why,
-                                    const QString &mode)
-    {
-        asked.append(QStringList{what, who, why, mode}.join(QLatin1Char('|')));
-        std::array<int, 2> ends = {-1, -1};
-        if (pipe(ends.data()) != 0)
-            return QDBusUnixFileDescriptor();
-        readEnd = ends[0];
-        const QDBusUnixFileDescriptor handedOver(ends[1]); // a copy
-        close(ends[1]);
-        return handedOver;
     }
 };
 
@@ -161,26 +126,6 @@ private Q_SLOTS:
         QCOMPARE(opened.last(), folder);
         viewer.reveal(QUrl::fromLocalFile(missing));
         QCOMPARE(opened.last(), QUrl::fromLocalFile(QStringLiteral("/")));
-    }
-
-    void inhibitingSleep()
-    {
-        SleepInhibitor inhibitor;
-        inhibitor.setHeld(true); // refused: there is no login manager
-        FakeLoginManager logind;
-        QVERIFY(m_bus.serve(QStringLiteral("org.freedesktop.login1"),
-                            QStringLiteral("/org/freedesktop/login1"), &logind));
-
-        SleepInhibitor heard;
-        heard.setHeld(true);
-        heard.setHeld(true);
-        QTRY_VERIFY(logind.readEnd >= 0 && logind.isHeld());
-        QCOMPARE(logind.asked, QStringList{QStringLiteral("idle:sleep|Marrowcut|Making proxies|block")});
-        heard.setHeld(false);
-        QTRY_VERIFY(!logind.isHeld());
-        heard.setHeld(true);
-        QTRY_COMPARE(logind.asked.size(), 2);
-        QTRY_VERIFY(logind.isHeld());
     }
 
     void taskbarProgress()

@@ -1,8 +1,10 @@
 #include "ui/shell/marrowcut_app.h"
 
+#include "support/private_bus.h"
 #include "support/stand_in_script.h"
 #include "ui/style/desktop_appearance.h"
 
+#include <QDBusUnixFileDescriptor>
 #include <QQmlApplicationEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
@@ -11,7 +13,10 @@
 #include <QtQml/qqmlextensionplugin.h>
 
 #include <algorithm>
+#include <array>
 #include <csignal>
+#include <poll.h>
+#include <unistd.h>
 
 Q_IMPORT_QML_PLUGIN(Marrowcut_StylePlugin)
 Q_IMPORT_QML_PLUGIN(Marrowcut_SheetsPlugin)
@@ -19,6 +24,37 @@ Q_IMPORT_QML_PLUGIN(Marrowcut_MainPlugin)
 Q_IMPORT_QML_PLUGIN(Marrowcut_ShellPlugin)
 
 using namespace marrowcut;
+
+/// The login manager; it sees the inhibition end as the other end of a pipe being closed.
+class FakeLoginManager : public QObject
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.login1.Manager")
+public:
+    int requests = 0;
+    int readEnd = -1;
+
+    bool isHeld() const
+    {
+        pollfd state = {readEnd, POLLIN, 0};
+        return poll(&state, 1, 0) == 0;
+    }
+
+public Q_SLOTS:
+    QDBusUnixFileDescriptor Inhibit(const QString &what, const QString &, const QString &,
+                                    const QString &mode)
+    {
+        if (what == QStringLiteral("idle:sleep") && mode == QStringLiteral("block"))
+            ++requests;
+        std::array<int, 2> ends = {-1, -1};
+        if (pipe(ends.data()) != 0)
+            return QDBusUnixFileDescriptor();
+        readEnd = ends[0];
+        const QDBusUnixFileDescriptor handedOver(ends[1]); // a copy
+        close(ends[1]);
+        return handedOver;
+    }
+};
 
 /// The application with its real window, on tools that never finish.
 class QuittingTest : public QObject
@@ -30,7 +66,6 @@ private Q_SLOTS:
     {
         qputenv("XDG_CONFIG_HOME", m_script.folder().toUtf8());
         qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere");
-        qputenv("DBUS_SYSTEM_BUS_ADDRESS", "unix:path=/nowhere");
         m_script.set("pid @/pid\nwait-for @/never\n");
         m_script.touch(QStringLiteral("clip.mov"));
     }
@@ -111,10 +146,24 @@ private Q_SLOTS:
         startRun();
         m_window->close();
         QVERIFY(m_app->isAskingToQuit());
-        m_script.touch(QStringLiteral("never"));
-        QTRY_VERIFY(!m_app->queue()->isRunning());
+        endRun();
         QVERIFY(!m_app->isAskingToQuit());
-        QFile::remove(m_script.path(QStringLiteral("never")));
+    }
+
+    void sleepIsInhibitedDuringARunOnly()
+    {
+        startRun(); // refused: there is no login manager
+        endRun();
+        FakeLoginManager logind;
+        QVERIFY(m_bus.serve(QStringLiteral("org.freedesktop.login1"),
+                            QStringLiteral("/org/freedesktop/login1"), &logind));
+        for (int run = 1; run <= 2; ++run) {
+            m_app->queue()->clearCompleted();
+            startRun();
+            QTRY_VERIFY(logind.requests == run && logind.isHeld());
+            endRun();
+            QTRY_VERIFY(!logind.isHeld());
+        }
     }
 
     void menusWorkByKeys()
@@ -159,8 +208,17 @@ private:
         QTRY_VERIFY(m_app->queue()->isRunning());
     }
 
+    void endRun()
+    {
+        m_script.touch(QStringLiteral("never"));
+        QTRY_VERIFY(!m_app->queue()->isRunning());
+        QFile::remove(m_script.path(QStringLiteral("never")));
+        QFile::remove(m_script.path(QStringLiteral("pid")));
+    }
+
     QString focusName() const { return m_window->activeFocusItem()->objectName(); }
 
+    PrivateBus m_bus;
     StandInScript m_script;
     std::unique_ptr<MarrowcutApp> m_app;
     std::unique_ptr<QQmlApplicationEngine> m_engine;
