@@ -1,10 +1,12 @@
 #include "engine/model/output_paths.h"
 #include "media/encoders.h"
 #include "media/failure_messages.h"
+#include "media/output_files.h"
 #include "support/stand_in_script.h"
 
 #include <QDir>
 #include <QTest>
+#include <QtEndian>
 
 using namespace marrowcut;
 using namespace marrowcut::media;
@@ -166,28 +168,21 @@ private Q_SLOTS:
         QCOMPARE(m_script->contents(QStringLiteral("calls")).count("-ss\n"), 2);
     }
 
-    void linkInPlaceOfTheTemporaryFileIsNotFollowed()
+    void filesOfMoreThanFourGigabytesAreJudged()
     {
-        m_script->touch(QStringLiteral("precious"));
-        const auto plant = [&] {
-            QVERIFY(QFile::link(m_script->path(QStringLiteral("precious")),
-                                out(QStringLiteral(".tmp_A.1_proxy.mp4"))));
-        };
-        const QByteArray script = "when part_\nerr frame=9\\r\nend\nwrite-output\n";
-        for (const double duration : {60.0, 100.0}) {
-            plant();
-            const EncodeResult result =
-                duration > 90 ? chunked(script, duration) : singlePass(script, duration);
-            QVERIFY(!result.success);
-            QVERIFY(result.stderrTail.contains(linkInTheWay));
-            QCOMPARE(m_script->contents(QStringLiteral("precious")), QByteArray());
-            QVERIFY(!QFile::exists(out(QStringLiteral("A.1_proxy.mp4"))));
-            QVERIFY(QFile::remove(out(QStringLiteral(".tmp_A.1_proxy.mp4"))));
-        }
-        // One that appears while the encoder works is not published either.
-        const EncodeResult result = singlePass("link-output @/precious\nwrite-output\n");
-        QVERIFY(!result.success);
-        QVERIFY(!QFile::exists(out(QStringLiteral("A.1_proxy.mp4"))));
+        constexpr qint64 contentSize = 5'000'000'000;
+        QFile file(out(QStringLiteral("large.mp4")));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        QByteArray head("\0\0\0\x01mdat", 8);
+        head.resize(16);
+        qToBigEndian(contentSize, head.data() + 8);
+        file.write(head);
+        QVERIFY(file.resize(contentSize) && file.seek(contentSize)); // takes no room on the disk
+        file.write("\0\0\0\x08moov", 8);
+        file.close();
+        QVERIFY(isFinishedMp4(file.fileName()));
+        QVERIFY(file.resize(contentSize - 1));
+        QVERIFY(!isFinishedMp4(file.fileName()));
     }
 
     void whatCannotBeMadeOrMovedIsNamed()
@@ -204,16 +199,6 @@ private Q_SLOTS:
         QVERIFY(!made.success);
         QVERIFY(made.stderrTail.startsWith(folderNotCreated));
         QCOMPARE(m_script->contents(QStringLiteral("calls")), QByteArray());
-    }
-
-    void linkInPlaceOfTheWorkFolderIsNotFollowed()
-    {
-        const QString precious = m_script->path(QStringLiteral("precious"));
-        QVERIFY(QDir().mkpath(precious));
-        m_script->touch(QStringLiteral("precious/file"));
-        QVERIFY(QFile::link(precious, out(QStringLiteral(".chunks_A.1"))));
-        QVERIFY(chunked("when part_\nerr frame=9\\r\nend\nwrite-output\n", 100).success);
-        QVERIFY(QFile::exists(m_script->path(QStringLiteral("precious/file"))));
     }
 
 private:

@@ -65,6 +65,12 @@ private Q_SLOTS:
         QCOMPARE(media::ProcessRunner::runStreaming(media::FFmpegLocator::ffmpegPath(), {}, onLine), 5);
     }
 
+    void signalsToTheWholeGroupSpareTheChild() // it is ended with the program, not before
+    {
+        for (const char *signal : {"HUP", "INT", "QUIT", "TERM"})
+            QCOMPARE(run(QByteArray("signal ") + signal + "\nexit 5\n").status, 5);
+    }
+
 private:
     media::ProcessRunner::CapturedResult run(const QByteArray &script, const QStringList &arguments = {})
     {

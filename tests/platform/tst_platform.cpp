@@ -122,10 +122,12 @@ private Q_SLOTS:
         const QString link = QStringLiteral("%1-link").arg(folder.path());
         QVERIFY(QFile::link(folder.path(), link));
         std::atomic<bool> entered = false;
+        std::latch waits(1);
         std::jthread other([&] {
-            const ClipLock waiting(link, clip, ignore, {});
-            entered = waiting.hasWaited();
+            const ClipLock waiting(link, clip, [&] { waits.count_down(); }, {});
+            entered = true;
         });
+        QTRY_VERIFY_WITH_TIMEOUT(waits.try_wait() || entered, 60000);
         source.request_stop();
         QVERIFY_THROWS_EXCEPTION(Interrupted, ClipLock(folder.path(), clip, ignore, source.get_token()));
         QVERIFY(!entered);
