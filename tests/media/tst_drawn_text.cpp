@@ -2,6 +2,7 @@
 // read from a file, where nothing in it can have a meaning.
 
 #include "media/burn_in_filter.h"
+#include "media/proxy_format.h"
 #include "media/system_values.h"
 #include "support/real_tools.h"
 
@@ -24,6 +25,11 @@ FilterInputs inputsWith(const QString &filename, const QString &fileDate)
             .fileDate = fileDate,
             .preset = QualityPreset::smaller,
             .burnInEnabled = true};
+}
+
+bool isGray(char brightness)
+{
+    return std::abs(int(uchar(brightness)) - 128) < 8;
 }
 
 QStringList overGray(const QString &graph)
@@ -76,6 +82,25 @@ private Q_SLOTS:
                      QStringLiteral("FILE DATE  ") + text);
         QVERIFY(!drawn.isEmpty());
         QCOMPARE(drawn, grayFrame(overGray(reference)));
+    }
+
+    void textsKeepApartWithinThePicture()
+    {
+        for (const QualityPreset preset : QualityPreset::allCases) {
+            FilterInputs inputs =
+                inputsWith(QStringLiteral("A001C001_230501_R1AB.mxf"), QStringLiteral("2023-05-01 12:34:56"));
+            inputs.preset = preset;
+            const QByteArray frame = grayFrame(overGray(buildFilter(inputs, m_font)));
+            const int width = proxyFormat(preset).width;
+            QByteArray rows; // x where something is drawn
+            for (qsizetype at = 0; at < frame.size(); at += width) {
+                const QByteArrayView row = QByteArrayView(frame).sliced(at, width);
+                QVERIFY(isGray(row.front()) && isGray(row.back()));
+                rows += std::ranges::all_of(row, isGray) ? ' ' : 'x';
+            }
+            QCOMPARE(rows.simplified().split(' ').size(), 4); // name, source, elapsed, date
+            QVERIFY(rows.startsWith(' ') && rows.endsWith(' '));
+        }
     }
 
     void craftedTimecodeCannotLeaveItsPlace()

@@ -1,5 +1,6 @@
 // The system's own tools on small clips made on the spot; each proxy is opened again and judged.
 
+#include "media/burn_in_filter.h"
 #include "media/encoder_choice.h"
 #include "media/encoders.h"
 #include "media/probe.h"
@@ -151,33 +152,20 @@ private:
                           QStringLiteral("select=eq(n\\,%1)").arg(number)});
     }
 
-    /// What a frame has to look like: the clip's with the given texts drawn on it.
+    /// What a frame has to look like: the first one of a clip that begins with these timecodes.
     QByteArray expectedFrame(const QString &name, const QString &srcTC, const QString &elapsedTC) const
     {
-        // Drawn as still text: nothing here counts frames.
-        const QString right = QStringLiteral("w-tw-w*0.0234375");
-        const QString label = QStringLiteral("w*0.609375");
-        struct {
-            QString text, x, y;
-            int size, outline;
-        } const drawn[] = {
-            {name, right, QStringLiteral("0.041667"), 26, 2},
-            {QStringLiteral("SOURCE TC"), label, QStringLiteral("0.1"), 29, 2},
-            {srcTC, right, QStringLiteral("0.1"), 29, 2},
-            {QStringLiteral("CLIP ELAPSED"), label, QStringLiteral("0.152778"), 29, 2},
-            {elapsedTC, right, QStringLiteral("0.152778"), 29, 2},
-            {QStringLiteral("FILE DATE  unavailable"), right, QStringLiteral("0.201389"), 46, 1},
-        };
-        QString filter = QStringLiteral("scale=960:-2");
-        for (const auto &[text, x, y, size, outline] : drawn)
-            filter += QStringLiteral(",drawtext=fontfile='%1':text='%2':x=%3:y=h*%4:fontsize=h/%5:"
-                                     "fontcolor=white:borderw=%6:bordercolor=black")
-                          .arg(currentSystemValues().fontFile,
-                               QString(text).replace(QLatin1Char(':'), QStringLiteral("\\:")), x, y)
-                          .arg(size)
-                          .arg(outline);
-        return grayFrame(words(QStringLiteral("-f lavfi -i color=gray:s=640x360:r=25 -vf")) +
-                         QStringList{filter});
+        const FilterInputs inputs = {.filename = name,
+                                     .srcTC = srcTC,
+                                     .elapsedTC = elapsedTC,
+                                     .rate = QStringLiteral("25/1"),
+                                     .audioCount = 0,
+                                     .fileDate = QStringLiteral("unavailable"),
+                                     .preset = QualityPreset::standard,
+                                     .burnInEnabled = true};
+        return grayFrame(words(QStringLiteral("-f lavfi -i color=gray:s=640x360:r=25 -filter_complex")) +
+                         QStringList{buildFilter(inputs, currentSystemValues().fontFile),
+                                     QStringLiteral("-map"), QStringLiteral("[v]")});
     }
 
     QTemporaryDir m_folder;
