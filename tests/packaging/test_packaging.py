@@ -37,7 +37,19 @@ class PackagingTest(unittest.TestCase):
         self.assertEqual({"--" + name for name in re.findall(r" -l ([a-z-]+)", fish)}, known)
         self.assertEqual(completions(["marrowcut-cli", "--"]), known)
 
-    def test_bash_completes_qualities_and_clips(self):
+    def test_every_quality_and_encoder_is_in_help_manual_and_completion(self):
+        texts = [subprocess.check_output([CLI, "--help"], text=True), (PACKAGING / "man/marrowcut-cli.1").read_text(),
+                 *(path.read_text() for path in PACKAGING.glob("completions/*marrowcut-cli*"))]
+        self.assertEqual(len(texts), 5)
+        for option, alike in (("--quality", "standard"), ("--encoder", r"auto|libx264|h264_\w+")):
+            message = subprocess.run([CLI, option, "none", "x"], stderr=subprocess.PIPE, text=True).stderr
+            names = set(re.findall(r"\w+", message.partition(" Use ")[2].partition(".")[0])) - {"or"}
+            self.assertGreater(len(names), 2)
+            self.assertEqual(completions(["marrowcut-cli", option, ""]), names)
+            for text in texts:
+                self.assertEqual(set(re.findall(rf"\b(?:{'|'.join(names)}|{alike})\b", text)), names)
+
+    def test_bash_completes_names_and_clips(self):
         self.assertEqual(completions(["marrowcut-cli", "--quality", "t"]), {"tiny"})
         self.assertEqual(completions(["marrowcut-cli", "--quality", "="]), set())
         with tempfile.TemporaryDirectory() as folder:
