@@ -4,6 +4,7 @@
 #include "targets.h"
 
 #include <QByteArray>
+#include <QFile>
 #include <QList>
 
 #include <cstdio>
@@ -14,49 +15,32 @@ namespace
 
 constexpr int inputsPerTarget = 20000;
 
-const QList<QByteArray> words = {"frame=  93 ",
-                                 "time=",
-                                 "00:00:04.00",
-                                 "-00:00:00.02",
-                                 "N/A",
-                                 " speed= 1.5x",
-                                 "bitrate=524.3kbits/s",
-                                 "\r",
-                                 "\n",
-                                 "\r\n",
-                                 "30000/1001",
-                                 "25/1",
-                                 "0/0",
-                                 "01:02:03:04",
-                                 "01:00:00;00",
-                                 "99999999999999999999",
-                                 "1e308",
-                                 "-1",
-                                 "12.345000",
-                                 "2024-03-05T14:22:10.000000Z",
-                                 "T",
-                                 "Z",
-                                 ".",
-                                 ":",
-                                 "/",
-                                 "'",
-                                 "\\",
-                                 "%",
-                                 "%{pts}",
-                                 "\xFF",
-                                 "\xC3\xA9",
-                                 "\xF0\x9F\x8E\xAC",
-                                 QByteArray(1, '\0'),
-                                 " ",
-                                 "\t",
-                                 "inf",
-                                 "nan",
-                                 "x",
-                                 "clip.mxf",
-                                 "#EXTM3U\n#EXT-X-VERSION:3\n#EXTINF:4,\n",
-                                 "ffconcat version 1.0\nfile 'part_0000.mp4'\n"};
+/// libFuzzer's dictionary: a quoted word on each line, with \\, \" and \xHH.
+QList<QByteArray> readWords(const char *path)
+{
+    QList<QByteArray> words;
+    QFile file(QString::fromLocal8Bit(path));
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("cannot read %s", path);
+    while (!file.atEnd()) {
+        const QByteArray line = file.readLine().trimmed();
+        if (!line.startsWith('"'))
+            continue;
+        QByteArray word;
+        for (qsizetype at = 1; at < line.size() - 1; ++at) {
+            if (line[at] == '\\' && line[++at] == 'x') {
+                word += QByteArray::fromHex(line.mid(at + 1, 2));
+                at += 2;
+            } else {
+                word += line[at];
+            }
+        }
+        words.append(word);
+    }
+    return words;
+}
 
-QByteArray randomInput(std::mt19937 &random)
+QByteArray randomInput(const QList<QByteArray> &words, std::mt19937 &random)
 {
     const auto below = [&random](int limit) { return int(random() % unsigned(limit)); };
     QByteArray input;
@@ -71,12 +55,13 @@ QByteArray randomInput(std::mt19937 &random)
 
 } // namespace
 
-int main()
+int main(int, char *argv[])
 {
+    const QList<QByteArray> words = readWords(argv[1]);
     for (const auto &target : marrowcut::fuzz::targets) {
         std::mt19937 random(20240305);
         for (int count = 0; count < inputsPerTarget; ++count)
-            target.read(randomInput(random));
+            target.read(randomInput(words, random));
         std::printf("%s: %d inputs\n", target.name, inputsPerTarget);
     }
 }
