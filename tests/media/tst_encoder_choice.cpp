@@ -1,13 +1,9 @@
 // Which encoder is chosen over stand-in tools that pretend.
 
 #include "media/encoder_choice.h"
-#include "platform/background_thread.h"
 #include "support/stand_in_script.h"
 
 #include <QTest>
-
-#include <sys/stat.h>
-#include <thread>
 
 using namespace marrowcut;
 using namespace marrowcut::media;
@@ -64,23 +60,6 @@ private Q_SLOTS:
         QCOMPARE(EncoderChoice(bare.hardwareEncoders[1]).resolve(bare, QualityPreset::standard).name,
                  QStringLiteral("h264_qsv"));
         QCOMPARE(m_script.contents(QStringLiteral("tests")).count("-c:v"), 2);
-    }
-
-    void interruptedTrialIsNoAnswer()
-    {
-        // The test encode opens the pipe's other end.
-        QCOMPARE(mkfifo(QFile::encodeName(m_script.path(QStringLiteral("there"))).constData(), 0600), 0);
-        m_script.set("note @/there\nwait-for @/never\n");
-        std::stop_source stop;
-        std::jthread stopper([&] {
-            m_script.contents(QStringLiteral("there"));
-            stop.request_stop();
-        });
-        EncoderChoice choice;
-        QVERIFY_THROWS_EXCEPTION(Interrupted,
-                                 choice.resolve(anywhere(), QualityPreset::standard, stop.get_token()));
-        m_script.set("when ffprobe\nout 10\\n\nend\nwrite-output\n");
-        QCOMPARE(choice.resolve(anywhere(), QualityPreset::standard).name, QStringLiteral("h264_nvenc"));
     }
 
 private:

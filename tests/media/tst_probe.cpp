@@ -69,42 +69,6 @@ private Q_SLOTS:
                  QStringLiteral("ffprobe could not find a valid video stream in this file."));
     }
 
-    void doesNotTrustTags()
-    {
-        const QByteArray rate = "when stream=avg_frame_rate\nout 25/1\\n\nend\n";
-        const QByteArray longTag(5000, 'x');
-        m_script.set(rate + "when format_tags=timecode\nout " + longTag +
-                     "\\n\nend\nwhen modification_date\nout " + longTag +
-                     "\\n\nend\nwhen creation_time\nout .000Z\\n\nend\n");
-        const auto meta = probe(QStringLiteral("/c.mov"));
-        QVERIFY(meta);
-        QCOMPARE(meta->tc, QStringLiteral("00:00:00:00"));
-        QCOMPARE(meta->fileDate, QString()); // the second query's answer, reshaped to nothing
-    }
-
-    void textIsNoFootage()
-    {
-        m_script.set("note @/calls\nwhen stream=avg_frame_rate\nout 25/1\\n\nend\n");
-        const QByteArray playlist = "#EXTM3U\n#EXT-X-TARGETDURATION:10\n/etc/passwd\n";
-        const QString path = m_script.path(QStringLiteral("a.mov"));
-        for (const QByteArray &text : {playlist, playlist + '\0', playlist + QByteArray(4096, 'x') + "\xFF",
-                                       QByteArray("é").repeated(2500).prepend('x'), QByteArray("x")}) {
-            write(path, text);
-            QVERIFY(!probe(path));
-            QCOMPARE(probeFailureDetail(path), QStringLiteral("This is a text file, not footage."));
-        }
-        QCOMPARE(m_script.contents(QStringLiteral("calls")), QByteArray()); // no tool was started
-
-        const QByteArray movie("\0\0\0\x14"
-                               "ftypqt  ",
-                               12);
-        const QByteArray material("\x06\x0E\x2B\x34\x02\x05\x01\x01\x0D\x01\x02\x01\x01\x02\x04\0", 16);
-        for (const QByteArray &clip : {movie, material, QByteArray("ABCDmdat\xFF\xFE\0", 11), QByteArray()}) {
-            write(path, clip);
-            QVERIFY(probe(path));
-        }
-    }
-
     void pipeIsNotWaitedFor()
     {
         const QString pipe = m_script.path(QStringLiteral("pipe.mov"));
@@ -115,13 +79,6 @@ private Q_SLOTS:
     }
 
 private:
-    static void write(const QString &path, const QByteArray &bytes)
-    {
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-    }
-
     StandInScript m_script;
 };
 

@@ -2,7 +2,6 @@
 
 #include <QClipboard>
 #include <QDesktopServices>
-#include <QDragEnterEvent>
 #include <QGuiApplication>
 #include <QMimeData>
 #include <QQmlEngine>
@@ -46,28 +45,6 @@ public:
         data->setUrls(urls);
         QGuiApplication::clipboard()->setMimeData(data);
     }
-    /// Moves dragged items over the window. Returns whether they would be taken.
-    Q_INVOKABLE bool dragOver(QQuickItem *item, const QPoint &place, const QList<QUrl> &urls)
-    {
-        m_mimeData.setUrls(urls);
-        QDragEnterEvent enter(place, offered, &m_mimeData, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(item->window(), &enter);
-        QDragMoveEvent move(place, offered, &m_mimeData, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(item->window(), &move);
-        return move.isAccepted();
-    }
-    Q_INVOKABLE void dragAway(QQuickItem *item)
-    {
-        QDragLeaveEvent leave;
-        QCoreApplication::sendEvent(item->window(), &leave);
-    }
-    /// Returns the action that the window says it took.
-    Q_INVOKABLE int drop(QQuickItem *item, const QPoint &place)
-    {
-        QDropEvent drop(place, offered, &m_mimeData, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(item->window(), &drop);
-        return drop.isAccepted() ? drop.dropAction() : Qt::IgnoreAction;
-    }
 
 Q_SIGNALS:
     void linkOpened();
@@ -81,8 +58,6 @@ private:
         return {job};
     }
 
-    static constexpr Qt::DropActions offered = Qt::MoveAction | Qt::CopyAction;
-    QMimeData m_mimeData;
     QObject *m_report = new marrowcut::DiagnosticsReport(oneFailedJob, this);
     QList<QUrl> m_openedLinks;
 };

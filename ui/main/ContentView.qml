@@ -14,7 +14,6 @@ FocusScope {
     required property HelpState helpState
     required property DiagnosticsReport report
     property alias menuBar: menuBarPlace.data
-    readonly property alias isTargeted: dropTarget.isTargeted
     readonly property Item focusItem: Window.activeFocusItem
     readonly property bool showsQueue: !queue.isEmpty
     property bool showAdvancedOptions: false
@@ -127,8 +126,6 @@ FocusScope {
     }
 
     DropTarget {
-        id: dropTarget
-
         anchors.fill: parent
         queue: root.queue
     }

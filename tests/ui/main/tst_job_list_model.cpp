@@ -2,7 +2,6 @@
 #include "ui/main/job_text.h"
 
 #include <QAbstractItemModelTester>
-#include <QSignalSpy>
 #include <QTest>
 
 #include <cmath>
@@ -85,19 +84,6 @@ private Q_SLOTS:
                  QStringLiteral("Encoding…"));
     }
 
-    void removesInManyPlaces()
-    {
-        Watched watched;
-        QList<ProxyJob> jobs = manyJobs(100);
-        watched.mirror(jobs);
-        for (qsizetype row = 98; row >= 0; row -= 2)
-            jobs.removeAt(row);
-        QCOMPARE(watched.mirror(jobs).size(), 50);
-        for (int row = 0; row < 50; ++row)
-            QCOMPARE(watched.model.index(row).data(JobListModel::JobIdRole).toString(),
-                     jobs[row].id.toString());
-    }
-
     void changesAreJoinedWhereTheyAdjoin()
     {
         Watched watched;
@@ -109,20 +95,6 @@ private Q_SLOTS:
         QCOMPARE(watched.mirror(jobs),
                  (QStringList{QStringLiteral("changed 0-1"), QStringLiteral("changed 4-4")}));
         QCOMPARE(watched.mirror(jobs), QStringList());
-    }
-
-    void aMassChangeIsOneSignal()
-    {
-        QList<ProxyJob> jobs = manyJobs(10000);
-        JobListModel model; // the tester walks all rows at each signal: too much of a good thing here
-        model.mirror(jobs);
-        QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
-        for (ProxyJob &job : jobs)
-            job.isSelected = false;
-        model.mirror(jobs);
-        QCOMPARE(changed.size(), 1);
-        QCOMPARE(changed[0][1].value<QModelIndex>().row(), 9999);
-        QVERIFY(!model.index(9999).data(JobListModel::IsSelectedRole).toBool());
     }
 
     void remainingTimeWhereItIsWorthShowing()

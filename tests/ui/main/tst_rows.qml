@@ -147,13 +147,6 @@ WindowCase {
         compare(queue.startCount, 0);
     }
 
-    function test_longNamesAreShortenedInTheMiddle() {
-        queue.add("/clips/" + "A long name ".repeat(20) + ".mxf", "failed:could not read metadata");
-        verify(piece(0, "name").truncated);
-        compare(piece(0, "name").elide, Text.ElideMiddle);
-        verify(!piece(0, "status").truncated);
-    }
-
     function test_scrollBarFollowsTheRowsAndTheWindow() {
         queue.add("/clips/0.mxf");
         row(0);
@@ -330,17 +323,6 @@ WindowCase {
         row(0).takeFocus(Qt.TabFocusReason);
         keyClick(Qt.Key_Delete);
         tryVerify(() => find("jobList") === null && content.Window.activeFocusItem.visualFocus);
-    }
-
-    function test_runningRowIsInViewFromTheStart() {
-        for (let number = 0; number < 60; ++number)
-            queue.add("/clips/" + number + ".mxf", number === 40 ? "encoding" : "queued");
-        queue.stageRunning(true);
-        tryVerify(() => find("jobList") !== null && find("jobList").isInView(40));
-        content.height = 360;
-        awaitLayout();
-        const list = find("jobList");
-        tryVerify(() => row(40).y + row(40).height <= list.contentY + list.height);
     }
 
     function test_runningRowStaysInView() {

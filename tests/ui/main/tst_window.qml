@@ -96,29 +96,6 @@ WindowCase {
         helpState.showHelp = false;
     }
 
-    function test_dragHighlightsTheWholeWindow() {
-        const highlight = findChild(content, "dropHighlight");
-        for (const place of [Qt.point(5, 5), Qt.point(240, 440)]) {
-            verify(TestDesktop.dragOver(content, place, files));
-            verify(highlight.visible && content.isTargeted);
-            TestDesktop.dragAway(content);
-            verify(!highlight.visible);
-        }
-        compare(Qt.size(highlight.width, highlight.height), Qt.size(content.width, content.height));
-        verify(!TestDesktop.dragOver(content, Qt.point(5, 5), [Qt.url("https://quorvane.example/A001.mxf")]));
-        verify(!highlight.visible);
-        TestDesktop.dragAway(content);
-    }
-
-    function test_dropEnqueuesTheFilesLater() {
-        verify(TestDesktop.dragOver(content, Qt.point(50, 50), [files[0], Qt.url("https://quorvane.example/c.mov"), files[1]]));
-        compare(TestDesktop.drop(content, Qt.point(50, 50)), Qt.CopyAction);
-        compare(queue.jobCount, 0);
-        tryVerify(() => find("jobList") !== null && find("jobList").count === 2);
-        compare([queue.fileName(0), queue.fileName(1)], ["A001C001.mxf", "A002C001.mov"]);
-        verify(!content.isTargeted);
-    }
-
     function test_pasteAddsCopiedFiles() {
         TestDesktop.copyFiles([files[1], Qt.url("https://quorvane.example/c.mov")]);
         keyClick(Qt.Key_V, Qt.ControlModifier);

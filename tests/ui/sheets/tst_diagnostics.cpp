@@ -142,17 +142,6 @@ private Q_SLOTS:
         }
     }
 
-    void goesWhileTheToolHangs()
-    {
-        DiagnosticsReport report([] { return QList<ProxyJob>(); }, tool(QStringLiteral("exec sleep 600")),
-                                 600s);
-        report.open(this);
-        report.copyToClipboard();
-        report.copyToClipboard(); // replaces the first
-        QCoreApplication::processEvents();
-        QVERIFY(!report.copied());
-    }
-
 private:
     static QString failedSection(const QString &name)
     {

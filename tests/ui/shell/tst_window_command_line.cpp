@@ -33,15 +33,6 @@ private Q_SLOTS:
                                      here + QStringLiteral("/b.mxf"), QStringLiteral("/clips/c d.mp4"),
                                      QStringLiteral("/e.mov"), here + QStringLiteral("/--odd.mov")}));
     }
-
-    void answers()
-    {
-        QCOMPARE(parsed({"--version"}).output, QStringLiteral("marrowcut 1.0 (1)\n"));
-        QVERIFY(parsed({"--help"}).output.startsWith(QStringLiteral("Usage: marrowcut ")));
-        QVERIFY(parsed({"--quality", "tiny"}).error.contains(QStringLiteral("quality")));
-        const CommandLine nothing = parsed({});
-        QVERIFY(nothing.items.isEmpty() && nothing.output.isEmpty() && nothing.error.isEmpty());
-    }
 };
 
 QTEST_GUILESS_MAIN(WindowCommandLineTest)
