@@ -99,22 +99,25 @@ CommandLine versionOutput(const QString &version, const QCommandLineParser &pars
     return result;
 }
 
+QString unknownValue(const QString &option, const QString &value, const QStringList &known)
+{
+    return QStringLiteral("Unknown %1 '%2'. Use %3 or %4.")
+        .arg(option, value, known.first(known.size() - 1).join(QStringLiteral(", ")), known.last());
+}
+
 /// What is wrong with the named encoder, or an empty text.
 QString encoderProblem(const QString &name)
 {
     const QStringList known = QStringList{automaticEncoder()} + media::encoderNames();
-    if (known.contains(name))
-        return QString();
-    return QStringLiteral("Unknown encoder '%1'. Use %2 or %3.")
-        .arg(name, known.first(known.size() - 1).join(QStringLiteral(", ")), known.last());
+    return known.contains(name) ? QString() : unknownValue(QStringLiteral("encoder"), name, known);
 }
 
 /// What is wrong with a parsed request, or an empty text.
 QString requestProblem(const Request &request, const QCommandLineParser &parser)
 {
     if (!request.quality && parser.isSet(QStringLiteral("quality")))
-        return QStringLiteral("Unknown quality '%1'. Use standard, smaller or tiny.")
-            .arg(parser.value(QStringLiteral("quality")));
+        return unknownValue(QStringLiteral("quality"), parser.value(QStringLiteral("quality")),
+                            QualityPreset::rawValues());
     if (parser.isSet(QStringLiteral("verbose")))
         return QStringLiteral("--verbose works with --version only.");
     if (request.json && request.quiet)

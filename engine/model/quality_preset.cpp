@@ -52,6 +52,14 @@ QString QualityPreset::rawValue() const
     Q_UNREACHABLE();
 }
 
+QStringList QualityPreset::rawValues()
+{
+    QStringList values;
+    for (const QualityPreset preset : allCases)
+        values.append(preset.rawValue());
+    return values;
+}
+
 QString QualityPreset::descriptionText() const
 {
     const auto wholeMegabytes = static_cast<int>(std::round(megabytesPerMinute(*this)));

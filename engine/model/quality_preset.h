@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <array>
 #include <optional>
@@ -26,6 +27,8 @@ public:
     /// Nothing for any other text than the exact raw value of a case.
     static std::optional<QualityPreset> fromRawValue(const QString &rawValue);
     QString rawValue() const;
+    /// Of all cases, in their order.
+    static QStringList rawValues();
     QString id() const { return rawValue(); }
 
     /// The text that the window shows for the preset.

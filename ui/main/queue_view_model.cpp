@@ -50,14 +50,6 @@ QueueViewModel::QueueViewModel(BurnInEngine &engine, FileViewer &viewer, ToolChe
     refresh();
 }
 
-QStringList QueueViewModel::presetNames() const
-{
-    QStringList names;
-    for (const QualityPreset preset : QualityPreset::allCases)
-        names.append(preset.rawValue());
-    return names;
-}
-
 int QueueViewModel::presetIndex() const
 {
     const auto &cases = QualityPreset::allCases;

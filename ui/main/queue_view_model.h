@@ -64,12 +64,11 @@ public:
     bool isRunning() const { return m_isRunning; }
     /// What is wrong with ffmpeg and ffprobe, a line each, as of the last check; empty when nothing is.
     QString missingTools() const { return m_missingTools; }
-    /// The output folder of the first job; absent (not valid) when there is none.
-    QUrl outputDir() const { return m_outputDir; }
+    /// The output folder of the first job; empty when there is none.
     QString outputDirPath() const { return JobText::oneLine(m_outputDir.toLocalFile()); }
     /// The row of the job that is being processed; -1 while there is none.
     int activeRow() const { return m_activeRow; }
-    QStringList presetNames() const;
+    static QStringList presetNames() { return QualityPreset::rawValues(); }
     int presetIndex() const;
     QString presetDescription() const { return m_preset.descriptionText(); }
 
