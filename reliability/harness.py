@@ -11,6 +11,7 @@ import subprocess
 import sys
 import tempfile
 import time
+from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 
 PROGRAM = Path(os.path.abspath(sys.argv[1]))
@@ -36,17 +37,18 @@ def check(held, what):
         raise Failure(what)
 
 
+def make_clip(path, source):
+    subprocess.run(["ffmpeg", "-nostdin", "-v", "error", "-f", "lavfi", "-i", source, "-c:v", "mpeg4", path], check=True)
+    return path
+
+
 @functools.cache
 def clips():
     """short.mov: 10 frames, a single pass; long.mov: 91 frames, one a second, two pieces. Made once."""
     folder = tempfile.TemporaryDirectory(prefix="marrowcut-clips-")
     atexit.register(folder.cleanup)
-    paths = {}
-    for name, source in [("short.mov", "color=gray:s=64x36:r=25:d=0.4"), ("long.mov", "color=gray:s=64x36:r=1:d=91")]:
-        paths[name] = Path(folder.name, name)
-        subprocess.run(["ffmpeg", "-nostdin", "-v", "error", "-f", "lavfi", "-i", source, "-c:v", "mpeg4", paths[name]],
-                       check=True)
-    return paths
+    sources = {"short.mov": "color=gray:s=64x36:r=25:d=0.4", "long.mov": "color=gray:s=64x36:r=1:d=91"}
+    return {name: make_clip(Path(folder.name, name), source) for name, source in sources.items()}
 
 
 class Workplace:
@@ -111,15 +113,16 @@ class Workplace:
         """Every proxy in the folder is whole, every manifest line too; whole: clip -> number of frames, of those
         that must have a proxy."""
         proxies = os.fsencode(folder / "marrowcut_proxies")
-        names = os.listdir(proxies) if os.path.isdir(proxies) else []
-        for name in names:
-            if name.endswith(b"_proxy.mp4") and not name.startswith(b".") and os.path.isfile(proxies + b"/" + name):
-                frames = self.frames_of_source(os.fsencode(folder), name.removesuffix(b"_proxy.mp4"))
-                check(frame_count(proxies + b"/" + name) in frames, f"{name} is not whole")
+        names = [name for name in (os.listdir(proxies) if os.path.isdir(proxies) else [])
+                 if name.endswith(b"_proxy.mp4") and not name.startswith(b".") and os.path.isfile(proxies + b"/" + name)]
+        with ThreadPoolExecutor(os.cpu_count()) as pool:
+            counts = dict(zip(names, pool.map(frame_count, [proxies + b"/" + name for name in names])))
+        for name, count in counts.items():
+            frames = self.frames_of_source(os.fsencode(folder), name.removesuffix(b"_proxy.mp4"))
+            check(count in frames, f"{name} is not whole")
         for clip, frames in whole.items():
-            path = proxies + b"/" + os.fsencode(clip).rpartition(b".")[0] + b"_proxy.mp4"
-            check(os.path.isfile(path), f"no proxy of {clip}")
-            check(frame_count(path) == frames, f"frames of {clip}")
+            count = counts.get(os.fsencode(clip).rpartition(b".")[0] + b"_proxy.mp4")
+            check(count == frames, f"the proxy of {clip} has {count} frames")
         manifest = proxies + b"/manifest.csv"
         if os.path.exists(manifest):
             with open(manifest, "rb") as file:

@@ -15,7 +15,7 @@ import sys
 import time
 from pathlib import Path
 
-from harness import HEADER, Workplace, argument, check, check_manifest_lines, report
+from harness import HEADER, Workplace, argument, check, check_manifest_lines, make_clip, report
 
 NAMES = [f"A001C{number:03}.MXF" for number in range(12)] + ["it's 100%.mov", "two\nlines.mov", "-dash.mp4", "\\$HOME `x`.mov"]
 BROKEN = "broken.mov"
@@ -106,32 +106,55 @@ def scheduled(place, number):
         killed(place, number % 5 * 0.1)
 
 
+# The clips of one process are copies of one: what ffprobe reports of the first serves for the others.
+REMEMBERED_PROBES = """
+if [ $tool = ffprobe ]; then
+    clip="${output##*/}"; arguments="${*:1:$#-1}"; answer="$ANSWERS/${clip%%C*}${arguments//[^a-z0-9_]/.}"
+    [ -e "$answer" ] || { "$real" "$@" >"$answer.$$" && mv "$answer.$$" "$answer"; }
+    exec cat "$answer"
+fi
+"""
+
+
 def side_by_side(place, seed):
     """One folder, different clips: the same proxies and lines as of one process."""
     chance = random.Random(seed)
-    clips = argument("--clips", 50)
+    answers = place.folder / "answers"
+    answers.mkdir()
     card = place.folder / "card"
     card.mkdir()
-    shares = [[card / f"P{process}C{number:03}.mov" for number in range(clips)] for process in range(8)]
-    for clip in sum(shares, []):
-        shutil.copy(place.clips["short.mov"], clip)
+    shares, frames = [], {}
+    for process in range(8):
+        clip = make_clip(place.folder / f"{process}.mov", f"color=gray:s=64x36:r=25:d={(process + 5) / 25}")
+        place.frames[clip.stat().st_size] = process + 5
+        shares.append([card / f"P{process}C{number:03}.mov" for number in range(argument("--clips", 50))])
+        for name in shares[-1]:
+            shutil.copy(clip, name)
+            frames[name.name] = process + 5
+
+    def start(share):
+        return place.start("--quiet", *share, fault=REMEMBERED_PROBES, extra={"ANSWERS": os.fspath(answers)})
+
     processes = []
     for share in shares:
-        processes.append(place.start("--quiet", *share))
+        processes.append(start(share))
         time.sleep(chance.uniform(0, 0.2))
-    if seed % 2:
-        time.sleep(chance.uniform(0, clips * 0.5))
+    has_kill = seed % 2
+    if has_kill:
+        time.sleep(chance.uniform(0, len(shares[0]) * 0.5))
         victim = chance.randrange(len(processes))
         processes[victim].kill()
         processes[victim].communicate()
-        processes[victim] = place.start("--quiet", *shares[victim])
+        processes[victim] = start(shares[victim])
     for process in processes:
         output, errors = process.communicate(timeout=600)
         check((process.returncode, output + errors) == (0, b""), f"status {process.returncode}: {errors}")
     place.check_no_children()
-    place.judge(card, {clip.name: 10 for clip in sum(shares, [])})
+    place.judge(card, frames)
     found = check_manifest_lines(card)  # as many lines as clips, each once
-    check(found == {clip.name: "done" for clip in sum(shares, [])}, f"{len(found)} lines in the manifest")
+    check(set(found.values()) == {"done"} and found.keys() <= frames.keys(), f"outcomes: {set(found.values())}")
+    # The kill can fall between a proxy and its line.
+    check(len(found) >= len(frames) - has_kill, f"{len(found)} lines in the manifest")
 
 
 def same_clips(place, seed):
@@ -148,7 +171,8 @@ def same_clips(place, seed):
         time.sleep(random.Random(seed).uniform(0, 1))
     for process in processes:
         output, errors = process.communicate(timeout=600)
-        check((process.returncode, output + errors) == (0, b""), f"status {process.returncode}: {errors}")
+        problems = [line for line in errors.splitlines() if b": waiting for another Marrowcut" not in line]
+        check((process.returncode, output, problems) == (0, b"", []), f"status {process.returncode}: {errors}")
     place.check_no_children()
     place.judge(card, dict.fromkeys(names, 10))
     check(check_manifest_lines(card) == dict.fromkeys(names, "done"), "the manifest")
