@@ -70,8 +70,15 @@ QueueRunner::QueueRunner(JobList &jobs, MainThreadQueue &mainThread, media::Enco
 
 void QueueRunner::runQueue(const QList<QUuid> &ids, QualityPreset preset)
 {
-    for (const QUuid &id : ids)
-        processJob(id, preset);
+    for (const QUuid &id : ids) {
+        try {
+            processJob(id, preset);
+        } catch (const std::bad_alloc &) {
+            fail(id, encodeError(), media::outOfMemory);
+            if (const std::optional<ProxyJob> job = copyOf(id))
+                record(id, OutputPaths::forSource(job->sourceURL), std::nullopt, encodeErrorRecord());
+        }
+    }
 }
 
 void QueueRunner::processJob(const QUuid &id, QualityPreset preset)
@@ -92,12 +99,7 @@ void QueueRunner::processJob(const QUuid &id, QualityPreset preset)
             return;
     }
     media::removeIfThere(paths.tmpOutput);
-    try {
-        processUnfinished(*job, paths, folderProblem, preset);
-    } catch (const std::bad_alloc &) {
-        fail(id, encodeError(), media::outOfMemory);
-        record(id, paths, std::nullopt, encodeErrorRecord());
-    }
+    processUnfinished(*job, paths, folderProblem, preset);
 }
 
 /// An existing proxy is complete: it gets its name by the last step of its encode.

@@ -12,6 +12,10 @@
 #include <QTest>
 #include <QThread>
 
+#include <atomic>
+#include <cstdlib>
+#include <new>
+
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -21,6 +25,9 @@ using namespace marrowcut;
 namespace
 {
 
+/// Whether the next allocation on another thread than the main one fails.
+std::atomic<bool> isOutOfMemory = false;
+
 /// A probe's answers for a clip of the given duration; the encoder's part of the script follows.
 QByteArray clipOf(const QByteArray &duration)
 {
@@ -29,6 +36,25 @@ QByteArray clipOf(const QByteArray &duration)
 }
 
 } // namespace
+
+void *operator new(std::size_t size)
+{
+    void *memory =
+        isOutOfMemory && gettid() != getpid() && isOutOfMemory.exchange(false) ? nullptr : std::malloc(size);
+    if (!memory)
+        throw std::bad_alloc();
+    return memory;
+}
+
+void operator delete(void *memory) noexcept
+{
+    std::free(memory);
+}
+
+void operator delete(void *memory, std::size_t) noexcept
+{
+    std::free(memory);
+}
 
 class TestRun : public QObject
 {
@@ -91,6 +117,29 @@ private Q_SLOTS:
         QCOMPARE(job(id).status, JobStatus::done());
         m_engine->clearCompleted();
         QVERIFY(m_engine->jobs().isEmpty());
+    }
+
+    void memoryThatRunsOutFailsOneClip_data()
+    {
+        QTest::addColumn<QString>("label"); // after which it happens
+        for (const char *label : {"Queued", "Reading metadata…", "Encoding…"})
+            QTest::newRow(label) << QString::fromUtf8(label);
+    }
+
+    void memoryThatRunsOutFailsOneClip()
+    {
+        QFETCH(const QString, label);
+        const QUuid id = addClip(QStringLiteral("a.mov"));
+        const QUuid next = addClip(QStringLiteral("b.mov"));
+        bool hasHappened = false;
+        connect(m_engine.get(), &BurnInEngine::willChange, this, [&] {
+            if (job(id).status.label() == label)
+                isOutOfMemory = !std::exchange(hasHappened, true);
+        });
+        run(clipOf("60") + "write-output\n");
+        QCOMPARE(job(id).status, JobStatus::failed(QStringLiteral("encode error")));
+        QCOMPARE(job(id).errorDetail, media::outOfMemory);
+        QCOMPARE(job(next).status, JobStatus::done());
     }
 
     void encoderIsChosenByDuration()
