@@ -1,8 +1,8 @@
 #include "ui/style/rounded_rectangle.h"
 
 #include <QPainter>
-#include <QPainterPath>
 #include <QQuickWindow>
+#include <QSGImageNode>
 
 #include <algorithm>
 #include <cmath>
@@ -10,47 +10,90 @@
 namespace marrowcut
 {
 
-RoundedRectangle::RoundedRectangle(QQuickItem *parent)
-    : QQuickPaintedItem(parent)
+namespace
 {
-    connect(this, &RoundedRectangle::changed, this, [this] { update(); });
+
+/// Moves its image to a whole pixel of the window: anywhere else, its pixels would be blended with their neighbours.
+class PixelAlignedNode : public QSGTransformNode
+{
+public:
+    PixelAlignedNode() { setFlag(UsePreprocess); }
+
+    void preprocess() override
+    {
+        QPointF position;
+        for (QSGNode *node = parent(); node; node = node->parent()) {
+            if (node->type() == TransformNodeType)
+                position = static_cast<QSGTransformNode *>(node)->matrix().map(position);
+        }
+        QMatrix4x4 shift;
+        shift.translate(QVector3D(QPointF((position * scale).toPoint()) / scale - position));
+        if (shift == matrix())
+            return;
+        setMatrix(shift);
+        markDirty(DirtyMatrix);
+    }
+
+    qreal scale = 1; // pixels for each unit of length
+    QSGImageNode *image = nullptr;
+};
+
+} // namespace
+
+RoundedRectangle::RoundedRectangle(QQuickItem *parent)
+    : QQuickItem(parent)
+{
+    setFlag(ItemHasContents);
+    connect(this, &RoundedRectangle::changed, this, &QQuickItem::update);
 }
 
-void RoundedRectangle::paint(QPainter *painter)
+void RoundedRectangle::itemChange(ItemChange change, const ItemChangeData &data)
 {
-    const QPainterPath path = shape(wholePixels(*painter));
-    const qreal pixel = 1 / painter->deviceTransform().m11();
-    painter->setRenderHint(QPainter::Antialiasing);
-    painter->setBrush(Qt::NoBrush);
-    for (qreal reach = m_shadow; reach > 0; --reach) {
-        painter->setPen(QPen(QColor(0, 0, 0, 3), 2 * reach));
-        painter->drawPath(path.translated(0, 2));
+    if (change == ItemDevicePixelRatioHasChanged)
+        update();
+    QQuickItem::itemChange(change, data);
+}
+
+QSGNode *RoundedRectangle::updatePaintNode(QSGNode *old, UpdatePaintNodeData * /*data*/)
+{
+    const qreal scale = window()->effectiveDevicePixelRatio();
+    const QSize pixels = (size() * scale).toSize();
+    if (pixels.isEmpty()) {
+        delete old;
+        return nullptr;
     }
-    painter->fillPath(path, m_color);
+    auto *node = static_cast<PixelAlignedNode *>(old);
+    if (!node) {
+        node = new PixelAlignedNode;
+        node->image = window()->createImageNode();
+        node->image->setFiltering(QSGTexture::Nearest);
+        node->image->setOwnsTexture(true);
+        node->appendChildNode(node->image);
+    }
+    node->scale = scale;
+    node->image->setTexture(window()->createTextureFromImage(drawn(pixels, scale)));
+    node->image->setRect(QRectF({0, 0}, QSizeF(pixels) / scale));
+    return node;
+}
+
+QImage RoundedRectangle::drawn(const QSize &pixels, qreal scale) const
+{
+    QImage image(pixels, QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(scale);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    const QPainterPath path = shape(QRectF({0, 0}, QSizeF(pixels) / scale));
+    painter.setRenderHint(QPainter::Antialiasing);
+    for (qreal reach = m_shadow; reach > 0; --reach)
+        painter.strokePath(path.translated(0, 2), QPen(QColor(0, 0, 0, 3), 2 * reach));
+    painter.fillPath(path, m_color);
     if (m_borderWidth > 0) {
         // The clip leaves the inner half of the stroke.
-        const qreal width = std::max(pixel, std::round(m_borderWidth / pixel) * pixel);
-        painter->setClipPath(path);
-        painter->strokePath(path, QPen(m_borderColor, 2 * width));
+        const qreal width = std::max(1.0, std::round(m_borderWidth * scale)) / scale;
+        painter.setClipPath(path);
+        painter.strokePath(path, QPen(m_borderColor, 2 * width));
     }
-}
-
-QSGNode *RoundedRectangle::updatePaintNode(QSGNode *node, UpdatePaintNodeData *data)
-{
-    if (qRound(width()) > 0 && qRound(height()) > 0)
-        return QQuickPaintedItem::updatePaintNode(node, data);
-    delete node; // Qt would warn about an image of size 0
-    return nullptr;
-}
-
-QRectF RoundedRectangle::wholePixels(const QPainter &painter) const
-{
-    const QTransform toPixels = painter.deviceTransform();
-    const qreal scale = window()->effectiveDevicePixelRatio();
-    const QSize size(painter.device()->width(), painter.device()->height());
-    // If the size was rounded up, the first pixel can be outside the item, where it is clipped.
-    const QPoint first(size.width() > width() * scale ? 1 : 0, size.height() > height() * scale ? 1 : 0);
-    return toPixels.inverted().mapRect(QRectF(first, QPointF(size.width(), size.height())));
+    return image;
 }
 
 QPainterPath RoundedRectangle::shape(const QRectF &bounds) const

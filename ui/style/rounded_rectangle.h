@@ -1,14 +1,15 @@
 #pragma once
 
 #include <QColor>
-#include <QQuickPaintedItem>
+#include <QPainterPath>
+#include <QQuickItem>
 
 namespace marrowcut
 {
 
-/// A rounded rectangle that is drawn correctly at every scale: Qt Quick's software renderer breaks the
-/// corners of its own at 1.25x and 1.5x.
-class RoundedRectangle : public QQuickPaintedItem
+/// A rounded rectangle that is drawn correctly at every scale, in whole pixels: Qt Quick's software renderer breaks
+/// the corners of its own at 1.25x and 1.5x.
+class RoundedRectangle : public QQuickItem
 {
     Q_OBJECT
     QML_ELEMENT
@@ -24,16 +25,15 @@ class RoundedRectangle : public QQuickPaintedItem
 public:
     explicit RoundedRectangle(QQuickItem *parent = nullptr);
 
-    void paint(QPainter *painter) override;
-
 Q_SIGNALS:
     void changed();
 
 protected:
+    void itemChange(ItemChange change, const ItemChangeData &data) override;
     QSGNode *updatePaintNode(QSGNode *node, UpdatePaintNodeData *data) override;
 
 private:
-    QRectF wholePixels(const QPainter &painter) const;
+    QImage drawn(const QSize &pixels, qreal scale) const;
     QPainterPath shape(const QRectF &bounds) const;
 
     QColor m_color = Qt::transparent;
