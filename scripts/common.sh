@@ -45,9 +45,10 @@ require_packages() {
 }
 
 # build PRESET [TARGET...]: configures the first time, then builds what has changed, all of it or the targets. Shows
-# the progress on a terminal.
+# the progress on a terminal, in one line: Qt's tools would break it with warnings about a locale other than UTF-8.
 build() {
     local preset=$1 tree="$root/build/$1" options=(--quiet)
+    local -x LC_ALL=C.UTF-8
     shift
     [ ! -t 2 ] || options=()
     if [ ! -e "$tree/build.ninja" ]; then
