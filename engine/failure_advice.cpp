@@ -67,7 +67,7 @@ constexpr std::array knownMessages = {
 
 QString diskFullAdvice(const QString &detail, const OutputPaths &paths)
 {
-    const QString advice = QStringLiteral("The disk is full. Free some space on it, then retry.");
+    QString advice = QStringLiteral("The disk is full. Free some space on it, then retry.");
     if (!detail.contains(paths.workFolder))
         return advice;
     return advice + QStringLiteral(" The finished pieces are in the hidden folder %1.").arg(paths.workFolder);
@@ -162,9 +162,9 @@ QString failureAdvice(const ProxyJob &job)
     const OutputPaths paths = OutputPaths::forSource(job.sourceURL);
     if (detail.contains(QLatin1String("No space left on device")))
         return diskFullAdvice(detail, paths);
-    if (const QString advice = folderAdvice(detail, paths); !advice.isEmpty())
+    if (QString advice = folderAdvice(detail, paths); !advice.isEmpty())
         return advice;
-    if (const QString advice = directoryAdvice(detail, paths); !advice.isEmpty())
+    if (QString advice = directoryAdvice(detail, paths); !advice.isEmpty())
         return advice;
     const QString advice = knownAdvice(detail, paths);
     return advice.isEmpty() ? placeAdvice(detail, job.sourceURL.toLocalFile(), paths) : advice;

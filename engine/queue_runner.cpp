@@ -158,7 +158,7 @@ media::EncodeResult QueueRunner::encode(const media::EncodeJob &encodeJob, const
     // Checked first, to save a useless encode.
     if (const QString problem = media::folderInPlace(encodeJob.paths.finalOutput); !problem.isEmpty())
         return {false, problem};
-    const media::EncodeResult result = encodeWithBest(encodeJob);
+    media::EncodeResult result = encodeWithBest(encodeJob);
     if (result.success || folderProblem.isEmpty() || result.stderrTail.contains(folderProblem))
         return result;
     return {false, joinedTail({result.stderrTail, folderProblem})};
@@ -169,7 +169,7 @@ media::EncodeResult QueueRunner::encodeWithBest(const media::EncodeJob &encodeJo
 {
     const media::VideoEncoder &software = m_system.videoEncoder;
     const media::VideoEncoder &encoder = m_encoderChoice.resolve(m_system, encodeJob.preset, m_stop);
-    const media::EncodeResult result = encodeWith(encoder, encodeJob);
+    media::EncodeResult result = encodeWith(encoder, encodeJob);
     const QString reason = firstLineReportedBy(encoder, result.stderrTail);
     if (result.success || encoder.name == software.name || reason.isEmpty())
         return result;

@@ -83,7 +83,7 @@ QString createFolder(const QString &path)
 QString replaceFolder(const QString &path)
 {
     removeFolder(path);
-    if (const QString parentProblem = createFolder(QFileInfo(path).path()); !parentProblem.isEmpty())
+    if (QString parentProblem = createFolder(QFileInfo(path).path()); !parentProblem.isEmpty())
         return parentProblem;
     // It must be new: what lies in somebody else's folder could lead a write anywhere.
     if (mkdir(QFile::encodeName(path).constData(), S_IRWXU) == 0)
@@ -100,7 +100,7 @@ QString linkProblem(const QString &path)
 
 QString moveIntoPlace(const QString &finished, const QString &finalPath)
 {
-    if (const QString link = linkProblem(finished); !link.isEmpty())
+    if (QString link = linkProblem(finished); !link.isEmpty())
         return link;
     // Not QFile::rename: where renaming fails, that falls back to copying, which could leave half a
     // file under the final name.

@@ -137,7 +137,7 @@ std::optional<ProbedMetadata> probe(const QString &source, const std::stop_token
 
 QString probeFailureDetail(const QString &source, const std::stop_token &stop)
 {
-    if (const QString reason = refusal(source); !reason.isEmpty())
+    if (QString reason = refusal(source); !reason.isEmpty())
         return reason;
     const QStringList arguments = {QStringLiteral("-v"), QStringLiteral("error"),
                                    QStringLiteral("-show_format"), QStringLiteral("-show_streams"), source};

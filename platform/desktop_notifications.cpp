@@ -50,12 +50,12 @@ void DesktopNotifications::add(const NotificationRequest &request)
     call(message, [](bool) {});
 }
 
-void DesktopNotifications::whenIdle(std::function<void()> then)
+void DesktopNotifications::whenIdle(const std::function<void()> &then)
 {
     if (m_pendingCalls == 0)
         then();
     else
-        connect(this, &DesktopNotifications::becameIdle, this, std::move(then), Qt::SingleShotConnection);
+        connect(this, &DesktopNotifications::becameIdle, this, then, Qt::SingleShotConnection);
 }
 
 void DesktopNotifications::call(const QDBusMessage &message, std::function<void(bool)> deliver)

@@ -28,7 +28,7 @@ public:
 
     void requestAuthorization(std::function<void(bool granted)> deliver) override;
     void add(const NotificationRequest &request) override;
-    void whenIdle(std::function<void()> then) override;
+    void whenIdle(const std::function<void()> &then) override;
 
 Q_SIGNALS:
     /// The last pending reply has come.

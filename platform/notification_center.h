@@ -32,7 +32,7 @@ public:
 
     /// Calls back once no reply of the desktop is pending, at once if none is. A program that ends earlier
     /// may not have shown its notification.
-    virtual void whenIdle(std::function<void()> then) { then(); }
+    virtual void whenIdle(const std::function<void()> &then) { then(); }
 };
 
 /// Keeps the requests instead of showing them: for tests, and for runs that shall not notify.
