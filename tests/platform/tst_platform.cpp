@@ -116,7 +116,10 @@ private Q_SLOTS:
         std::stop_source source;
         auto held = std::make_unique<ClipLock>(folder.path(), clip, ignore, source.get_token());
         QVERIFY(!held->hasWaited());
-        QVERIFY(!ClipLock(folder.path(), QStringLiteral("b_proxy.mp4"), ignore, {}).hasWaited());
+        std::stop_source stopped; // who would have to wait is interrupted
+        stopped.request_stop();
+        QVERIFY(
+            !ClipLock(folder.path(), QStringLiteral("b_proxy.mp4"), ignore, stopped.get_token()).hasWaited());
 
         // By another way to the same folder.
         const QString link = QStringLiteral("%1-link").arg(folder.path());
