@@ -53,6 +53,11 @@ FocusScope {
         onActivated: root.queue.paste()
     }
 
+    WindowEdge {
+        anchors.fill: parent
+        color: Theme.window
+    }
+
     ColumnLayout {
         anchors.fill: parent
         spacing: 0

@@ -17,7 +17,7 @@ SheetWindow {
 
     title: "About Marrowcut"
     sheetWidth: 320
-    sheetHeight: Math.ceil((items.height + 48 + footerHeight) / 4) * 4 // whole pixels at each of the usual scales
+    sheetHeight: items.height + 48 + footerHeight
 
     Column {
         id: items

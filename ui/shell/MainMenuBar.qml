@@ -12,8 +12,7 @@ T.MenuBar {
     signal reportRequested()
 
     implicitWidth: implicitContentWidth
-    // With a multiple of 4, the window's height is whole pixels at each of the usual scales.
-    implicitHeight: Math.ceil((implicitContentHeight + bottomPadding) / 4) * 4
+    implicitHeight: implicitContentHeight + bottomPadding
     bottomPadding: 1
     delegate: MenuTitle {}
 

@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 
@@ -77,12 +76,6 @@ void setUpDrawing()
         return;
     if (!hasOpenGLHardware())
         QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-}
-
-void resizeInWholePixels(QWindow &window)
-{
-    if (window.devicePixelRatio() != std::floor(window.devicePixelRatio()))
-        window.setSizeIncrement({4, 4}); // desktops offer quarters
 }
 
 } // namespace marrowcut

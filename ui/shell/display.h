@@ -2,8 +2,6 @@
 
 #include <QtGlobal>
 
-class QWindow;
-
 namespace marrowcut
 {
 
@@ -22,9 +20,5 @@ public:
 /// slower. A choice made in the environment is kept. To be called after creating the application object,
 /// before any window.
 void setUpDrawing();
-
-/// At a scale such as 1.25, makes the window manager resize the window in steps of whole pixels. Otherwise
-/// the software renderer leaves the last row of pixels black at some sizes.
-void resizeInWholePixels(QWindow &window);
 
 } // namespace marrowcut

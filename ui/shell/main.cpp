@@ -14,7 +14,6 @@
 #include <QPixmap>
 #include <QQmlApplicationEngine>
 #include <QTextStream>
-#include <QWindow>
 
 #include <cstdlib>
 #include <optional>
@@ -63,10 +62,8 @@ int runWindow(const QList<QUrl> &items)
     QQmlApplicationEngine engine;
     engine.setInitialProperties({{QStringLiteral("app"), QVariant::fromValue(&app)}});
     engine.load(QUrl(QStringLiteral("qrc:/qt-project.org/imports/Marrowcut/Shell/MainWindow.qml")));
-    auto *window = qobject_cast<QWindow *>(engine.rootObjects().value(0));
-    if (!window)
+    if (engine.rootObjects().isEmpty())
         return EXIT_FAILURE;
-    resizeInWholePixels(*window);
     reportMissing(items);
     app.queue()->handleDrop(items);
     return QCoreApplication::exec();

@@ -1,4 +1,5 @@
 import QtQuick
+import Marrowcut.Style
 
 // A modal sheet: a dialog window of fixed size over its transient parent. Its children show above a row with a "Close"
 // button and the other buttons. The button, Return (except where another button shows the focus), Escape and the window
@@ -40,6 +41,11 @@ Window {
     Shortcut {
         sequence: "Escape"
         onActivated: root.dismissed()
+    }
+
+    WindowEdge {
+        anchors.fill: parent
+        color: root.color
     }
 
     FocusScope {

@@ -17,16 +17,12 @@ private Q_SLOTS:
     void shapesAreWhole()
     {
         QQmlEngine engine;
-        QQmlComponent component(&engine);
-        component.setData(
-            "import QtQuick\nimport Marrowcut.Style\n"
+        const std::unique_ptr<QObject> created = create(
+            engine,
             "Window { width: 100; height: 100; color: 'white'\n"
             "    RoundedRectangle { objectName: 'shape'; y: x; height: width; radius: 5; color: 'blue'\n"
-            "        borderColor: 'black'; borderWidth: 1 } }",
-            QUrl());
-        const std::unique_ptr<QObject> created(component.create());
+            "        borderColor: 'black'; borderWidth: 1 } }");
         auto *window = qobject_cast<QQuickWindow *>(created.get());
-        QVERIFY2(window, qPrintable(component.errorString()));
         auto *item = window->findChild<QQuickItem *>(QStringLiteral("shape"));
         for (int place = 8; place < 12; ++place) {
             for (int size = 16; size < 20; ++size) {
@@ -37,10 +33,34 @@ private Q_SLOTS:
         }
     }
 
+    void noPixelOfTheWindowStaysDark()
+    {
+        QQmlEngine engine;
+        const std::unique_ptr<QObject> created = create(
+            engine,
+            "Window { visible: true; color: 'white'; WindowEdge { anchors.fill: parent; color: 'white' } }");
+        auto *window = qobject_cast<QQuickWindow *>(created.get());
+        for (int size = 100; size < 104; ++size) { // each of them ends on another fraction of a pixel
+            window->resize(size, size);
+            QTRY_COMPARE(window->contentItem()->size(), QSizeF(size, size));
+            QCOMPARE(coloured(window->grabWindow()), QRect());
+        }
+    }
+
 private:
+    static std::unique_ptr<QObject> create(QQmlEngine &engine, const QByteArray &source)
+    {
+        QQmlComponent component(&engine);
+        component.setData("import QtQuick\nimport Marrowcut.Style\n" + source, QUrl());
+        std::unique_ptr<QObject> created(component.create());
+        if (!created)
+            qFatal("%s", qPrintable(component.errorString()));
+        return created;
+    }
+
     static void verifyWhole(const QImage &picture, int size)
     {
-        const QRect bounds = drawnIn(picture);
+        const QRect bounds = coloured(picture);
         QCOMPARE(bounds.width(), bounds.height());
         QVERIFY(std::abs(bounds.width() - 1.25 * size) < 2);
         const QImage shape = picture.copy(bounds);
@@ -63,7 +83,7 @@ private:
         return true;
     }
 
-    static QRect drawnIn(const QImage &picture)
+    static QRect coloured(const QImage &picture)
     {
         QRect bounds;
         for (int y = 0; y < picture.height(); ++y) {
