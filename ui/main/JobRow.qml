@@ -17,7 +17,7 @@ FocusScope {
     required property real progress
     required property bool isSelected
     required property bool burnInEnabled
-    required property string statusTip
+    required property string statusToolTip
     required property string accessibleName
     required property string accessibleDescription
     required property int includeColumnWidth
@@ -112,10 +112,12 @@ FocusScope {
             onToggled: root.includeToggled()
         }
 
-        BurnInCheck {
+        CheckMark {
             id: burnIn
 
             objectName: "burnInCheck"
+            implicitHeight: 14 + 2 * 3
+            indicatorX: 0
             // Without its share of the width, its share of the spacing goes too.
             Layout.leftMargin: -8 * (1 - root.burnInShare)
             Layout.preferredWidth: root.burnInColumnWidth * root.burnInShare
@@ -126,6 +128,15 @@ FocusScope {
             checked: root.burnInEnabled
             Accessible.name: "Burn in filename and timecode, " + root.name
             onToggled: root.burnInToggled()
+
+            background: RoundedRectangle {
+                radius: 4
+                color: Qt.alpha(Theme.accent, 0.1)
+            }
+
+            ToolTipHandler {
+                text: "Burn in filename and timecode"
+            }
         }
 
         Item {
@@ -149,7 +160,7 @@ FocusScope {
                 horizontalAlignment: Text.AlignLeft
                 elide: Text.ElideMiddle
 
-                HoverTip {
+                ToolTipHandler {
                     text: nameLabel.truncated ? root.name : ""
                 }
             }
@@ -168,8 +179,8 @@ FocusScope {
                 font.pixelSize: 11
                 color: root.isFailed ? Theme.failure : Theme.secondary
 
-                HoverTip {
-                    text: root.statusTip
+                ToolTipHandler {
+                    text: root.statusToolTip
                 }
             }
 
@@ -211,7 +222,7 @@ FocusScope {
             Accessible.name: "Remove " + root.name
             onClicked: root.removeRequested()
 
-            HoverTip {
+            ToolTipHandler {
                 text: "Remove from the list"
             }
         }

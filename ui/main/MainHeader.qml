@@ -83,7 +83,7 @@ Item {
         Accessible.name: "Help"
         onClicked: root.helpRequested()
 
-        HoverTip {
+        ToolTipHandler {
             text: "How Marrowcut works"
         }
     }

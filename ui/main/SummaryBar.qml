@@ -66,7 +66,7 @@ ColumnLayout {
             Accessible.role: Accessible.StaticText
             Accessible.name: "Exporting to " + text
 
-            HoverTip {
+            ToolTipHandler {
                 text: outputPath.truncated ? outputPath.text : ""
             }
         }

@@ -70,7 +70,7 @@ QVariant JobListModel::data(const QModelIndex &index, int role) const
         return job.isSelected;
     case BurnInEnabledRole:
         return job.burnInEnabled;
-    case StatusTipRole:
+    case StatusToolTipRole:
         return job.id == m_waitingJob ? JobText::waitingText() : JobText::failureText(job);
     case AccessibleDescriptionRole:
         return job.id == m_waitingJob ? JobText::waitingText() : JobText::accessibleDescription(job);
@@ -92,7 +92,7 @@ QHash<int, QByteArray> JobListModel::roleNames() const
         {ProgressRole, "progress"},
         {IsSelectedRole, "isSelected"},
         {BurnInEnabledRole, "burnInEnabled"},
-        {StatusTipRole, "statusTip"},
+        {StatusToolTipRole, "statusToolTip"},
         {AccessibleDescriptionRole, "accessibleDescription"},
         {AccessibleNameRole, "accessibleName"},
     };
@@ -113,7 +113,7 @@ void JobListModel::setWaitingJob(const std::optional<QUuid> &id)
     const auto before = std::exchange(m_waitingJob, id);
     for (int row = 0; row < rowCount(); ++row) {
         if (m_jobs[row].id == before || m_jobs[row].id == id)
-            Q_EMIT dataChanged(index(row), index(row), {StatusTipRole, AccessibleDescriptionRole});
+            Q_EMIT dataChanged(index(row), index(row), {StatusToolTipRole, AccessibleDescriptionRole});
     }
 }
 

@@ -27,7 +27,7 @@ public:
         ProgressRole,      ///< of the bar, 0.0 to 1.0
         IsSelectedRole,
         BurnInEnabledRole,
-        StatusTipRole, ///< more about the status: a failure, or what the job waits for
+        StatusToolTipRole, ///< more about the status: a failure, or what the job waits for
         AccessibleDescriptionRole,
         AccessibleNameRole,
     };

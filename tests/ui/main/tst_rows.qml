@@ -100,24 +100,24 @@ WindowCase {
         tryCompare(title, "showBurnInHelp", false);
     }
 
-    function tipOf(index: int, name: string): Window {
+    function toolTipOf(index: int, name: string): Window {
         mouseMove(piece(index, name), 5, 5);
-        tryVerify(() => TipWindow.visible && TipWindow.target === piece(index, name));
-        return TipWindow;
+        tryVerify(() => ToolTipWindow.visible && ToolTipWindow.target === piece(index, name));
+        return ToolTipWindow;
     }
 
     function test_tipsSayMore() {
         const markup = "<b>A<br>".repeat(30) + ".mxf";
         queue.add("/clips/" + markup, "failed:encode error");
         queue.setErrorDetail(0, "frame= 10\n<i>Odd</i>\n".repeat(20));
-        const tip = tipOf(0, "status");
+        const tip = toolTipOf(0, "status");
         verify(tip.text.startsWith("frame= 10\n<i>Odd</i>\nframe"));
-        compare(findChild(tip, "tipText").lineCount, 40);
+        compare(findChild(tip, "toolTipText").lineCount, 40);
         verify(tip.height > 400 && tip.y >= 0 && tip.y + tip.height <= tip.screen.height);
-        verify(findChild(tipOf(0, "name"), "tipText").lineCount < 5); // wrapped, but not at each "<br>"
+        verify(findChild(toolTipOf(0, "name"), "toolTipText").lineCount < 5); // wrapped, but not at each "<br>"
         compare(piece(0, "name").lineCount, 1);
         mouseMove(find("helpButton"), 5, 5);
-        tryVerify(() => TipWindow.visible && TipWindow.text === "How Marrowcut works");
+        tryVerify(() => ToolTipWindow.visible && ToolTipWindow.text === "How Marrowcut works");
     }
 
     function test_copyError_data(): list<var> {
@@ -235,11 +235,11 @@ WindowCase {
     function test_waitingIsSaid() {
         addClips(2);
         queue.setWaiting(1);
-        tryVerify(() => row(1).statusTip.startsWith("Waiting for another Marrowcut"));
-        compare(row(1).accessibleDescription, row(1).statusTip);
+        tryVerify(() => row(1).statusToolTip.startsWith("Waiting for another Marrowcut"));
+        compare(row(1).accessibleDescription, row(1).statusToolTip);
         compare(row(1).statusLabel, "Queued");
         queue.setWaiting(-1);
-        tryVerify(() => row(1).statusTip === "");
+        tryVerify(() => row(1).statusToolTip === "");
     }
 
     function test_secondClickOnGoRemovesNothing() {

@@ -10,12 +10,11 @@ HoverHandler {
 
     function update() {
         if (isWanted)
-            TipWindow.showFor(parent, text);
+            ToolTipWindow.showFor(parent, text);
         else
-            TipWindow.hideFor(parent);
+            ToolTipWindow.hideFor(parent);
     }
 
-    objectName: "hoverTip"
     onIsWantedChanged: update()
     onTextChanged: if (isWanted) update()
 }

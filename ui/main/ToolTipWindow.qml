@@ -76,7 +76,7 @@ Window {
         Text {
             id: label
 
-            objectName: "tipText"
+            objectName: "toolTipText"
             anchors.bottom: parent.bottom
             width: Math.min(implicitWidth, 560, Screen.width - 2 * root.margin)
             text: root.text
