@@ -79,7 +79,7 @@ class WindowTest(unittest.TestCase):
         return self.app.wait_for("list item", name)
 
     def choose(self, menu, item):
-        self.app.press(menu, "menu bar")
+        self.app.press(menu, "menu item")
         self.app.press(item, "menu item")
 
     def click(self, node):

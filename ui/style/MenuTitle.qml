@@ -12,14 +12,16 @@ T.MenuBarItem {
     horizontalPadding: 8
     verticalPadding: 4
     font.pixelSize: Theme.bodySize
-    Accessible.onPressAction: triggered()
-    Accessible.name: text.replace("&", "") // a screen reader would spell the mark of the underlined letter
+    Accessible.ignored: true // Qt gives it the role of the menu bar; the label stands for it
 
     contentItem: MnemonicLabel {
         mnemonicVisible: DesktopAppearance.showsMnemonics
         text: control.text
         font: control.font
         color: control.highlighted ? Theme.accentText : Theme.primary
+        Accessible.role: Accessible.MenuItem
+        Accessible.name: control.text.replace("&", "") // a screen reader would spell the mark of the underlined letter
+        Accessible.onPressAction: control.triggered()
     }
 
     background: Rectangle {
