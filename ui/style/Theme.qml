@@ -7,7 +7,6 @@ import Marrowcut.Style
 // accentText on accentFill. The accent is the desktop's, where it has one.
 QtObject {
     readonly property bool dark: DesktopAppearance.dark
-    readonly property bool hasAccent: DesktopAppearance.accent.valid
     readonly property url applicationIcon: Qt.resolvedUrl("icons/marrowcut.svg")
 
     // text and symbols
@@ -16,12 +15,12 @@ QtObject {
     readonly property color tertiary: dark ? "#9c9ca6" : "#686972"
     readonly property color success: dark ? "#4cc47a" : "#1b7a37"
     readonly property color failure: dark ? "#ff8078" : "#c0261c"
-    readonly property color accent: hasAccent ? DesktopAppearance.legible(DesktopAppearance.accent, dark ? controlFill : window) : dark ? "#6db0ff" : "#0a5dcc" // also lines and bars
+    readonly property color accent: legibleAccent(dark ? controlFill : window) ?? (dark ? "#6db0ff" : "#0a5dcc") // also lines and bars
 
     // backgrounds
     readonly property color window: dark ? "#202023" : "#f5f5f7"
     readonly property color base: dark ? "#18181a" : "#ffffff"
-    readonly property color accentFill: hasAccent ? DesktopAppearance.legible(DesktopAppearance.accent, accentText) : dark ? "#2367cf" : "#0a5dcc"
+    readonly property color accentFill: legibleAccent(accentText) ?? (dark ? "#2367cf" : "#0a5dcc")
     readonly property color accentText: "#ffffff"
 
     // lines and controls
@@ -39,4 +38,10 @@ QtObject {
     readonly property int headlineSize: 13 // bold
     readonly property int subheadlineSize: 11
     readonly property string monospaced: DesktopAppearance.monospaced
+
+    // The desktop's accent, legible beside the other colour; null where the desktop has none.
+    function legibleAccent(other: color): var {
+        const accent = DesktopAppearance.accent;
+        return accent.valid ? DesktopAppearance.legible(accent, other) : null;
+    }
 }
