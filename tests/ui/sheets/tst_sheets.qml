@@ -274,8 +274,10 @@ TestCase {
         keySequence(StandardKey.Copy);
         compare(TestDesktop.takeClipboard(), document.text);
         focus(Qt.Key_Tab, copyButton);
+        const width = copyButton.width;
         mouseClick(copyButton);
         tryCompare(copyButton, "text", "Copied");
+        compare(copyButton.width, width);
         compare(document.selectedText.length, document.length);
         focus(Qt.Key_Backtab, document);
         keyClick(Qt.Key_Return);
