@@ -87,15 +87,18 @@ ListView {
 
     function moveByKey(key: int): bool {
         const page = Math.max(1, Math.floor(height / rowHeight) - 1);
-        switch (key) {
-        case Qt.Key_Up: goTo(currentIndex - 1); return true;
-        case Qt.Key_Down: goTo(currentIndex + 1); return true;
-        case Qt.Key_PageUp: goTo(currentIndex - page); return true;
-        case Qt.Key_PageDown: goTo(currentIndex + page); return true;
-        case Qt.Key_Home: goTo(0); return true;
-        case Qt.Key_End: goTo(count - 1); return true;
-        }
-        return false;
+        const targets = {
+            [Qt.Key_Up]: currentIndex - 1,
+            [Qt.Key_Down]: currentIndex + 1,
+            [Qt.Key_PageUp]: currentIndex - page,
+            [Qt.Key_PageDown]: currentIndex + page,
+            [Qt.Key_Home]: 0,
+            [Qt.Key_End]: count - 1
+        };
+        if (targets[key] === undefined)
+            return false;
+        goTo(targets[key]);
+        return true;
     }
 
     objectName: "jobList"
@@ -187,6 +190,7 @@ ListView {
         property string jobId
 
         objectName: "errorMenu"
+        title: "Error"
 
         T.Action {
             text: "Copy Error"
