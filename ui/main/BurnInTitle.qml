@@ -23,6 +23,7 @@ BorderlessButton {
     Popover {
         objectName: "burnInHelp"
         visible: root.showBurnInHelp
+        onAboutToShow: contentItem.parent.Accessible.name = root.Accessible.name // Qt's own item has the role only
         onClosed: root.showBurnInHelp = false
 
         width: 220 + 2 * padding
