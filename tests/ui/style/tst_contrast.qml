@@ -1,9 +1,50 @@
 import QtQuick
+import QtQuick.Templates as T
 import QtTest
 import Marrowcut.Style
 
 TestCase {
     name: "Contrast"
+    when: windowShown
+    visible: true
+    width: 400
+    height: 100
+
+    Rectangle {
+        id: scene
+
+        anchors.fill: parent
+        color: Theme.window
+
+        PushButton {
+            id: button
+
+            x: 20
+            y: 20
+            text: "Go"
+            highlighted: true
+        }
+
+        SegmentedPicker {
+            id: picker
+
+            x: 80
+            y: 20
+            width: 304
+            model: ["one", "two", "three"]
+            currentIndex: 0
+        }
+
+        ScrollBar {
+            id: bar
+
+            x: 20
+            y: 60
+            height: 30
+            size: 1
+            policy: T.ScrollBar.AlwaysOn
+        }
+    }
 
     function luminance(shade: color): real {
         const linear = part => part <= 0.04045 ? part / 12.92 : Math.pow((part + 0.055) / 1.055, 2.4);
@@ -48,5 +89,28 @@ TestCase {
                 verify(ratio >= limit, shade + " on " + ground + ": " + ratio);
             }
         }
+    }
+
+    function test_edgesAreSeen_data() {
+        return test_textCanBeRead_data();
+    }
+
+    // What is drawn of controls, measured in a picture of them.
+    function test_edgesAreSeen(data) {
+        DesktopAppearance.choice = data.choice;
+        const segment = picker.children[1].children[2];
+        button.forceActiveFocus(Qt.TabFocusReason);
+        mouseMove(segment, 5, 5);
+        tryCompare(segment, "hovered", true);
+        waitForRendering(scene);
+        const picture = grabImage(scene);
+        const middle = item => item.mapToItem(scene, 0, item.height / 2);
+        const at = (item, x) => picture.pixel(middle(item).x + x, middle(item).y);
+
+        compare(at(button, -1), Theme.window); // the gap
+        verify(contrast(at(button, -3), at(button, -1)) >= 3, "focus ring");
+        for (const [item, name] of [[picker.children[1].children[0], "selected"], [segment, "hovered"]])
+            verify(contrast(at(item, 0), Theme.track) >= 3, name);
+        verify(contrast(at(bar, bar.width / 2), at(bar, 0)) >= 3, "scroll thumb");
     }
 }
