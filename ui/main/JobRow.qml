@@ -55,6 +55,9 @@ FocusScope {
         remove.focusReason = Qt.TabFocusReason; // also where the view gave it the focus already
     }
 
+    // Kept for reuse, it would stay in the accessibility tree.
+    ListView.onPooled: visible = false
+    ListView.onReused: visible = true
     // What has the focus stays a tab stop until it has passed it on; here and in the controls.
     activeFocusOnTab: isTabStop || activeFocus
     Accessible.role: Accessible.ListItem
