@@ -16,7 +16,7 @@
 #include <cstdlib>
 #include <new>
 
-#include <sys/stat.h>
+#include <fcntl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -203,6 +203,7 @@ private Q_SLOTS:
         const QUuid chosen = addClip(QStringLiteral("a.mov"));
         const QUuid other = addClip(QStringLiteral("b.mov"));
         m_engine->toggleSelected(other);
+        m_engine->toggleBurnIn(chosen);
         m_script->set(clipOf("60") + "note @/calls\nwrite-output\n");
         m_engine->start();
         m_engine->setQualityPreset(QualityPreset::tiny);
@@ -212,6 +213,7 @@ private Q_SLOTS:
         QCOMPARE(job(chosen).status, JobStatus::done());
         QVERIFY(job(other).status.isQueued());
         QVERIFY(m_script->contents(QStringLiteral("calls")).contains("scale=960:"));
+        QVERIFY(!m_script->contents(QStringLiteral("calls")).contains("drawtext"));
     }
 
     void whatStandsInTheWayIsFoundBeforeTheEncode()
@@ -293,6 +295,31 @@ private Q_SLOTS:
         QVERIFY(lines.takeFirst().startsWith("source_filename,"));
         QCOMPARE(lines.takeLast(), QByteArray());
         QCOMPARE(lines, QList<QByteArray>(400, line.chopped(1)));
+    }
+
+    void manifestThatIsRemovedUnderItsLockIsMadeAnew()
+    {
+        const OutputPaths paths =
+            OutputPaths::forSource(QUrl::fromLocalFile(m_script->path(QStringLiteral("a.mov"))));
+        QVERIFY(QDir().mkpath(paths.outDir));
+        const QByteArray path = QFile::encodeName(paths.manifest);
+        const QByteArray locked = QFile::encodeName(m_script->path(QStringLiteral("locked")));
+        const pid_t child = fork(); // the lock is a process's
+        if (child == 0) {
+            struct flock whole = {};
+            whole.l_type = F_WRLCK;
+            const int file = open(path.constData(), O_RDWR | O_CREAT, 0600);
+            if (fcntl(file, F_SETLK, &whole) != 0 || open(locked.constData(), O_CREAT, 0600) < 0)
+                _exit(1);
+            QThread::msleep(100); // for the other to find the lock, which nothing reports
+            _exit(unlink(path.constData()));
+        }
+        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(QFile::decodeName(locked)), 60000);
+        Manifest::append(paths.manifest, QStringLiteral("line\n"));
+        int status = -1;
+        QCOMPARE(waitpid(child, &status, 0), child);
+        QCOMPARE(status, 0);
+        QCOMPARE(manifest().mid(1), (QList<QByteArray>{"line", ""}));
     }
 
     void quitBetweenTheProxyAndItsStatusLosesNoLine()
