@@ -6,7 +6,7 @@ import shutil
 import subprocess
 import sys
 
-from harness import Failure, Workplace, check, check_manifest_lines, enter_mount_namespace, report
+from harness import Workplace, attempt_all, check, check_manifest_lines, enter_mount_namespace, report
 
 SINGLE, LONG = "short.mov", "long.mov"
 ENCODE_ERROR, METADATA = "encode error", "could not read metadata"
@@ -140,13 +140,7 @@ def main():
         checks += [(disk[0], lambda disk=disk: check_disk(*disk[1:])) for disk in DISKS]
     else:
         print("  full and read-only disks: not tried, this system allows no mount namespace", file=sys.stderr)
-    failures = []
-    for name, run in checks:
-        try:
-            run()
-        except (Failure, OSError, subprocess.CalledProcessError) as problem:
-            failures.append(f"{name}: {problem}")
-    report("faults", len(checks), failures)
+    report("faults", len(checks), attempt_all(checks))
 
 
 main()

@@ -5,9 +5,10 @@ import shutil
 import struct
 import subprocess
 import time
+from functools import partial
 from pathlib import Path
 
-from harness import Workplace, attempt, check, check_manifest_lines, report
+from harness import Workplace, attempt_all, check, check_manifest_lines, report
 
 MEMORY_LIMIT = 100  # MiB
 NOBODY = 65534
@@ -211,16 +212,17 @@ def foreign_work_folder(place):
     check(not (proxies / "a_proxy.mp4").exists(), "published")
 
 
+def in_a_workplace(run):
+    with Workplace() as place:
+        run(place)
+
+
 CHECKS = [texts, reference_movies, huge_tag, planted_manifest, planted_links]
 
 
 def main():
     checks = CHECKS + [foreign_work_folder] * (os.geteuid() == 0)
-    failures = []
-    for run in checks:
-        with Workplace() as place:
-            failures += attempt(run.__name__, lambda: run(place))
-    report("footage", len(checks), failures)
+    report("footage", len(checks), attempt_all([(run.__name__, partial(in_a_workplace, run)) for run in checks]))
 
 
 main()

@@ -160,9 +160,16 @@ def attempt(name, run):
     """The problem of one check, in a list; nothing where it held."""
     try:
         run()
-    except (Failure, AssertionError, OSError, subprocess.SubprocessError) as problem:
-        return [f"{name}: {problem}"]
+    except Exception as problem:  # noqa: BLE001 - whatever it is, the other checks go on
+        return [f"{name}: {problem!r}"]
     return []
+
+
+def attempt_all(checks):
+    """The problems of (name, function) pairs that don't depend on each other, tried on all processors."""
+    clips()  # made before the workers ask for them
+    with ThreadPoolExecutor(os.cpu_count()) as pool:
+        return sum(pool.map(lambda one: attempt(*one), checks), [])
 
 
 def argument(name, default):

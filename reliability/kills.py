@@ -3,21 +3,23 @@ nothing unfinished stands under a final name, and the next run finishes everythi
 
 import os
 import shutil
-import subprocess
 import sys
+import threading
 import time
+from functools import partial
 from pathlib import Path
 
-from harness import SIGNALS, WINDOW_PROGRAM, Failure, Workplace, argument, check, check_manifest_lines, report
+from harness import SIGNALS, WINDOW_PROGRAM, Workplace, argument, attempt_all, check, check_manifest_lines, report
 
 sys.path.insert(0, os.fspath(Path(__file__).parent.parent / "tests/support"))
 from desktop import PATIENCE, Desktop, wait_until  # noqa: E402
 
 CLOSED = "closed window"
+ONE_WINDOW = threading.Lock()  # the desktop is looked at for a window by its title
 
 
-def prepare(place, number):
-    folder = place.folder / f"moment {number}"
+def prepare(place):
+    folder = place.folder / "footage"
     folder.mkdir()
     shutil.copy(place.clips["long.mov"], folder / "a.mov")
     shutil.copy(place.clips["short.mov"], folder / "b.mov")
@@ -26,7 +28,7 @@ def prepare(place, number):
 
 def whole_run(place):
     begin = time.monotonic()
-    status, output = place.run(prepare(place, "measured"))
+    status, output = place.run(prepare(place))
     check(status == 0, output)
     return time.monotonic() - begin
 
@@ -53,39 +55,31 @@ def close_at(desktop, folder, moment):
         place.check_no_children()
 
 
-def end_at(place, desktop, number, name, moment):
-    folder = prepare(place, number)
-    if name == CLOSED:
-        close_at(desktop, folder, moment)
-    else:
-        kill_at(place, folder, name, moment)
-    place.judge(folder, {})
-    check_manifest_lines(folder)
-    status, output = place.run(folder)
-    check(status == 0, f"the next run: {output}")
-    place.judge(folder, {"a.mov": 91, "b.mov": 10})
-    check(set(check_manifest_lines(folder).values()) <= {"done"}, "the manifest after the next run")
-
-
-def try_all(desktop, moments):
-    failures = []
-    names = [*SIGNALS, CLOSED] if WINDOW_PROGRAM.exists() else list(SIGNALS)
+def end_at(desktop, name, moment):
     with Workplace() as place:
-        duration = whole_run(place)
-        for number in range(moments):
-            name = names[number % len(names)]
-            moment = duration * number / moments
-            try:
-                end_at(place, desktop, number, name, moment)
-            except (Failure, AssertionError, subprocess.SubprocessError) as problem:
-                failures.append(f"{name} after {moment:.2f} s: {problem}")
-    return failures
+        folder = prepare(place)
+        if name == CLOSED:
+            with ONE_WINDOW:
+                close_at(desktop, folder, moment)
+        else:
+            kill_at(place, folder, name, moment)
+        place.judge(folder, {})
+        check_manifest_lines(folder)
+        status, output = place.run(folder)
+        check(status == 0, f"the next run: {output}")
+        place.judge(folder, {"a.mov": 91, "b.mov": 10})
+        check(set(check_manifest_lines(folder).values()) <= {"done"}, "the manifest after the next run")
 
 
 def main():
     moments = argument("--moments", 50)
+    names = [*SIGNALS, CLOSED] if WINDOW_PROGRAM.exists() else list(SIGNALS)
     with Desktop(window_manager=True) as desktop:
-        failures = try_all(desktop, moments)
+        with Workplace() as place:
+            duration = whole_run(place)
+        ends = [(names[number % len(names)], duration * number / moments) for number in range(moments)]
+        failures = attempt_all([(f"{name} after {moment:.2f} s", partial(end_at, desktop, name, moment))
+                                for name, moment in ends])
     report("kills", moments, failures)
 
 

@@ -5,9 +5,9 @@ import os
 import random
 import shutil
 import subprocess
-from concurrent.futures import ThreadPoolExecutor
+from functools import partial
 
-from harness import Failure, Workplace, argument, check, clips, report
+from harness import Workplace, argument, attempt_all, check, report
 
 TOKENS = ["'", "''", ":", "\\", "\\\\", "\\'", "%", "%%", "%{pts}", "%{n}%", "%d", "[", "]", "[v]", ",", ";", "=", '"',
           "\n", "\t", "\r", "\x01", "\x7f", "-", "--help", " ", "  ", "🎬", "👩‍👩‍👧", "שלום", "مرحبا 5%", "e\u0301", "日本語",
@@ -90,24 +90,16 @@ def check_too_long(place):
     place.judge(folder, {"n" * 240 + ".mov": 10})
 
 
-def problem_of(label, run):
-    """What is wrong with one name, in a place of its own; nothing where all held."""
+def in_a_workplace(run):
     with Workplace() as place:
-        try:
-            run(place)
-        except (Failure, subprocess.CalledProcessError, OSError, StopIteration) as problem:
-            return f"{label}: {problem}"
-    return None
+        run(place)
 
 
 def main():
     chosen = corpus()[::argument("--every", 1)]
     checks = [(f"{pair!r}", lambda place, pair=pair: check_name(place, *pair)) for pair in chosen]
     checks += [("no text", check_no_text), ("too long", check_too_long)]
-    clips()  # made before the workers ask for them
-    with ThreadPoolExecutor(os.cpu_count()) as pool:
-        problems = list(pool.map(problem_of, *zip(*checks)))
-    report("names", len(checks), [problem for problem in problems if problem])
+    report("names", len(checks), attempt_all([(label, partial(in_a_workplace, run)) for label, run in checks]))
 
 
 main()

@@ -4,9 +4,10 @@ of its first part: it has failed, the next run makes it. --offsets N takes N pla
 import os
 import shutil
 import subprocess
+from functools import partial
 from pathlib import Path
 
-from harness import Workplace, argument, attempt, check, check_manifest_lines, report
+from harness import Workplace, argument, attempt_all, check, check_manifest_lines, report
 
 LIBRARY = r"""
 #define _GNU_SOURCE
@@ -75,16 +76,12 @@ def fails_from(made, name, byte):
 
 def main():
     offsets = argument("--offsets", 20)
-    failures, tried = [], 0
     with Workplace() as made:
         prepare(made.folder)
-        for name in CLIPS:
-            size = (made.folder / name).stat().st_size
-            for number in range(offsets):
-                byte = size * (2 * number + 1) // (2 * offsets)
-                tried += 1
-                failures += attempt(f"{name} from byte {byte}", lambda: fails_from(made.folder, name, byte))
-    report("read errors", tried, failures)
+        places = [(name, (made.folder / name).stat().st_size * (2 * number + 1) // (2 * offsets))
+                  for name in CLIPS for number in range(offsets)]
+        checks = [(f"{name} from byte {byte}", partial(fails_from, made.folder, name, byte)) for name, byte in places]
+        report("read errors", len(checks), attempt_all(checks))
 
 
 main()
