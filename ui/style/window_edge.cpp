@@ -22,7 +22,7 @@ public:
         markDirty(DirtyMaterial);
     }
 
-    void render(const RenderState *) override
+    void render(const RenderState *state) override
     {
         auto *painter = static_cast<QPainter *>(
             m_window->rendererInterface()->getResource(m_window, QSGRendererInterface::PainterResource));
@@ -30,8 +30,10 @@ public:
         const int height = painter->device()->height();
         const QTransform toPoints = painter->deviceTransform().inverted();
         painter->save();
-        painter->setClipping(false);
+        const QRegion dirty = *state->clipRegion(); // only there is the content painted again
+        painter->setClipRegion(dirty | dirty.translated(1, 0));
         painter->fillRect(toPoints.mapRect(QRectF(width - 1, 0, 1, height)), m_color);
+        painter->setClipRegion(dirty | dirty.translated(0, 1) | dirty.translated(1, 1));
         painter->fillRect(toPoints.mapRect(QRectF(0, height - 1, width, 1)), m_color);
         painter->restore();
     }
