@@ -208,6 +208,9 @@ TestCase {
             act();
             compare(String(TestDesktop.openedLinks.slice(before)), "https://example.org/page");
         }
+        const before = TestDesktop.openedLinks.length;
+        keyClick(Qt.Key_Return); // belongs to the default button
+        compare(TestDesktop.openedLinks.length, before);
     }
 
     function test_scrollingHelp() {
