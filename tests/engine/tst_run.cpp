@@ -393,6 +393,7 @@ private:
     {
         m_script->set(script);
         m_engine->start();
+        m_engine->start(); // changes nothing during a run
         QVERIFY(m_engine->isRunning());
         QTRY_VERIFY_WITH_TIMEOUT(!m_engine->isRunning(), 60000);
     }

@@ -147,6 +147,8 @@ private Q_SLOTS:
         QCOMPARE(outputs(), QStringList());
         QVERIFY(!chunked("write-output\n" + frames + "when part_0001\n" + error + "end\n", 200).success);
         QVERIFY(!chunked("write-output\n" + frames + "when concat\n" + error + "end\n", 200).success);
+        const QByteArray missingPiece = "err [concat \\x40 0x1] Impossible to open '/f/part_0001.mp4'\\n\n";
+        QVERIFY(!chunked("write-output\n" + frames + "when concat\n" + missingPiece + "end\n", 200).success);
         // The same words within a path mean nothing.
         QVERIFY(singlePass("write-output\nerr /f/Input/output error/A.1.mxf: odd\\n\n").success);
     }
@@ -169,6 +171,12 @@ private Q_SLOTS:
             QVERIFY(result.stderrTail.endsWith(QStringLiteral("replaced while it was being encoded.")));
             QCOMPARE(m_script->contents(QStringLiteral("calls")).count("-ss\n"), pieces += more);
         }
+
+        QFile clip(m_script->path(QStringLiteral("A.1.mxf"))); // one of the same size
+        QVERIFY(clip.open(QIODevice::ReadWrite));
+        const FileStamp stamp = FileStamp::of(clip.fileName());
+        QVERIFY(clip.setFileTime(QDateTime::currentDateTime().addSecs(-60), QFile::FileModificationTime));
+        QVERIFY(!(FileStamp::of(clip.fileName()) == stamp));
     }
 
     void filesOfMoreThanFourGigabytesAreJudged()
