@@ -74,11 +74,23 @@ void QueueRunner::runQueue(const QList<QUuid> &ids, QualityPreset preset)
         try {
             processJob(id, preset);
         } catch (const std::bad_alloc &) {
-            fail(id, encodeError(), media::outOfMemory);
-            if (const std::optional<ProxyJob> job = copyOf(id))
-                record(id, OutputPaths::forSource(job->sourceURL), std::nullopt, encodeErrorRecord());
+            endWithoutMemory(id);
         }
     }
+}
+
+void QueueRunner::endWithoutMemory(const QUuid &id)
+{
+    const std::optional<ProxyJob> job = copyOf(id);
+    if (!job)
+        return;
+    const OutputPaths paths = OutputPaths::forSource(job->sourceURL);
+    if (QFileInfo(paths.finalOutput).isFile()) { // only what follows the encode failed
+        finish(id, JobStatus::done());
+        return;
+    }
+    fail(id, encodeError(), media::outOfMemory);
+    record(id, paths, std::nullopt, encodeErrorRecord());
 }
 
 void QueueRunner::processJob(const QUuid &id, QualityPreset preset)

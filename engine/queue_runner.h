@@ -40,6 +40,7 @@ public:
 
 private:
     void processJob(const QUuid &id, QualityPreset preset);
+    void endWithoutMemory(const QUuid &id);
     bool skipIfDone(const QUuid &id, const OutputPaths &paths);
     void processUnfinished(const ProxyJob &job, const OutputPaths &paths, const QString &folderProblem,
                            QualityPreset preset);
