@@ -5,20 +5,22 @@ started at random offsets, one of them killed in every other round, and two with
     many_processes.py MARROWCUT-CLI [--rounds N] [--clips N]
 """
 
+import hashlib
 import json
 import os
 import random
+import re
 import shutil
 import signal
 import subprocess
-import sys
 import time
-from pathlib import Path
+from functools import partial
 
-from harness import HEADER, Workplace, argument, check, check_manifest_lines, make_clip, report
+from harness import HEADER, Workplace, argument, attempt, check, check_manifest_lines, frame_count, report
 
 NAMES = [f"A001C{number:03}.MXF" for number in range(12)] + ["it's 100%.mov", "two\nlines.mov", "-dash.mp4", "\\$HOME `x`.mov"]
 BROKEN = "broken.mov"
+ENCODE = ["--encoder", "libx264", "--quiet"]
 FIND = ["-name", "marrowcut_proxies", "-prune", "-o", "-type", "f", "(", "-iname", "*.mxf", "-o", "-iname", "*.mov", "-o",
         "-iname", "*.mp4", ")", "-print0"]
 
@@ -106,55 +108,108 @@ def scheduled(place, number):
         killed(place, number % 5 * 0.1)
 
 
-# The clips of one process are copies of one: what ffprobe reports of the first serves for the others.
-REMEMBERED_PROBES = """
-if [ $tool = ffprobe ]; then
-    clip="${output##*/}"; arguments="${*:1:$#-1}"; answer="$ANSWERS/${clip%%C*}${arguments//[^a-z0-9_]/.}"
-    [ -e "$answer" ] || { "$real" "$@" >"$answer.$$" && mv "$answer.$$" "$answer"; }
-    exec cat "$answer"
-fi
+PROCESSES = 8
+
+# In ffprobe's place: its reply to the same query about the same source, kept from the first time.
+KEPT_REPLIES = """#!/bin/sh
+for clip; do :; done
+query="$*"; source=${{clip##*/P}}
+kept="{kept}/${{source%%C*}} ${{query%"$clip"}}"
+[ -f "$kept" ] || {{ {real} "$@" >"$kept.$$" && mv "$kept.$$" "$kept" || exit; }}
+exec cat "$kept"
 """
 
 
-def side_by_side(place, seed):
-    """One folder, different clips: the same proxies and lines as of one process."""
+def on_processor(number):
+    """Only one, so that the encoder takes one thread: with more, its output differs from time to time."""
+    processors = sorted(os.sched_getaffinity(0))
+    return {"preexec_fn": lambda: os.sched_setaffinity(0, {processors[number % len(processors)]})}
+
+
+class Share:
+    """What eight processes are given, and what one process makes of it."""
+
+    def __init__(self, place):
+        self.clips = argument("--clips", 50)
+        self.kept = place.folder / "kept"
+        self.card = place.folder / "card"
+        for folder in (self.kept, self.card):
+            folder.mkdir()
+        for process in range(PROCESSES):
+            first, *others = (self.card / name for name in self.names(process))
+            subprocess.run(["ffmpeg", "-nostdin", "-v", "error", "-f", "lavfi", "-i", "testsrc2=s=64x48:r=25", "-frames:v",
+                            str(3 + process), "-timecode", f"0{process}:00:00:00", "-c:v", "mpeg4", first], check=True)
+            for clip in others:
+                os.link(first, clip)
+        self.keep_replies(place)
+        status, output = place.run(*ENCODE, *sorted(self.card.iterdir()), limit=1200, **on_processor(0))
+        check(status == 0, output)
+        for process in range(PROCESSES):
+            proxy = self.card / f"marrowcut_proxies/P{process}C000_proxy.mp4"
+            check(frame_count(proxy) == 3 + process, f"frames of {proxy.name}")
+        self.proxies, self.lines = self.made(self.card)
+        check(len(self.lines) == len(set(self.proxies.values())) == PROCESSES * self.clips, "proxies that don't differ")
+
+    def names(self, process):
+        return [f"P{process}C{number:03}.mov" for number in range(self.clips)]
+
+    def keep_replies(self, place):
+        (place.tools / "ffprobe").write_text(KEPT_REPLIES.format(kept=self.kept, real=shutil.which("ffprobe")))
+        (place.tools / "ffmpeg").unlink()
+        (place.tools / "ffmpeg").symlink_to(shutil.which("ffmpeg"))
+
+    def made(self, card):
+        """Proxy -> its bytes' digest; the manifest's lines but for the time at their end."""
+        folder = card / "marrowcut_proxies"
+        header, *lines = (folder / "manifest.csv").read_text().split("\n")
+        check(header == HEADER and lines.pop() == "", "the manifest's header or end")
+        check(all(re.search(r",\d{4}-\d\d-\d\dT\d\d:\d\d:\d\dZ$", line) for line in lines), "a torn line")
+        digests = {path.name: hashlib.sha256(path.read_bytes()).digest() for path in folder.iterdir()
+                   if path.name != "manifest.csv"}
+        return digests, sorted(line.rpartition(",")[0] for line in lines)
+
+
+def end_and_resume(process, start, folder, number, sent, after):
+    """The signal comes when so many of the process's proxies are there."""
+    while process.poll() is None and len(list(folder.glob(f"P{number}*_proxy.mp4"))) < after:
+        time.sleep(0.01)
+    process.send_signal(sent)
+    process.communicate()
+    check(process.returncode in (0, 130 if sent == signal.SIGTERM else -sent), f"status {process.returncode} when ended")
+    return start(number)
+
+
+def side_by_side(share, place, seed):
+    """One folder, different clips: the same proxies and lines as of one process. One that was killed between a proxy and
+    its line leaves the line out."""
     chance = random.Random(seed)
-    answers = place.folder / "answers"
-    answers.mkdir()
     card = place.folder / "card"
     card.mkdir()
-    shares, frames = [], {}
-    for process in range(8):
-        clip = make_clip(place.folder / f"{process}.mov", f"color=gray:s=64x36:r=25:d={(process + 5) / 25}")
-        place.frames[clip.stat().st_size] = process + 5
-        shares.append([card / f"P{process}C{number:03}.mov" for number in range(argument("--clips", 50))])
-        for name in shares[-1]:
-            shutil.copy(clip, name)
-            frames[name.name] = process + 5
+    share.keep_replies(place)
+    for clip in share.card.glob("*.mov"):
+        os.link(clip, card / clip.name)
 
-    def start(share):
-        return place.start("--quiet", *share, fault=REMEMBERED_PROBES, extra={"ANSWERS": os.fspath(answers)})
+    def start(number):
+        return place.start(*ENCODE, *(card / name for name in share.names(number)), **on_processor(number))
 
     processes = []
-    for share in shares:
-        processes.append(start(share))
+    for number in range(PROCESSES):
+        processes.append(start(number))
         time.sleep(chance.uniform(0, 0.2))
-    has_kill = seed % 2
-    if has_kill:
-        time.sleep(chance.uniform(0, len(shares[0]) * 0.5))
-        victim = chance.randrange(len(processes))
-        processes[victim].kill()
-        processes[victim].communicate()
-        processes[victim] = start(shares[victim])
+    may_miss = 0
+    if seed % 2:
+        victim, sent = chance.randrange(PROCESSES), signal.SIGKILL if seed % 4 == 1 else signal.SIGTERM
+        may_miss = int(sent == signal.SIGKILL)
+        processes[victim] = end_and_resume(processes[victim], start, card / "marrowcut_proxies", victim, sent,
+                                           chance.randrange(share.clips))
     for process in processes:
         output, errors = process.communicate(timeout=600)
         check((process.returncode, output + errors) == (0, b""), f"status {process.returncode}: {errors}")
     place.check_no_children()
-    place.judge(card, frames)
-    found = check_manifest_lines(card)  # as many lines as clips, each once
-    check(set(found.values()) == {"done"} and found.keys() <= frames.keys(), f"outcomes: {set(found.values())}")
-    # The kill can fall between a proxy and its line.
-    check(len(found) >= len(frames) - has_kill, f"{len(found)} lines in the manifest")
+    proxies, lines = share.made(card)
+    check(proxies == share.proxies, f"not as of one process: {sorted(name for name, _ in proxies.items() ^ share.proxies.items())}")
+    missing = [line for line in share.lines if line not in lines]
+    check(len(lines) + len(missing) == len(share.lines) and len(missing) <= may_miss, f"{len(lines)} lines, without {missing}")
 
 
 def same_clips(place, seed):
@@ -167,28 +222,32 @@ def same_clips(place, seed):
     calls = place.folder / "calls"
     processes = []
     for _ in range(2):
-        processes.append(place.start("--encoder", "libx264", "--quiet", card, calls=calls))
+        processes.append(place.start(*ENCODE, card, calls=calls))
         time.sleep(random.Random(seed).uniform(0, 1))
     for process in processes:
         output, errors = process.communicate(timeout=600)
-        problems = [line for line in errors.splitlines() if b": waiting for another Marrowcut" not in line]
-        check((process.returncode, output, problems) == (0, b"", []), f"status {process.returncode}: {errors}")
+        others = [line for line in errors.splitlines() if not line.endswith(b"that is processing this clip")]
+        check((process.returncode, output, others) == (0, b"", []), f"status {process.returncode}: {errors}")
     place.check_no_children()
     place.judge(card, dict.fromkeys(names, 10))
     check(check_manifest_lines(card) == dict.fromkeys(names, "done"), "the manifest")
     check(calls.read_bytes().count(b"ffmpeg\0-y\0") == len(names), "a clip was encoded twice")
 
 
+def in_a_workplace(attack, number):
+    with Workplace() as place:
+        attack(place, number)
+
+
 def main():
     rounds = argument("--rounds", 20)
     failures = []
-    for number in range(rounds):
-        for attack in (scheduled, side_by_side, same_clips):
-            with Workplace() as place:
-                try:
-                    attack(place, number)
-                except Exception as failure:  # noqa: BLE001
-                    failures.append(f"{attack.__name__}, round {number}: {failure!r}")
+    with Workplace() as place:
+        share = Share(place)
+        for number in range(rounds):
+            for attack in (scheduled, partial(side_by_side, share), same_clips):
+                name = getattr(attack, "__name__", "side_by_side")
+                failures += attempt(f"{name}, round {number}", partial(in_a_workplace, attack, number))
     report("many", 3 * rounds, failures)
 
 
