@@ -79,7 +79,9 @@ private Q_SLOTS:
                                         "stream=nb_read_frames:stream_tags=timecode"),
                          proxy),
                  QStringLiteral("125,01:02:03:04"));
-        QVERIFY(std::is_sorted(m_progress.begin(), m_progress.end()));
+        // Pieces go on where the one before ended; the last report of each can be some frames back (FFmpeg 7).
+        const auto goesBack = [](double before, double after) { return after < before - 0.03; };
+        QVERIFY(std::adjacent_find(m_progress.begin(), m_progress.end(), goesBack) == m_progress.end());
 
         // The second piece begins with frame 50; five frames on, source and elapsed time read:
         const QByteArray frame = proxyFrame(proxy, 55);
