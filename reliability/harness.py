@@ -113,16 +113,17 @@ class Workplace:
         """Every proxy in the folder is whole, every manifest line too; whole: clip -> number of frames, of those
         that must have a proxy."""
         proxies = os.fsencode(folder / "marrowcut_proxies")
+        wanted = {os.fsencode(clip).rpartition(b".")[0] + b"_proxy.mp4": frames for clip, frames in whole.items()}
         names = [name for name in (os.listdir(proxies) if os.path.isdir(proxies) else [])
-                 if name.endswith(b"_proxy.mp4") and not name.startswith(b".") and os.path.isfile(proxies + b"/" + name)]
+                 if name.endswith(b"_proxy.mp4") and (name in wanted or not name.startswith(b"."))
+                 and os.path.isfile(proxies + b"/" + name)]
         with ThreadPoolExecutor(os.cpu_count()) as pool:
             counts = dict(zip(names, pool.map(frame_count, [proxies + b"/" + name for name in names])))
         for name, count in counts.items():
             frames = self.frames_of_source(os.fsencode(folder), name.removesuffix(b"_proxy.mp4"))
             check(count in frames, f"{name} is not whole")
-        for clip, frames in whole.items():
-            count = counts.get(os.fsencode(clip).rpartition(b".")[0] + b"_proxy.mp4")
-            check(count == frames, f"the proxy of {clip} has {count} frames")
+        for name, frames in wanted.items():
+            check(counts.get(name) == frames, f"{name} has {counts.get(name)} frames")
         manifest = proxies + b"/manifest.csv"
         if os.path.exists(manifest):
             with open(manifest, "rb") as file:

@@ -37,6 +37,8 @@ QByteArray clipOf(const QByteArray &duration)
 
 } // namespace
 
+// Under the thread sanitizer these would hide from it that Qt is the caller.
+#ifndef __SANITIZE_THREAD__
 void *operator new(std::size_t size)
 {
     void *memory =
@@ -55,6 +57,7 @@ void operator delete(void *memory, std::size_t) noexcept
 {
     std::free(memory);
 }
+#endif
 
 class TestRun : public QObject
 {
@@ -128,6 +131,9 @@ private Q_SLOTS:
 
     void memoryThatRunsOutFailsOneClip()
     {
+#ifdef __SANITIZE_THREAD__
+        QSKIP("No allocation can be made to fail here.");
+#endif
         QFETCH(const QString, label);
         const QUuid id = addClip(QStringLiteral("a.mov"));
         const QUuid next = addClip(QStringLiteral("b.mov"));
