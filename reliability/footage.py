@@ -186,6 +186,7 @@ def planted_links(place):
             check([*map(lambda path: path.read_bytes() == before, outside.iterdir())] == [True], f"outside: {what}")
             proxy = proxies / "a_proxy.mp4"
             check(not proxy.is_symlink() and proxy.exists() == (status == 0), f"published: {what}")
+            check(status == 0 or moment != "before", f"what an earlier run can leave was not removed: {what}")
             place.judge(folder, {"a.mov": 10 if clip == "short.mov" else 91} if status == 0 else {})
 
 
