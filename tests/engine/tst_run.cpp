@@ -1,76 +1,20 @@
 // Runs of the queue over stand-in tools: every outcome, and what is left on disk.
 
-#include "engine/burn_in_engine.h"
-#include "engine/manifest.h"
 #include "media/failure_messages.h"
 #include "platform/clip_lock.h"
-#include "platform/notification_center.h"
-#include "platform/preference_store.h"
-#include "support/stand_in_script.h"
+#include "support/engine_case.h"
 
-#include <QDir>
 #include <QTest>
 #include <QThread>
 
-#include <atomic>
-#include <cstdlib>
-#include <new>
-
-#include <fcntl.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 using namespace marrowcut;
+using namespace marrowcut::testing;
 
-namespace
-{
-
-/// Whether the next allocation on another thread than the main one fails.
-std::atomic<bool> isOutOfMemory = false;
-
-/// A probe's answers for a clip of the given duration; the encoder's part of the script follows.
-QByteArray clipOf(const QByteArray &duration)
-{
-    return "when ffprobe stream=avg_frame_rate\nout 25/1\\n\nend\nwhen ffprobe format=duration\nout " +
-           duration + "\\n\nend\nwhen ffprobe\nexit 0\nend\n";
-}
-
-} // namespace
-
-// Under the thread sanitizer these would hide from it that Qt is the caller.
-#ifndef __SANITIZE_THREAD__
-void *operator new(std::size_t size)
-{
-    void *memory =
-        isOutOfMemory && gettid() != getpid() && isOutOfMemory.exchange(false) ? nullptr : std::malloc(size);
-    if (!memory)
-        throw std::bad_alloc();
-    return memory;
-}
-
-void operator delete(void *memory) noexcept
-{
-    std::free(memory);
-}
-
-void operator delete(void *memory, std::size_t) noexcept
-{
-    std::free(memory);
-}
-#endif
-
-class TestRun : public QObject
+class TestRun : public QObject, EngineCase
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init()
-    {
-        m_engine.reset();
-        m_script = std::make_unique<StandInScript>();
-        m_notifications = std::make_unique<MemoryNotificationCenter>(true);
-        m_engine = std::make_unique<BurnInEngine>(m_preferences, *m_notifications);
-        useEncoder(QStringLiteral("libx264")); // whatever this machine has
-    }
+    void init() { setUp(); }
 
     void clipsBecomeProxies()
     {
@@ -120,32 +64,6 @@ private Q_SLOTS:
         QCOMPARE(job(id).status, JobStatus::done());
         m_engine->clearCompleted();
         QVERIFY(m_engine->jobs().isEmpty());
-    }
-
-    void memoryThatRunsOutFailsOneClip_data()
-    {
-        QTest::addColumn<QString>("label"); // after which it happens
-        for (const char *label : {"Queued", "Reading metadata…", "Encoding…"})
-            QTest::newRow(label) << QString::fromUtf8(label);
-    }
-
-    void memoryThatRunsOutFailsOneClip()
-    {
-#ifdef __SANITIZE_THREAD__
-        QSKIP("No allocation can be made to fail here.");
-#endif
-        QFETCH(const QString, label);
-        const QUuid id = addClip(QStringLiteral("a.mov"));
-        const QUuid next = addClip(QStringLiteral("b.mov"));
-        bool hasHappened = false;
-        connect(m_engine.get(), &BurnInEngine::willChange, this, [&] {
-            if (job(id).status.label() == label)
-                isOutOfMemory = !std::exchange(hasHappened, true);
-        });
-        run(clipOf("60") + "write-output\n");
-        QCOMPARE(job(id).status, JobStatus::failed(QStringLiteral("encode error")));
-        QCOMPARE(job(id).errorDetail, media::outOfMemory);
-        QCOMPARE(job(next).status, JobStatus::done());
     }
 
     void encoderIsChosenByDuration()
@@ -215,7 +133,7 @@ private Q_SLOTS:
         m_engine->setQualityPreset(QualityPreset::tiny);
         m_engine->toggleSelected(chosen); // before the run's thread could look
         m_engine->toggleSelected(other);
-        QTRY_VERIFY_WITH_TIMEOUT(!m_engine->isRunning(), 60000);
+        awaitEnd();
         QCOMPARE(job(chosen).status, JobStatus::done());
         QVERIFY(job(other).status.isQueued());
         QVERIFY(m_script->contents(QStringLiteral("calls")).contains("scale=960:"));
@@ -259,7 +177,7 @@ private Q_SLOTS:
         QVERIFY(job(held).status.isQueued());
         m_engine->removeFromQueue(held); // and so it is gone, whatever happens to the lock
         lock.reset();
-        QTRY_VERIFY_WITH_TIMEOUT(!m_engine->isRunning(), 60000);
+        awaitEnd();
         QCOMPARE(m_engine->waitingJob(), std::nullopt);
         QVERIFY(!m_script->contents(QStringLiteral("calls")).contains("a.mov"));
         QCOMPARE(job(next).status, JobStatus::done()); // held by nobody
@@ -271,61 +189,8 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(m_engine->waitingJob(), finished, 60000);
         m_script->touch(QStringLiteral("marrowcut_proxies/c_proxy.mp4"));
         lock.reset();
-        QTRY_VERIFY_WITH_TIMEOUT(!m_engine->isRunning(), 60000);
+        awaitEnd();
         QCOMPARE(job(finished).status, JobStatus::skipped());
-    }
-
-    void manifestLinesOfSeveralWritersStayWhole()
-    {
-        const OutputPaths paths =
-            OutputPaths::forSource(QUrl::fromLocalFile(m_script->path(QStringLiteral("a.mov"))));
-        QVERIFY(QDir().mkpath(paths.outDir));
-        const QByteArray line = QByteArray(300, 'x') + '\n';
-        QList<pid_t> writers; // processes: the lock is theirs
-        for (int writer = 0; writer < 4; ++writer) {
-            const pid_t child = fork();
-            QVERIFY(child >= 0);
-            if (child == 0) {
-                for (int count = 0; count < 100; ++count)
-                    Manifest::append(paths.manifest, QString::fromLatin1(line));
-                _exit(0);
-            }
-            writers.append(child);
-        }
-        for (const pid_t writer : writers) {
-            int status = -1;
-            QCOMPARE(waitpid(writer, &status, 0), writer);
-            QCOMPARE(status, 0); // it reached its end
-        }
-        QList<QByteArray> lines = manifest();
-        QVERIFY(lines.takeFirst().startsWith("source_filename,"));
-        QCOMPARE(lines.takeLast(), QByteArray());
-        QCOMPARE(lines, QList<QByteArray>(400, line.chopped(1)));
-    }
-
-    void manifestThatIsRemovedUnderItsLockIsMadeAnew()
-    {
-        const OutputPaths paths =
-            OutputPaths::forSource(QUrl::fromLocalFile(m_script->path(QStringLiteral("a.mov"))));
-        QVERIFY(QDir().mkpath(paths.outDir));
-        const QByteArray path = QFile::encodeName(paths.manifest);
-        const QByteArray locked = QFile::encodeName(m_script->path(QStringLiteral("locked")));
-        const pid_t child = fork(); // the lock is a process's
-        if (child == 0) {
-            struct flock whole = {};
-            whole.l_type = F_WRLCK;
-            const int file = open(path.constData(), O_RDWR | O_CREAT, 0600);
-            if (fcntl(file, F_SETLK, &whole) != 0 || open(locked.constData(), O_CREAT, 0600) < 0)
-                _exit(1);
-            QThread::msleep(100); // for the other to find the lock, which nothing reports
-            _exit(unlink(path.constData()));
-        }
-        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(QFile::decodeName(locked)), 60000);
-        Manifest::append(paths.manifest, QStringLiteral("line\n"));
-        int status = -1;
-        QCOMPARE(waitpid(child, &status, 0), child);
-        QCOMPARE(status, 0);
-        QCOMPARE(manifest().mid(1), (QList<QByteArray>{"line", ""}));
     }
 
     void quitBetweenTheProxyAndItsStatusLosesNoLine()
@@ -356,7 +221,7 @@ private Q_SLOTS:
         m_engine->toggleSelected(unticked);
         const QUuid added = addClip(QStringLiteral("d.mov"));
         m_script->touch(QStringLiteral("go"));
-        QTRY_VERIFY_WITH_TIMEOUT(!m_engine->isRunning(), 60000);
+        awaitEnd();
 
         QVERIFY(job(first).status.isSuccessful());
         QVERIFY(job(unticked).status.isSuccessful()); // chosen when the run began
@@ -375,50 +240,6 @@ private Q_SLOTS:
         QCOMPARE(m_notifications->requests().last().body, QStringLiteral("1 done, 1 failed."));
         QCOMPARE(m_notifications->requests().last().identifier.size(), 36);
     }
-
-private:
-    void useEncoder(const QString &name)
-    {
-        m_engine->setEncoderChoice(media::EncoderChoice(media::VideoEncoder{.name = name}));
-    }
-
-    QUuid addClip(const QString &name)
-    {
-        m_script->touch(name);
-        m_engine->enqueue({QUrl::fromLocalFile(m_script->path(name))});
-        return m_engine->jobs().last().id;
-    }
-
-    const ProxyJob &job(const QUuid &id) const
-    {
-        return *std::find_if(m_engine->jobs().begin(), m_engine->jobs().end(),
-                             [&id](const ProxyJob &candidate) { return candidate.id == id; });
-    }
-
-    void run(const QByteArray &script)
-    {
-        m_script->set(script);
-        m_engine->start();
-        m_engine->start(); // changes nothing during a run
-        QVERIFY(m_engine->isRunning());
-        QTRY_VERIFY_WITH_TIMEOUT(!m_engine->isRunning(), 60000);
-    }
-
-    QList<QByteArray> manifest() const
-    {
-        return m_script->contents(QStringLiteral("marrowcut_proxies/manifest.csv")).split('\n');
-    }
-
-    QStringList proxies() const
-    {
-        return QDir(m_script->path(QStringLiteral("marrowcut_proxies")))
-            .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
-    }
-
-    std::unique_ptr<StandInScript> m_script;
-    MemoryPreferenceStore m_preferences;
-    std::unique_ptr<MemoryNotificationCenter> m_notifications;
-    std::unique_ptr<BurnInEngine> m_engine;
 };
 
 QTEST_GUILESS_MAIN(TestRun)

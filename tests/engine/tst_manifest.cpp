@@ -1,0 +1,88 @@
+// The manifest with more than one writer. They are processes, since its lock is a process's.
+
+#include "engine/manifest.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QThread>
+
+#include <fcntl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace marrowcut;
+
+class TestManifest : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init() { QFile::remove(m_path); }
+
+    void linesOfSeveralWritersStayWhole()
+    {
+        const QByteArray line = QByteArray(300, 'x') + '\n';
+        QList<pid_t> writers;
+        for (int writer = 0; writer < 4; ++writer) {
+            writers.append(inChild([&] {
+                for (int count = 0; count < 100; ++count)
+                    Manifest::append(m_path, QString::fromLatin1(line));
+                return 0;
+            }));
+        }
+        for (const pid_t writer : writers)
+            awaitSuccess(writer);
+        QCOMPARE(linesBelowTheHeader(), line.repeated(400));
+    }
+
+    void oneThatIsRemovedUnderItsLockIsMadeAnew()
+    {
+        const QString locked = m_folder.filePath(QStringLiteral("locked"));
+        const pid_t child = inChild([&] {
+            struct flock whole = {};
+            whole.l_type = F_WRLCK;
+            QFile manifest(m_path);
+            if (!manifest.open(QIODevice::ReadWrite) || fcntl(manifest.handle(), F_SETLK, &whole) != 0 ||
+                !QFile(locked).open(QIODevice::WriteOnly))
+                return 1;
+            QThread::msleep(100); // for the other to find the lock, which nothing reports
+            return unlink(QFile::encodeName(m_path).constData());
+        });
+        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(locked), 60000);
+        Manifest::append(m_path, QStringLiteral("line\n"));
+        awaitSuccess(child);
+        QCOMPARE(linesBelowTheHeader(), QByteArray("line\n"));
+    }
+
+private:
+    /// Starts a process that ends with the status which the work returns.
+    template <typename Work>
+    static pid_t inChild(const Work &work)
+    {
+        const pid_t child = fork();
+        if (child == 0)
+            _exit(work());
+        return child;
+    }
+
+    static void awaitSuccess(pid_t child)
+    {
+        int status = -1;
+        QCOMPARE(waitpid(child, &status, 0), child);
+        QCOMPARE(status, 0);
+    }
+
+    QByteArray linesBelowTheHeader() const
+    {
+        QFile file(m_path);
+        if (!file.open(QIODevice::ReadOnly) || !file.readLine().startsWith("source_filename,"))
+            return "no header";
+        return file.readAll();
+    }
+
+    QTemporaryDir m_folder;
+    const QString m_path = m_folder.filePath(QStringLiteral("manifest.csv"));
+};
+
+QTEST_GUILESS_MAIN(TestManifest)
+#include "tst_manifest.moc"
