@@ -41,6 +41,13 @@ TestCase {
         return item && item.visible ? item as Item : null;
     }
 
+    function addClips(count: int) {
+        for (let number = 0; number < count; ++number)
+            queue.add("/clips/" + number + ".mxf");
+        awaitLayout();
+        awaitLayout();
+    }
+
     function click(name: string) {
         tryVerify(() => find(name) !== null);
         awaitLayout();

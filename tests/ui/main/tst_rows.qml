@@ -67,9 +67,13 @@ WindowCase {
         compare(find("burnInTitle").mapToItem(content, 0, 0).x, piece(0, "burnInCheck").mapToItem(content, 0, 0).x);
         mouseClick(piece(0, "burnInCheck"), 7);
         tryVerify(() => !queue.isBurnInEnabled(0));
+        piece(0, "burnInCheck").Accessible.toggleAction();
+        verify(queue.isBurnInEnabled(0));
         fuzzyCompare(piece(1, "burnInCheck").opacity, 0.4, 0.001);
-        mouseClick(piece(1, "burnInCheck"), 7);
-        verify(queue.isBurnInEnabled(1));
+        for (const press of [check => mouseClick(check, 7), check => check.Accessible.toggleAction(), check => check.Accessible.pressAction()]) {
+            press(piece(1, "burnInCheck"));
+            verify(queue.isBurnInEnabled(1));
+        }
 
         queue.setStatus(0, "done");
         queue.setStatus(1, "done");
@@ -174,65 +178,12 @@ WindowCase {
         compare(list.contentY, list.originY - list.topMargin);
     }
 
-    function test_keyboardGoesThroughTheRows() {
-        queue.add("/clips/earlier.mxf", "done");
-        row(0);
-        click("clearButton");
-        tryVerify(() => find("jobList") === null);
-        queue.add("/clips/A001.mxf");
-        queue.add("/clips/A002.mxf");
-        queue.add("/clips/A003.mxf", "failed:encode error");
-        row(2);
-        find("advancedButton").forceActiveFocus();
-        keyClick(Qt.Key_Tab);
-        tryCompare(row(0), "visualFocus", true);
-        keyClick(Qt.Key_Space);
-        tryVerify(() => !queue.isSelected(0));
-        keyClick(Qt.Key_Tab);
-        tryCompare(piece(0, "includeCheck"), "visualFocus", true);
-        keyClick(Qt.Key_Down);
-        tryCompare(row(1), "visualFocus", true);
-        keyClick(Qt.Key_Tab);
-        keyClick(Qt.Key_Tab);
-        tryCompare(piece(1, "removeButton"), "activeFocus", true);
-        keyClick(Qt.Key_Tab);
-        tryCompare(find("selectAllButton"), "activeFocus", true);
-        keyClick(Qt.Key_Backtab);
-        tryCompare(piece(1, "removeButton"), "activeFocus", true);
-        keyClick(Qt.Key_Down);
-        keyClick(Qt.Key_Tab);
-        tryCompare(piece(2, "retryButton"), "visualFocus", true);
-        keyClick(Qt.Key_Space);
-        tryVerify(() => piece(2, "includeCheck") !== null);
-        tryCompare(row(2), "visualFocus", true);
-    }
-
-    function addClips(count: int) {
-        for (let number = 0; number < count; ++number)
-            queue.add("/clips/" + number + ".mxf");
-        awaitLayout();
-        awaitLayout();
-    }
-
     function test_oneLineAtTheLeadingEdge() {
         queue.add("/clips/two\nlines.mxf");
         queue.add("/clips/\u05d0\u05d1.mxf");
         compare(piece(0, "name").lineCount, 1);
         compare(piece(0, "name").height, piece(1, "name").height);
         compare(piece(1, "name").effectiveHorizontalAlignment, Text.AlignLeft);
-    }
-
-    function test_aDisabledCheckCannotBePressed() {
-        queue.add("/clips/A001.mxf");
-        click("advancedButton");
-        tryVerify(() => piece(0, "burnInCheck") !== null);
-        piece(0, "burnInCheck").Accessible.toggleAction();
-        verify(!queue.isBurnInEnabled(0));
-        queue.setSelected(0, false);
-        tryCompare(piece(0, "burnInCheck"), "enabled", false);
-        piece(0, "burnInCheck").Accessible.toggleAction();
-        piece(0, "burnInCheck").Accessible.pressAction();
-        verify(!queue.isBurnInEnabled(0));
     }
 
     function test_waitingIsSaid() {
@@ -265,69 +216,6 @@ WindowCase {
         verify(list.isGuarded); // the next row's button is under the pointer
     }
 
-    function test_secondSpaceOnGoRemovesNothing() {
-        addClips(2);
-        find("goButton").forceActiveFocus(Qt.TabFocusReason);
-        keyClick(Qt.Key_Space);
-        compare(queue.startCount, 1);
-        queue.stageRunning(true);
-        tryCompare(row(0), "visualFocus", true);
-        queue.setStatus(0, "probing");
-        awaitLayout();
-        keyClick(Qt.Key_Space);
-        keyClick(Qt.Key_Space);
-        compare(queue.jobCount, 2);
-        verify(row(0).visualFocus);
-    }
-
-    function test_noKeyActsOnARowOutOfSight() {
-        addClips(60);
-        const list = find("jobList");
-        row(0).takeFocus(Qt.TabFocusReason);
-        keyClick(Qt.Key_Tab);
-        verify(piece(0, "includeCheck").visualFocus);
-        mouseWheel(list, 100, 50, 0, -120 * 20);
-        tryVerify(() => !list.isInView(0));
-        verify(!findChild(list.currentItem, "includeCheck").activeFocus);
-        keyClick(Qt.Key_Space);
-        verify(queue.isSelected(0) && list.isInView(0));
-        mouseWheel(list, 100, 50, 0, -120 * 20);
-        tryVerify(() => !list.isInView(0));
-        keyClick(Qt.Key_Tab);
-        verify(list.isInView(0));
-        compare(queue.jobCount, 60);
-    }
-
-    function test_keysMoveAndRemove() {
-        addClips(60);
-        const list = find("jobList");
-        row(0).takeFocus(Qt.TabFocusReason);
-        keyClick(Qt.Key_End);
-        tryVerify(() => row(59).visualFocus && list.isInView(59));
-        keyClick(Qt.Key_PageUp);
-        verify(list.currentIndex < 58 && list.currentItem.visualFocus);
-        keyClick(Qt.Key_Home);
-        keyClick(Qt.Key_Down);
-        tryVerify(() => row(1).visualFocus && list.isInView(1));
-        keyClick(Qt.Key_Delete);
-        compare(queue.jobCount, 59);
-        tryVerify(() => row(1).visualFocus && row(1).name === "2.mxf");
-        piece(1, "removeButton").forceActiveFocus(Qt.TabFocusReason);
-        keyClick(Qt.Key_Space);
-        tryVerify(() => row(1).name === "3.mxf" && piece(1, "removeButton").visualFocus);
-        queue.setStatus(1, "encoding");
-        tryCompare(row(1), "visualFocus", true);
-        keyClick(Qt.Key_Delete);
-        compare(queue.jobCount, 58);
-    }
-
-    function test_focusIsShownAfterTheLastRow() {
-        addClips(1);
-        row(0).takeFocus(Qt.TabFocusReason);
-        keyClick(Qt.Key_Delete);
-        tryVerify(() => find("jobList") === null && content.Window.activeFocusItem.visualFocus);
-    }
-
     function test_runningRowStaysInView() {
         addClips(60);
         const list = find("jobList");
@@ -358,15 +246,5 @@ WindowCase {
         compare(list.contentY, top);
         mouseWheel(list, 200, 50, 0, -120);
         tryVerify(() => list.contentY > top);
-    }
-
-    function test_groundIsForKeyboardFocusOnly() {
-        addClips(2);
-        click("goButton");
-        queue.stageRunning(true);
-        tryVerify(() => row(0).activeFocus);
-        verify(!row(0).hasKeyboardFocus);
-        keyClick(Qt.Key_Down);
-        tryVerify(() => row(1).hasKeyboardFocus);
     }
 }
