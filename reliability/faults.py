@@ -18,10 +18,8 @@ STEPS = [
     ("probe is not to be started", SINGLE, None, METADATA),
     ("encoder is not to be started", SINGLE, None, ENCODE_ERROR),
     ("encoder is a folder", SINGLE, None, ENCODE_ERROR),
-    ("encode exits with 1", SINGLE, '[ $tool = ffmpeg ] && exit 1', ENCODE_ERROR),
     ("encode exits with 255, truncated", SINGLE, '[ $tool = ffmpeg ] && { echo x >"$output"; exit 255; }', ENCODE_ERROR),
     ("encode crashes", SINGLE, '[ $tool = ffmpeg ] && { echo x >"$output"; kill -SEGV $$; }', ENCODE_ERROR),
-    ("encode is killed", SINGLE, '[ $tool = ffmpeg ] && { echo x >"$output"; kill -KILL $$; }', ENCODE_ERROR),
     ("encode writes no file", SINGLE, '[ $tool = ffmpeg ] && exit 0', ENCODE_ERROR),
     ("encode ends well without a picture", SINGLE,
      '[ $tool = ffmpeg ] && { "$real" "${@:1:$#-1}" -frames:v 0 -y "$output"; exit $?; }', ENCODE_ERROR),
@@ -29,7 +27,6 @@ STEPS = [
     ("source gone before the encode", SINGLE, '[[ $* == *creation_time* ]] && rm "{source}"', ENCODE_ERROR),
     ("source gone before the probe", SINGLE, 'rm -f "{source}"', METADATA),
     ("first piece exits with 1", LONG, '[[ $output == *part_0000* ]] && exit 1', ENCODE_ERROR),
-    ("second piece exits with 1", LONG, '[[ $output == *part_0001* ]] && exit 1', ENCODE_ERROR),
     ("second piece crashes", LONG, '[[ $output == *part_0001* ]] && kill -SEGV $$', ENCODE_ERROR),
     ("part file missing", LONG, '[[ $output == *part_0001* ]] && { "$real" "$@"; rm "$output"; exit 0; }', ENCODE_ERROR),
     ("first part gone before the join", LONG, '[[ $* == *concat* ]] && rm "$(dirname "$output")"/.chunks_*/part_0000.mp4',
@@ -41,7 +38,6 @@ STEPS = [
     ("join list gone", LONG, '[[ $* == *concat* ]] && rm "$(dirname "$output")"/.chunks_*/concat.txt', ENCODE_ERROR),
     ("join truncated", LONG, '[[ $* == *concat* ]] && { "$real" "$@"; truncate -s -1 "$output"; exit 0; }', ENCODE_ERROR),
     ("join exits with 1", LONG, '[[ $* == *concat* ]] && exit 1', ENCODE_ERROR),
-    ("join crashes", LONG, '[[ $* == *concat* ]] && kill -SEGV $$', ENCODE_ERROR),
     ("move after the join fails", LONG, '[[ $* == *concat* ]] && { "$real" "$@"; mkdir -p "{final}/x"; exit 0; }', ENCODE_ERROR),
 ]
 
@@ -62,6 +58,10 @@ DISKS = [
     ("read-only folder", SINGLE, True, "", ENCODE_ERROR),
 ]
 
+# The replies about the sound clips, which are all alike, are kept from the first time: most of the time goes to them.
+KEEP = ('[[ $tool == ffprobe && $output == */sound/* ]] && {{ kept="{}/${{*%"$output"}}"; [ -f "$kept" ] || '
+        '{{ "$real" "$@" >"$kept.$$" && mv "$kept.$$" "$kept"; }}; exec cat "$kept"; }}; ')
+
 
 def break_tool(place, name):
     """Makes the tools unusable for the last clip, at the end of the one before."""
@@ -80,20 +80,20 @@ def run_three(place, folder, kind, fault, status, order):
     """a and b are sound, c meets the fault in a folder of its own."""
     sound = place.folder / "sound"
     sound.mkdir()
-    shutil.copy(place.clips[SINGLE], sound / "a.mov")
-    b_is_long = kind == SINGLE and order == "acb"
-    shutil.copy(place.clips[LONG if b_is_long else SINGLE], sound / "b.mov")
+    for name in ("a.mov", "b.mov"):
+        shutil.copy(place.clips[SINGLE], sound / name)
     source = folder / "c.mov"
     fault = fault.replace("{source}", os.fspath(source)).replace("{final}", f"{folder}/marrowcut_proxies/c_proxy.mp4")
     if order == "acb":  # what is broken for the last clip is broken earlier on, everything else at its own calls
         fault = f'if [[ "$*" == *"{folder}"* ]]; then {fault or "true"}; fi'
+    fault = KEEP.format(place.clips[SINGLE].parent) + fault
     clips = {"a": sound / "a.mov", "b": sound / "b.mov", "c": source}
-    code, output = place.run(*(clips[name] for name in order), fault=fault)
+    code, output = place.run("--quality", "tiny", *(clips[name] for name in order), fault=fault)
 
     expected = "Done" if status is None else f"Failed: {status}"
     check(f"c.mov: {expected}\n" in output, f"status is not {expected!r}: {output}")
     check(code == (0 if status is None else 1), f"exit status {code}")
-    place.judge(sound, {"a.mov": 10, "b.mov": 91 if b_is_long else 10})
+    place.judge(sound, {"a.mov": 10, "b.mov": 10})
     check_manifest(sound, {"a.mov": "done", "b.mov": "done"})
     outcome = {METADATA: "failed: metadata", ENCODE_ERROR: "failed: encode error", None: "done"}[status]
     check_manifest(folder, {"c.mov": outcome}, may_be_missing=True)

@@ -18,9 +18,11 @@ from functools import partial
 
 from harness import HEADER, Workplace, argument, attempt, check, check_manifest_lines, frame_count, report
 
-NAMES = [f"A001C{number:03}.MXF" for number in range(12)] + ["it's 100%.mov", "two\nlines.mov", "-dash.mp4", "\\$HOME `x`.mov"]
+CLIPS = argument("--clips", 50)
+NAMES = [f"A001C{number:03}.MXF" for number in range(min(CLIPS, 12))]
+NAMES += ["it's 100%.mov", "two\nlines.mov", "-dash.mp4", "\\$HOME `x`.mov"]
 BROKEN = "broken.mov"
-ENCODE = ["--encoder", "libx264", "--quiet"]
+ENCODE = ["--encoder", "libx264", "--quality", "tiny", "--quiet"]
 FIND = ["-name", "marrowcut_proxies", "-prune", "-o", "-type", "f", "(", "-iname", "*.mxf", "-o", "-iname", "*.mov", "-o",
         "-iname", "*.mp4", ")", "-print0"]
 
@@ -42,7 +44,7 @@ class Night:
         with open(self.place.folder / "night.jsonl", "ab") as results:
             return subprocess.Popen(
                 ["parallel", "--will-cite", "--null", "--arg-file", self.place.folder / "clips.list", "--jobs", "4",
-                 "--joblog", self.place.folder / "night.log", *options, self.place.program, "--json", "{}"],
+                 "--joblog", self.place.folder / "night.log", *options, self.place.program, "--quality", "tiny", "--json", "{}"],
                 env=self.place.environment, cwd="/", stdin=subprocess.DEVNULL, stdout=results,
                 stderr=subprocess.DEVNULL, start_new_session=True)
 
@@ -130,7 +132,6 @@ class Share:
     """What eight processes are given, and what one process makes of it."""
 
     def __init__(self, place):
-        self.clips = argument("--clips", 50)
         self.kept = place.folder / "kept"
         self.card = place.folder / "card"
         for folder in (self.kept, self.card):
@@ -148,10 +149,10 @@ class Share:
             proxy = self.card / f"marrowcut_proxies/P{process}C000_proxy.mp4"
             check(frame_count(proxy) == 3 + process, f"frames of {proxy.name}")
         self.proxies, self.lines = self.made(self.card)
-        check(len(self.lines) == len(set(self.proxies.values())) == PROCESSES * self.clips, "proxies that don't differ")
+        check(len(self.lines) == len(set(self.proxies.values())) == PROCESSES * CLIPS, "proxies that don't differ")
 
     def names(self, process):
-        return [f"P{process}C{number:03}.mov" for number in range(self.clips)]
+        return [f"P{process}C{number:03}.mov" for number in range(CLIPS)]
 
     def keep_replies(self, place):
         (place.tools / "ffprobe").write_text(KEPT_REPLIES.format(kept=self.kept, real=shutil.which("ffprobe")))
@@ -201,7 +202,7 @@ def side_by_side(share, place, seed):
         victim, sent = chance.randrange(PROCESSES), signal.SIGKILL if seed % 4 == 1 else signal.SIGTERM
         may_miss = int(sent == signal.SIGKILL)
         processes[victim] = end_and_resume(processes[victim], start, card / "marrowcut_proxies", victim, sent,
-                                           chance.randrange(share.clips))
+                                           chance.randrange(CLIPS))
     for process in processes:
         output, errors = process.communicate(timeout=600)
         check((process.returncode, output + errors) == (0, b""), f"status {process.returncode}: {errors}")
@@ -216,7 +217,7 @@ def same_clips(place, seed):
     """Two processes given one folder: each clip is encoded once."""
     card = place.folder / "card"
     card.mkdir()
-    names = [f"{number}.mov" for number in range(argument("--clips", 50) // 4 + 1)]
+    names = [f"{number}.mov" for number in range(CLIPS // 4 + 1)]
     for name in names:
         shutil.copy(place.clips["short.mov"], card / name)
     calls = place.folder / "calls"
