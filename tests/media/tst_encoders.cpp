@@ -53,25 +53,6 @@ private Q_SLOTS:
         QVERIFY(m_published.isEmpty());
     }
 
-    void piecesAndJoin()
-    {
-        const EncodeResult result = chunked(
-            "note @/calls\nwhen concat\nnote @/join\nend\nwhen part_\nerr frame= 9 \\r\nend\nwrite-output\n",
-            200);
-        QVERIFY(result.success);
-        QCOMPARE(outputs(), QStringList{QStringLiteral("A.1_proxy.mp4")});
-
-        const QByteArray calls = m_script->contents(QStringLiteral("calls"));
-        QCOMPARE(calls.count("\n-ss\n"), 3);
-        QVERIFY(calls.contains("-ss\n180.0\n-i\n"));
-        QVERIFY(calls.contains("\n-t\n20.0\n"));
-        const QByteArray folder = out().toUtf8();
-        QVERIFY(calls.contains(folder + ".chunks_A.1/part_0002.mp4\n"));
-        const QByteArray join = m_script->contents(QStringLiteral("join"));
-        QVERIFY(join.contains("-i\n" + folder + ".chunks_A.1/concat.txt\n-c\ncopy\n-timecode\n01:00:00:00\n" +
-                              folder + ".tmp_A.1_proxy.mp4\n"));
-    }
-
     void pieceProgress()
     {
         chunked("when part_0001\nerr frame=9 time=00:00:45.00 speed=3x\\r\nend\nwrite-output\n", 200);

@@ -1,6 +1,5 @@
 #include "media/burn_in_filter.h"
 #include "media/encoder_arguments.h"
-#include "media/error_output.h"
 #include "media/numbers.h"
 #include "media/progress_parsing.h"
 #include "media/timecode_math.h"
@@ -106,22 +105,6 @@ private Q_SLOTS:
                  QStringLiteral(
                      "-y -loglevel warning -f concat -safe 0 -i /w/concat.txt -c copy -timecode 10:00:00:00 "
                      "/j.mp4"));
-
-        EncodeJob drawn = exampleJob(0);
-        drawn.burnInEnabled = true;
-        const QString third = spaced(pieceArguments(drawn, linux, {2, 180.0, 20.0}, QString()));
-        QVERIFY(third.contains(QStringLiteral("timecode='10\\:03\\:00\\:00'")));
-        QVERIFY(third.contains(QStringLiteral("timecode='00\\:03\\:00\\:00'")));
-
-        for (const auto &[preset, rates] :
-             {std::pair(QualityPreset::standard,
-                        "-b:v 2M -maxrate 2.8M -bufsize 4M -pix_fmt yuv420p -c:a aac -b:a 128k"),
-              std::pair(QualityPreset::tiny,
-                        "-b:v 700k -maxrate 1M -bufsize 1.4M -pix_fmt yuv420p -c:a aac -b:a 64k")}) {
-            EncodeJob job = exampleJob(1);
-            job.preset = preset;
-            QVERIFY(spaced(singlePassArguments(job, linux, QString())).contains(QLatin1String(rates)));
-        }
     }
 
     void nominalFPS()
@@ -183,19 +166,6 @@ private Q_SLOTS:
             QVERIFY2(!decimalNumber(QString::fromLatin1(text)), text);
         QCOMPARE(wholeNumber(u"-07"), -7);
         QVERIFY(!wholeNumber(u"9223372036854775808"));
-    }
-
-    void stderrTail()
-    {
-        StderrTail tail;
-        QCOMPARE(tail.text(), QString());
-        for (int number = 1; number <= 30; ++number)
-            tail.append(QString::number(number));
-        QCOMPARE(tail.lines().size(), 25);
-        QCOMPARE(tail.lines().first(), QStringLiteral("6"));
-        tail.append(QStringLiteral("x\n\ny"));
-        QCOMPARE(tail.lines().size(), 25);
-        QVERIFY(tail.text().endsWith(QStringLiteral("30\nx\ny")));
     }
 };
 

@@ -14,8 +14,7 @@ class TestProbe : public QObject
 private Q_SLOTS:
     void readsItsSixAnswers()
     {
-        m_script.set("note @/queries\n"
-                     "when format_tags=timecode\nout \\n 01:02:03;04 \\nsecond\\nexit 1\nend\n"
+        m_script.set("when format_tags=timecode\nout \\n 01:02:03;04 \\nsecond\\nexit 1\nend\n"
                      "when v:0 stream=avg_frame_rate\nout 30000/1001\\n\nend\n"
                      "when csv=p=0\nout 1\\n 2\\t\\n\\n3,x\\n\nend\n"
                      "when format=duration\nout 12.345000\\n\nend\n"
@@ -27,21 +26,6 @@ private Q_SLOTS:
         QCOMPARE(meta->audioCount, 3);
         QCOMPARE(meta->duration, 12.345);
         QCOMPARE(meta->fileDate, QStringLiteral("2023-11-30 08:00:00"));
-
-        const QByteArray plain = " -of default=nw=1:nk=1 /c.mov";
-        const QList<QByteArray> expected = {
-            "-v error -show_entries format_tags=timecode" + plain,
-            "-v error -select_streams v:0 -show_entries stream=avg_frame_rate" + plain,
-            "-v error -select_streams a -show_entries stream=index -of csv=p=0 /c.mov",
-            "-v error -show_entries format=duration" + plain,
-            "-v error -show_entries format_tags=modification_date" + plain,
-            "-v error -show_entries format_tags=creation_time" + plain,
-        };
-        QList<QByteArray> queries; // without the tool's own path
-        for (const QByteArray &call :
-             m_script.contents(QStringLiteral("queries")).trimmed().replace("\n\n", "|").split('|'))
-            queries.append(call.mid(call.indexOf('\n') + 1).replace('\n', ' '));
-        QCOMPARE(queries, expected);
     }
 
     void fallsBack()
