@@ -5,8 +5,9 @@ import os
 import shutil
 import subprocess
 import sys
+from functools import partial
 
-from harness import Workplace, attempt_all, check, check_manifest_lines, enter_mount_namespace, report
+from harness import attempt_all, check, check_manifest_lines, enter_mount_namespace, in_a_workplace, report
 
 SINGLE, LONG = "short.mov", "long.mov"
 ENCODE_ERROR, METADATA = "encode error", "could not read metadata"
@@ -78,10 +79,7 @@ def check_manifest(folder, outcomes, may_be_missing=False):
 
 def run_three(place, folder, kind, fault, status, order):
     """a and b are sound, c meets the fault in a folder of its own."""
-    sound = place.folder / "sound"
-    sound.mkdir()
-    for name in ("a.mov", "b.mov"):
-        shutil.copy(place.clips[SINGLE], sound / name)
+    sound = place.clip_folder({"a.mov": SINGLE, "b.mov": SINGLE}, "sound")
     source = folder / "c.mov"
     fault = fault.replace("{source}", os.fspath(source)).replace("{final}", f"{folder}/marrowcut_proxies/c_proxy.mp4")
     if order == "acb":  # what is broken for the last clip is broken earlier on, everything else at its own calls
@@ -100,44 +98,36 @@ def run_three(place, folder, kind, fault, status, order):
     place.judge(folder, {} if status else {"c.mov": 10 if kind == SINGLE else 91})
 
 
-def check_step(name, kind, fault, status):
-    with Workplace() as place:
-        folder = place.folder / "faulty"
-        folder.mkdir()
+def check_step(place, name, kind, fault, status):
+    folder = place.clip_folder({"c.mov": kind}, "faulty")
+    order = "acb" if fault is not None else "abc"
+    run_three(place, folder, kind, fault if fault is not None else break_tool(place, name), status, order)
+
+
+def check_no_folder(place):
+    folder = place.clip_folder({"c.mov": SINGLE}, "faulty")
+    (folder / "marrowcut_proxies").write_text("a file in its place")
+    run_three(place, folder, SINGLE, "", ENCODE_ERROR, "acb")
+    check((folder / "marrowcut_proxies").read_text() == "a file in its place", "the user's file")
+
+
+def check_disk(place, kind, read_only, fault, status):
+    folder = place.clip_folder({}, "faulty")
+    subprocess.run(["mount", "-t", "tmpfs", "-o", "size=600k", "tmpfs", folder], check=True)
+    try:
         shutil.copy(place.clips[kind], folder / "c.mov")
-        order = "acb" if fault is not None else "abc"
-        run_three(place, folder, kind, fault if fault is not None else break_tool(place, name), status, order)
-
-
-def check_no_folder():
-    with Workplace() as place:
-        folder = place.folder / "faulty"
-        folder.mkdir()
-        shutil.copy(place.clips[SINGLE], folder / "c.mov")
-        (folder / "marrowcut_proxies").write_text("a file in its place")
-        run_three(place, folder, SINGLE, "", ENCODE_ERROR, "acb")
-        check((folder / "marrowcut_proxies").read_text() == "a file in its place", "the user's file")
-
-
-def check_disk(kind, read_only, fault, status):
-    with Workplace() as place:
-        folder = place.folder / "faulty"
-        folder.mkdir()
-        subprocess.run(["mount", "-t", "tmpfs", "-o", "size=600k", "tmpfs", folder], check=True)
-        try:
-            shutil.copy(place.clips[kind], folder / "c.mov")
-            if read_only:
-                subprocess.run(["mount", "-o", "remount,ro", folder], check=True)
-            run_three(place, folder, kind, fault, status, "acb")
-        finally:
-            subprocess.run(["umount", "-l", folder], check=True)
+        if read_only:
+            subprocess.run(["mount", "-o", "remount,ro", folder], check=True)
+        run_three(place, folder, kind, fault, status, "acb")
+    finally:
+        subprocess.run(["umount", "-l", folder], check=True)
 
 
 def main():
-    checks = [(step[0], lambda step=step: check_step(*step)) for step in STEPS]
-    checks.append(("output folder not creatable", check_no_folder))
+    checks = [(step[0], partial(in_a_workplace, check_step, *step)) for step in STEPS]
+    checks.append(("output folder not creatable", partial(in_a_workplace, check_no_folder)))
     if enter_mount_namespace():
-        checks += [(disk[0], lambda disk=disk: check_disk(*disk[1:])) for disk in DISKS]
+        checks += [(disk[0], partial(in_a_workplace, check_disk, *disk[1:])) for disk in DISKS]
     else:
         print("  full and read-only disks: not tried, this system allows no mount namespace", file=sys.stderr)
     report("faults", len(checks), attempt_all(checks))

@@ -8,7 +8,7 @@ import time
 from functools import partial
 from pathlib import Path
 
-from harness import Workplace, attempt_all, check, check_manifest_lines, report
+from harness import attempt_all, check, check_manifest_lines, in_a_workplace, report
 
 MEMORY_LIMIT = 100  # MiB
 NOBODY = 65534
@@ -27,12 +27,6 @@ TEXTS = {
     "concat latin": CONCAT.replace(b"\n", b"\n# \xe9\n", 1), "concat nul": CONCAT.replace(b"\n", b"\0\n", 1),
     "dash latin": b'<?xml version="1.0" encoding="ISO-8859-1"?><!-- \xe9 -->' + DASH,
 }
-
-
-def clip_folder(place):
-    folder = place.folder / "clips"
-    folder.mkdir()
-    return folder
 
 
 def video(path, frames):
@@ -60,7 +54,7 @@ def run_measured(place, *arguments, **keywords):
 
 def texts(place):
     """Refused before any tool is started, whatever the extension and the padding."""
-    folder = clip_folder(place)
+    folder = place.clip_folder({})
     names = []
     for kind, text in TEXTS.items():
         for extension in ("mov", "mp4", "mxf"):
@@ -108,7 +102,7 @@ def with_reference(content, target):
 
 def reference_movies(place):
     """They name other files as the place of their media. Those are not read, so nothing can be encoded."""
-    folder = clip_folder(place)
+    folder = place.clip_folder({})
     secret = video(folder / "secret.mov", 33)
     content = secret.read_bytes()
     index = content[content.index(b"moov") - 4:]
@@ -124,7 +118,7 @@ def reference_movies(place):
 
 
 def huge_tag(place):
-    folder = clip_folder(place)
+    folder = place.clip_folder({})
     tags = place.folder / "tags"
     tags.write_text(";FFMETADATA1\ntimecode=" + "9" * 30_000_000 + "\nmodification_date=" + "8" * 30_000_000 + "\n")
     clip = folder / "tagged.mov"
@@ -141,9 +135,8 @@ def huge_tag(place):
 def planted_manifest(place):
     """A link and a named pipe in its place: not followed, not waited for."""
     for kind in ("link", "dangling link", "pipe"):
-        folder = place.folder / kind
-        (folder / "marrowcut_proxies").mkdir(parents=True)
-        shutil.copy(place.clips["short.mov"], folder / "a.mov")
+        folder = place.clip_folder({"a.mov": "short.mov"}, kind)
+        (folder / "marrowcut_proxies").mkdir()
         victim, manifest = folder / "victim", folder / "marrowcut_proxies/manifest.csv"
         if kind == "pipe":
             os.mkfifo(manifest)
@@ -171,10 +164,9 @@ def planted_links(place):
     for clip, name, target in [("short.mov", ".tmp_a_proxy.mp4", foreign), ("long.mov", ".tmp_a_proxy.mp4", foreign),
                                ("long.mov", ".chunks_a", outside)]:
         for moment in ("before", "at the start", "at the end"):
-            folder = place.folder / f"{clip} {name} {moment}"
+            folder = place.clip_folder({"a.mov": clip}, f"{clip} {name} {moment}")
             proxies = folder / "marrowcut_proxies"
-            proxies.mkdir(parents=True)
-            shutil.copy(place.clips[clip], folder / "a.mov")
+            proxies.mkdir()
             plant = PLANT.format(at=proxies / name, to=target)
             if moment == "before":
                 subprocess.run(plant, shell=True, check=True)
@@ -192,14 +184,13 @@ def planted_links(place):
 
 def foreign_work_folder(place):
     """Of another user in a shared folder: it cannot be emptied, and is not used."""
-    folder = clip_folder(place)
+    folder = place.clip_folder({"a.mov": "long.mov"})
     proxies = folder / "marrowcut_proxies"
     victim = place.folder / "victim.mp4"
     victim.write_text("precious")
     (proxies / ".chunks_a").mkdir(parents=True)
     for number in range(2):
         (proxies / f".chunks_a/part_{number:04}.mp4").symlink_to(victim)
-    shutil.copy(place.clips["long.mov"], folder / "a.mov")
     for path in (place.folder, folder):
         path.chmod(PUBLIC)
     (proxies / ".chunks_a").chmod(0o777 | 0o1000)
@@ -211,11 +202,6 @@ def foreign_work_folder(place):
     check("could not be replaced" in output, f"no reason: {output}")
     check(victim.read_text() == "precious", "written through")
     check(not (proxies / "a_proxy.mp4").exists(), "published")
-
-
-def in_a_workplace(run):
-    with Workplace() as place:
-        run(place)
 
 
 CHECKS = [texts, reference_movies, huge_tag, planted_manifest, planted_links]

@@ -75,6 +75,14 @@ class Workplace:
     def __exit__(self, *_):
         shutil.rmtree(self.folder, ignore_errors=True)
 
+    def clip_folder(self, clips, name="clips"):
+        """A folder with copies: name of the clip -> which of ours."""
+        folder = self.folder / name
+        folder.mkdir(parents=True)
+        for clip, kind in clips.items():
+            shutil.copy(self.clips[kind], folder / clip)
+        return folder
+
     def start(self, *arguments, fault="", calls="", **keywords):
         environment = dict(self.environment, FAULT=fault, CALLS=os.fspath(calls), **keywords.pop("extra", {}))
         return subprocess.Popen([os.fsencode(self.program), *map(os.fsencode, arguments)], env=environment,
@@ -155,6 +163,11 @@ def frame_count(path):
     result = subprocess.run(["ffprobe", "-v", "error", "-count_frames", "-select_streams", "v:0", "-show_entries",
                              "stream=nb_read_frames", "-of", "csv=p=0", path], stdout=subprocess.PIPE)
     return int(result.stdout) if result.returncode == 0 and result.stdout.strip().isdigit() else -1
+
+
+def in_a_workplace(run, *arguments):
+    with Workplace() as place:
+        run(place, *arguments)
 
 
 def attempt(name, run):

@@ -2,7 +2,6 @@
 nothing unfinished stands under a final name, and the next run finishes everything. --moments N sets how many."""
 
 import os
-import shutil
 import sys
 import threading
 import time
@@ -19,11 +18,7 @@ ONE_WINDOW = threading.Lock()  # the desktop is looked at for a window by its ti
 
 
 def prepare(place):
-    folder = place.folder / "footage"
-    folder.mkdir()
-    shutil.copy(place.clips["long.mov"], folder / "a.mov")
-    shutil.copy(place.clips["short.mov"], folder / "b.mov")
-    return folder
+    return place.clip_folder({"a.mov": "long.mov", "b.mov": "short.mov"})
 
 
 def whole_run(place):

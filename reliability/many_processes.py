@@ -16,7 +16,7 @@ import subprocess
 import time
 from functools import partial
 
-from harness import HEADER, Workplace, argument, attempt, check, check_manifest_lines, frame_count, report
+from harness import HEADER, Workplace, argument, attempt, check, check_manifest_lines, frame_count, in_a_workplace, report
 
 CLIPS = argument("--clips", 50)
 NAMES = [f"A001C{number:03}.MXF" for number in range(min(CLIPS, 12))]
@@ -32,11 +32,8 @@ class Night:
 
     def __init__(self, place):
         self.place = place
-        self.card = place.folder / "card"
+        self.card = place.clip_folder(dict.fromkeys(NAMES, "short.mov"))
         self.proxies = self.card / "marrowcut_proxies"
-        self.card.mkdir()
-        for name in NAMES:
-            shutil.copy(place.clips["short.mov"], self.card / name)
         (self.card / BROKEN).write_text("nothing")
         (place.folder / "clips.list").write_bytes(subprocess.check_output(["find", self.card, *FIND]))
 
@@ -132,10 +129,8 @@ class Share:
     """What eight processes are given, and what one process makes of it."""
 
     def __init__(self, place):
-        self.kept = place.folder / "kept"
-        self.card = place.folder / "card"
-        for folder in (self.kept, self.card):
-            folder.mkdir()
+        self.kept = place.clip_folder({}, "kept")
+        self.card = place.clip_folder({})
         for process in range(PROCESSES):
             first, *others = (self.card / name for name in self.names(process))
             subprocess.run(["ffmpeg", "-nostdin", "-v", "error", "-f", "lavfi", "-i", "testsrc2=s=64x48:r=25", "-frames:v",
@@ -184,8 +179,7 @@ def side_by_side(share, place, seed):
     """One folder, different clips: the same proxies and lines as of one process. One that was killed between a proxy and
     its line leaves the line out."""
     chance = random.Random(seed)
-    card = place.folder / "card"
-    card.mkdir()
+    card = place.clip_folder({})
     share.keep_replies(place)
     for clip in share.card.glob("*.mov"):
         os.link(clip, card / clip.name)
@@ -215,11 +209,8 @@ def side_by_side(share, place, seed):
 
 def same_clips(place, seed):
     """Two processes given one folder: each clip is encoded once."""
-    card = place.folder / "card"
-    card.mkdir()
     names = [f"{number}.mov" for number in range(CLIPS // 4 + 1)]
-    for name in names:
-        shutil.copy(place.clips["short.mov"], card / name)
+    card = place.clip_folder(dict.fromkeys(names, "short.mov"))
     calls = place.folder / "calls"
     processes = []
     for _ in range(2):
@@ -233,11 +224,6 @@ def same_clips(place, seed):
     place.judge(card, dict.fromkeys(names, 10))
     check(check_manifest_lines(card) == dict.fromkeys(names, "done"), "the manifest")
     check(calls.read_bytes().count(b"ffmpeg\0-y\0") == len(names), "a clip was encoded twice")
-
-
-def in_a_workplace(attack, number):
-    with Workplace() as place:
-        attack(place, number)
 
 
 def main():

@@ -3,11 +3,10 @@ they are and listed byte for byte. --every N takes each Nth name only."""
 
 import os
 import random
-import shutil
 import subprocess
 from functools import partial
 
-from harness import Workplace, argument, attempt_all, check, report
+from harness import argument, attempt_all, check, in_a_workplace, report
 
 TOKENS = ["'", "''", ":", "\\", "\\\\", "\\'", "%", "%%", "%{pts}", "%{n}%", "%d", "[", "]", "[v]", ",", ";", "=", '"',
           "\n", "\t", "\r", "\x01", "\x7f", "-", "--help", " ", "  ", "🎬", "👩‍👩‍👧", "שלום", "مرحبا 5%", "e\u0301", "日本語",
@@ -50,11 +49,9 @@ def check_drawn(graph, name, source, folder):
 
 
 def check_name(place, folder_name, stem):
-    folder = place.folder / "footage" / folder_name
-    (folder / "long").mkdir(parents=True)
     name = stem + ".mov"
-    shutil.copy(place.clips["short.mov"], folder / name)
-    shutil.copy(place.clips["long.mov"], folder / "long" / name)
+    folder = place.clip_folder({name: "short.mov"}, "footage/" + folder_name)
+    place.clip_folder({name: "long.mov"}, f"footage/{folder_name}/long")
     calls = place.folder / "calls"
     status, output = place.run("--quiet", "--", folder / name, folder / "long" / name, calls=calls)
     check(status == 0, f"status {status}: {output}")
@@ -69,10 +66,7 @@ def check_name(place, folder_name, stem):
 
 def check_no_text(place):
     """A name that is no text is refused with a reason, and not taken for the one that it would be shown as."""
-    folder = place.folder / "no text"
-    folder.mkdir()
-    shutil.copy(place.clips["short.mov"], os.fsencode(folder) + b"/bad\xff.mov")
-    shutil.copy(place.clips["long.mov"], folder / "bad\ufffd.mov")
+    folder = place.clip_folder({os.fsdecode(b"bad\xff.mov"): "short.mov", "bad\ufffd.mov": "long.mov"})
     status, output = place.run(folder)
     check(status == 1 and "bad\\xFF.mov: the name is not valid UTF-8" in output, output)
     place.judge(folder, {"bad\ufffd.mov": 91})
@@ -81,18 +75,10 @@ def check_no_text(place):
 
 def check_too_long(place):
     """What the hidden temporary name has no room for is a plain failure; one byte less is none."""
-    folder = place.folder / "too long"
-    folder.mkdir()
-    for length in (240, 241, 246):
-        shutil.copy(place.clips["short.mov"], folder / ("n" * length + ".mov"))
+    folder = place.clip_folder({"n" * length + ".mov": "short.mov" for length in (240, 241, 246)})
     status, output = place.run(folder)
     check(status == 1 and "File name too long" in output and "1 of 3 done, 2 failed" in output, output)
     place.judge(folder, {"n" * 240 + ".mov": 10})
-
-
-def in_a_workplace(run):
-    with Workplace() as place:
-        run(place)
 
 
 def main():

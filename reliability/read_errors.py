@@ -57,11 +57,9 @@ def prepare(folder):
 
 def fails_from(made, name, byte):
     with Workplace() as place:
-        folder = place.folder / "clips"
-        folder.mkdir()
+        folder = place.clip_folder({"sound.mov": "short.mov"})
         clip = Path(shutil.copy(made / name, folder))
         place.frames = {clip.stat().st_size: FRAMES[name]}
-        shutil.copy(place.clips["short.mov"], folder / "sound.mov")
         fault = f'[ $tool = ffmpeg ] && export LD_PRELOAD="{made}/fail.so" FAIL_CLIP="{clip}" FAIL_FROM={byte}'
         status, output = place.run("--encoder", "libx264", folder, fault=fault)
         check(status == 1 and f"{name}: Failed: encode error" in output, f"status {status}: {output}")

@@ -15,23 +15,16 @@ from desktop import PATIENCE, Desktop, wait_until  # noqa: E402
 
 
 def proxy_of_one_clip(place, arguments=(), **keywords):
-    folder = clip_folder(place)
+    folder = place.clip_folder({"a.mov": "short.mov"})
     status, output = place.run(*arguments, folder, **keywords)
     check(status == 0, f"status {status}: {output}")
     place.judge(folder, {"a.mov": 10})
     return folder, output
 
 
-def clip_folder(place):
-    folder = place.folder / "clips"
-    folder.mkdir()
-    shutil.copy(place.clips["short.mov"], folder / "a.mov")
-    return folder
-
-
 def proxy_through_the_window(place, extra):
     """"Go", and the window is closed when the clip is done."""
-    folder = clip_folder(place)
+    folder = place.clip_folder({"a.mov": "short.mov"})
     with Desktop(window_manager=True) as desktop:
         on_desktop = {name: desktop.environment[name] for name in ("DISPLAY", "DBUS_SESSION_BUS_ADDRESS")}
         process = place.start(folder, extra={**on_desktop, **extra})
@@ -137,13 +130,11 @@ def taken_descriptors(count):
 def open_file_limit(place):
     """With few descriptors left the run works or fails plainly, and ends. With none for an event loop the system's
     library ends the program and says why; the files are as whole as after a kill."""
-    folder = place.folder / "clips"
-    folder.mkdir()
+    folder = place.clip_folder({"a.mov": "short.mov"})
     outcomes = set()
     for limit in range(4000 - 40, 4000 - 4, 3):
         taken = taken_descriptors(limit - 3)
         try:
-            shutil.copy(place.clips["short.mov"], folder / "a.mov")
             process = place.start("--quiet", folder, close_fds=False,
                                   preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_NOFILE, (4000, 4000)))
         finally:
@@ -164,8 +155,7 @@ def flood_of_messages(place):
     with lines.open("wb") as file:  # in small pieces: our own memory would count as a child's until its exec
         file.writelines([b"x" * 200 + b"\n"] * 500_000)
     endless.write_bytes(b"y" * 10_000_000)
-    folder = clip_folder(place)
-    shutil.copy(place.clips["long.mov"], folder / "b.mov")
+    folder = place.clip_folder({"a.mov": "short.mov", "b.mov": "long.mov"})
     (folder / "broken.mov").write_text("nothing")
     steps = 'case "$tool $*" in ffmpeg*|*format=duration*|*-show_format*)'
     status, output = place.run(folder, fault=f"{steps} cat '{lines}' '{endless}' >&2;; esac")
