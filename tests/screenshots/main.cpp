@@ -2,17 +2,19 @@
 // application's own views on a staged engine, in light and dark, in three sizes, at the usual scales. Needs
 // no display; with QT_QPA_PLATFORM=xcb and QSG_RHI_BACKEND=opengl it shows what OpenGL draws.
 
-#include "states.h"
-
+#include "support/staged_engine.h"
 #include "ui/sheets/diagnostics_report.h"
 #include "ui/shell/display.h"
 #include "ui/style/desktop_appearance.h"
 
 #include <QDir>
+#include <QDragEnterEvent>
 #include <QElapsedTimer>
 #include <QGuiApplication>
+#include <QMimeData>
 #include <QProcess>
 #include <QQmlApplicationEngine>
+#include <QQuickWindow>
 #include <QTest>
 #include <QTextStream>
 
@@ -34,80 +36,101 @@ QQuickWindow *frontWindow(QQuickWindow *mainWindow)
     return mainWindow;
 }
 
-class Photographer
+/// Returns whether the window would take what is dragged over it.
+bool drag(QQuickWindow &window, const QMimeData &files)
 {
-public:
-    explicit Photographer(const QDir &folder)
-        : m_folder(folder)
-    {
-    }
+    const QPoint place(100, 100);
+    QDragEnterEvent enter(place, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&window, &enter);
+    QDragMoveEvent move(place, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&window, &move);
+    return move.isAccepted();
+}
 
-    void take(const State &state)
+/// Takes the steps of Stage.qml to a state.
+void enter(const QString &state, QQuickWindow &window)
+{
+    const auto steps = window.property("steps").value<QJSValue>().property(state);
+    for (quint32 step = 0; step < steps.property(QStringLiteral("length")).toUInt(); ++step) {
+        while (steps.property(step).call().isError()) // what it needs has to appear first
+            QGuiApplication::processEvents();
+    }
+    QMimeData files;
+    files.setUrls({QUrl::fromLocalFile(QStringLiteral("/media/card 12/A009.mxf"))});
+    while (state == QStringLiteral("drag") && !drag(window, files)) // nothing is there before the layout
+        QGuiApplication::processEvents();
+}
+
+/// The window on a queue of its own.
+struct Stage {
+    StagedEngine queue;
+    DiagnosticsReport report{[this] { return queue.jobs(); }};
+    QQmlApplicationEngine engine;
+    QQuickWindow *window = nullptr;
+
+    Stage()
     {
-        StagedEngine queue;
-        DiagnosticsReport report([&queue] { return queue.jobs(); });
-        QQmlApplicationEngine engine;
-        engine.setInitialProperties({{QStringLiteral("queue"), QVariant::fromValue(queue.viewModel())},
+        engine.setInitialProperties({{QStringLiteral("queue"), QVariant::fromValue(&queue)},
                                      {QStringLiteral("report"), QVariant::fromValue(&report)}});
         engine.load(QUrl(QStringLiteral("qrc:/qt-project.org/imports/Marrowcut/Screenshots/Stage.qml")));
-        auto *window = qobject_cast<QQuickWindow *>(engine.rootObjects().constFirst());
-        state.enter({*window, queue});
-        for (const QSize size : {QSize(480, 460), QSize(480, 360), QSize(900, 700)}) {
-            const int menuBarHeight = window->property("menuBarHeight").toInt(); // above the content
-            window->resize(size.width(), size.height() + menuBarHeight);
-            for (const auto choice : {DesktopAppearance::Light, DesktopAppearance::Dark}) {
-                DesktopAppearance::instance()->setChoice(choice);
-                finalPicture(window, report)
-                    .save(m_folder.filePath(fileName(state, size, window->devicePixelRatio())));
-            }
-        }
+        window = qobject_cast<QQuickWindow *>(engine.rootObjects().constFirst());
     }
-
-private:
-    /// What the front window shows once it changes no more. An animation that never ends is interrupted.
-    static QImage finalPicture(QQuickWindow *mainWindow, const DiagnosticsReport &report)
-    {
-        const auto isComplete = [&] {
-            return frontWindow(mainWindow)->isExposed() &&
-                   !report.reportText().contains(QStringLiteral(": …"));
-        };
-        if (!QTest::qWaitFor(isComplete))
-            qWarning("incomplete");
-        QImage picture;
-        QElapsedTimer sinceChange;
-        const auto isFinal = [&] {
-            const QImage before = std::exchange(picture, frontWindow(mainWindow)->grabWindow());
-            if (picture != before)
-                sinceChange.start();
-            return sinceChange.hasExpired(250); // an animation may be about to begin
-        };
-        static_cast<void>(QTest::qWaitFor(isFinal, 1500));
-        return picture;
-    }
-
-    static QString fileName(const State &state, QSize size, qreal scale)
-    {
-        const bool isDark = DesktopAppearance::instance()->dark();
-        return QStringLiteral("%1-%2x%3-%4%5.png")
-            .arg(state.name)
-            .arg(size.width())
-            .arg(size.height())
-            .arg(isDark ? QStringLiteral("dark") : QStringLiteral("light"))
-            .arg(scale == 1 ? QString() : QStringLiteral("@%1x").arg(scale));
-    }
-
-    QDir m_folder;
 };
 
-int takeAll(int argc, char *argv[])
+/// What the front window shows once it changes no more. An animation that never ends is interrupted.
+QImage finalPicture(const Stage &stage)
 {
-    const QGuiApplication application(argc, argv);
-    setUpDrawing();
-    Photographer photographer{QDir(QString::fromLocal8Bit(argv[1]))};
-    for (const State &state : allStates()) {
-        if (argc == 2 || state.name == QString::fromLocal8Bit(argv[2]))
-            photographer.take(state);
+    const auto isComplete = [&] {
+        return frontWindow(stage.window)->isExposed() &&
+               !stage.report.reportText().contains(QStringLiteral(": …"));
+    };
+    if (!QTest::qWaitFor(isComplete))
+        qWarning("incomplete");
+    QImage picture;
+    QElapsedTimer sinceChange;
+    const auto isFinal = [&] {
+        const QImage before = std::exchange(picture, frontWindow(stage.window)->grabWindow());
+        if (picture != before)
+            sinceChange.start();
+        return sinceChange.hasExpired(250); // an animation may be about to begin
+    };
+    static_cast<void>(QTest::qWaitFor(isFinal, 1500));
+    return picture;
+}
+
+QString fileName(const QString &state, QSize size, qreal scale)
+{
+    const bool isDark = DesktopAppearance::instance()->dark();
+    return QStringLiteral("%1-%2x%3-%4%5.png")
+        .arg(state)
+        .arg(size.width())
+        .arg(size.height())
+        .arg(isDark ? QStringLiteral("dark") : QStringLiteral("light"))
+        .arg(scale == 1 ? QString() : QStringLiteral("@%1x").arg(scale));
+}
+
+void take(const QString &state, const QDir &folder)
+{
+    Stage stage;
+    enter(state, *stage.window);
+    for (const QSize size : {QSize(480, 460), QSize(480, 360), QSize(900, 700)}) {
+        const int menuBarHeight = stage.window->property("menuBarHeight").toInt(); // above the content
+        stage.window->resize(size.width(), size.height() + menuBarHeight);
+        for (const auto choice : {DesktopAppearance::Light, DesktopAppearance::Dark}) {
+            DesktopAppearance::instance()->setChoice(choice);
+            finalPicture(stage).save(
+                folder.filePath(fileName(state, size, stage.window->devicePixelRatio())));
+        }
     }
+}
+
+int takeAll(const QStringList &arguments)
+{
+    setUpDrawing();
+    const QStringList states =
+        arguments.size() > 1 ? arguments.mid(1) : Stage().window->property("states").toStringList();
+    for (const QString &state : states)
+        take(state, QDir(arguments.first()));
     return EXIT_SUCCESS;
 }
 
@@ -133,10 +156,11 @@ int main(int argc, char *argv[])
     }
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    if (qEnvironmentVariableIsSet(scaleVariable))
-        return takeAll(argc, argv);
     QStringList arguments;
     for (int index = 1; index < argc; ++index)
         arguments.append(QString::fromLocal8Bit(argv[index]));
-    return takeAtAllScales(arguments);
+    if (!qEnvironmentVariableIsSet(scaleVariable))
+        return takeAtAllScales(arguments);
+    const QGuiApplication application(argc, argv);
+    return takeAll(arguments);
 }
