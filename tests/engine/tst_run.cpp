@@ -62,6 +62,9 @@ private Q_SLOTS:
         QVERIFY(job(id).status.isQueued() && job(id).progress == 0.0 && !job(id).errorDetail);
         run(clipOf("60") + "write-output\n");
         QCOMPARE(job(id).status, JobStatus::done());
+        QTRY_COMPARE_WITH_TIMEOUT(m_notifications->requests().size(), 2, 60000);
+        QCOMPARE(m_notifications->requests().first().body, QStringLiteral("1 done, 1 failed."));
+        QCOMPARE(m_notifications->requests().last().body, QStringLiteral("2 files done.")); // the whole list
         m_engine->clearCompleted();
         QVERIFY(m_engine->jobs().isEmpty());
     }
@@ -120,24 +123,6 @@ private Q_SLOTS:
         QCOMPARE(proxies().size(), done ? 2 : 1); // the manifest is there
         if (encoders.size() == 2 && !done)        // the first reason is kept
             QVERIFY(job(id).errorDetail->startsWith(QStringLiteral("[h264_nvenc @ 0x55] Out of memory\n")));
-    }
-
-    void onlyWhatIsQueuedAtThePressIsRun()
-    {
-        const QUuid chosen = addClip(QStringLiteral("a.mov"));
-        const QUuid other = addClip(QStringLiteral("b.mov"));
-        m_engine->toggleSelected(other);
-        m_engine->toggleBurnIn(chosen);
-        m_script->set(clipOf("60") + "note @/calls\nwrite-output\n");
-        m_engine->start();
-        m_engine->setQualityPreset(QualityPreset::tiny);
-        m_engine->toggleSelected(chosen); // before the run's thread could look
-        m_engine->toggleSelected(other);
-        awaitEnd();
-        QCOMPARE(job(chosen).status, JobStatus::done());
-        QVERIFY(job(other).status.isQueued());
-        QVERIFY(m_script->contents(QStringLiteral("calls")).contains("scale=960:"));
-        QVERIFY(!m_script->contents(QStringLiteral("calls")).contains("drawtext"));
     }
 
     void whatStandsInTheWayIsFoundBeforeTheEncode()
@@ -207,38 +192,31 @@ private Q_SLOTS:
         QVERIFY(manifest()[1].contains(",done,"));
     }
 
-    void queueEditsDuringARun()
+    void aRunIsOfWhatIsChosenAtItsStart()
     {
         const QUuid first = addClip(QStringLiteral("a.mov"));
         const QUuid removed = addClip(QStringLiteral("b.mov"));
         const QUuid unticked = addClip(QStringLiteral("c.mov"));
-        m_script->set(clipOf("60") + "when a.mov\nwait-for @/go\nend\nwrite-output\n");
+        const QUuid ticked = addClip(QStringLiteral("d.mov"));
+        m_engine->toggleSelected(ticked);
+        m_engine->toggleBurnIn(first);
+        m_script->set(clipOf("60") + "when a.mov\nnote @/call\nwait-for @/go\nend\nwrite-output\n");
         m_engine->start();
-        m_engine->start(); // a run is going on: nothing
+        m_engine->setQualityPreset(QualityPreset::tiny); // before the run's thread could look
+        m_engine->toggleSelected(unticked);
+        m_engine->toggleSelected(ticked);
         QTRY_VERIFY_WITH_TIMEOUT(job(first).status.isEncoding(), 60000);
         m_engine->removeFromQueue(first); // not queued any more: stays
         m_engine->removeFromQueue(removed);
-        m_engine->toggleSelected(unticked);
-        const QUuid added = addClip(QStringLiteral("d.mov"));
+        const QUuid added = addClip(QStringLiteral("e.mov"));
         m_script->touch(QStringLiteral("go"));
         awaitEnd();
 
-        QVERIFY(job(first).status.isSuccessful());
-        QVERIFY(job(unticked).status.isSuccessful()); // chosen when the run began
-        QVERIFY(job(added).status.isQueued());
+        QVERIFY(job(first).status.isSuccessful() && job(unticked).status.isSuccessful());
+        QVERIFY(job(ticked).status.isQueued() && job(added).status.isQueued());
         QVERIFY(!proxies().contains(QStringLiteral("b_proxy.mp4")));
-    }
-
-    void notificationCountsTheWholeList()
-    {
-        addClip(QStringLiteral("a.mov"));
-        run(clipOf("60") + "exit 1\n");
-        addClip(QStringLiteral("b.mov"));
-        run(clipOf("60") + "write-output\n");
-        QTRY_COMPARE_WITH_TIMEOUT(m_notifications->requests().size(), 2, 60000);
-        QCOMPARE(m_notifications->requests().last().title, QStringLiteral("Marrowcut"));
-        QCOMPARE(m_notifications->requests().last().body, QStringLiteral("1 done, 1 failed."));
-        QCOMPARE(m_notifications->requests().last().identifier.size(), 36);
+        const QByteArray call = m_script->contents(QStringLiteral("call"));
+        QVERIFY(call.contains("scale=960:") && !call.contains("drawtext"));
     }
 };
 

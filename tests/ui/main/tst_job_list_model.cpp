@@ -82,15 +82,9 @@ private Q_SLOTS:
         QCOMPARE(shownNames(watched.model), QStringLiteral("2 4 7 8 9"));
         QCOMPARE(watched.model.index(1).data(JobListModel::StatusLabelRole).toString(),
                  QStringLiteral("Encoding…"));
-    }
 
-    void changesAreJoinedWhereTheyAdjoin()
-    {
-        Watched watched;
-        QList<ProxyJob> jobs = manyJobs(5);
-        watched.mirror(jobs);
         jobs[0].isSelected = false;
-        jobs[1].burnInEnabled = false;
+        jobs[1].burnInEnabled = false; // adjoins
         jobs[4].progress = 0.5;
         QCOMPARE(watched.mirror(jobs),
                  (QStringList{QStringLiteral("changed 0-1"), QStringLiteral("changed 4-4")}));
