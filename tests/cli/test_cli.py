@@ -301,6 +301,16 @@ class CliTest(unittest.TestCase):
 
     # How it ends
 
+    def interrupt(self, process, number):
+        """What it prints; it has to take the encoder along."""
+        encoder = self.encoder()
+        process.send_signal(number)
+        output = process.communicate(timeout=60)
+        self.assertEqual(process.returncode, 130)
+        self.assertFalse(encoder.exists())
+        self.pid.unlink()
+        return output
+
     def test_signals_end_the_encoder_and_leave_the_files(self):
         program = self.with_hanging_encoder()
         for number, arguments in [(signal.SIGINT, ["--json"]), (signal.SIGTERM, []), (signal.SIGHUP, [])]:
@@ -308,17 +318,12 @@ class CliTest(unittest.TestCase):
                 process = self.start_cli(*arguments, "a.mov", program=program)
                 while arguments and json.loads(process.stdout.readline())["event"] != "progress":
                     pass  # each line comes at once
-                encoder = self.encoder()
-                process.send_signal(number)
-                output, errors = process.communicate(timeout=60)
-                self.assertEqual(process.returncode, 130)
+                output, errors = self.interrupt(process, number)
                 self.assertEqual(errors, b"Interrupted.\n")
                 self.assertNotIn(b"Interrupted.", output)
                 if arguments:
                     self.assertEqual(self.events(output)[1], [("interrupted", "")])
-                self.assertFalse(encoder.exists())
                 self.assertEqual(os.listdir(self.proxies), [".tmp_a_proxy.mp4"])
-                self.pid.unlink()
 
     def test_notification(self):
         (self.folder / "broken.mov").write_bytes(b"\0nothing")
@@ -336,12 +341,8 @@ class CliTest(unittest.TestCase):
             with self.subTest(arguments=arguments):
                 process = self.start_cli("--encoder", "h264_nvenc", *arguments, program=program,
                                          env=dict(self.environment, TMPDIR=temporary))
-                encoder = self.encoder()
-                process.send_signal(signal.SIGINT)
-                process.communicate(timeout=60)
-                self.assertEqual(process.returncode, 130)
-                self.assertFalse(encoder.exists() or self.proxies.exists() or os.listdir(temporary))
-                self.pid.unlink()
+                self.interrupt(process, signal.SIGINT)
+                self.assertFalse(self.proxies.exists() or os.listdir(temporary))
 
     @unittest.skipIf(b"__tsan_init" in Path(PROGRAM).read_bytes(), "the thread sanitizer needs the usual stack limit")
     @unittest.skipIf(resource.getrlimit(resource.RLIMIT_STACK)[1] != resource.RLIM_INFINITY,
