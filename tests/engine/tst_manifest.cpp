@@ -12,6 +12,7 @@
 #include <unistd.h>
 
 using namespace marrowcut;
+using namespace Qt::StringLiterals;
 
 class TestManifest : public QObject
 {
@@ -37,7 +38,7 @@ private Q_SLOTS:
 
     void oneThatIsRemovedUnderItsLockIsMadeAnew()
     {
-        const QString locked = m_folder.filePath(QStringLiteral("locked"));
+        const QString locked = m_folder.filePath(u"locked"_s);
         const pid_t child = inChild([&] {
             struct flock whole = {};
             whole.l_type = F_WRLCK;
@@ -49,7 +50,7 @@ private Q_SLOTS:
             return unlink(QFile::encodeName(m_path).constData());
         });
         QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(locked), 60000);
-        Manifest::append(m_path, QStringLiteral("line\n"));
+        Manifest::append(m_path, u"line\n"_s);
         awaitSuccess(child);
         QCOMPARE(linesBelowTheHeader(), QByteArray("line\n"));
     }
@@ -81,7 +82,7 @@ private:
     }
 
     QTemporaryDir m_folder;
-    const QString m_path = m_folder.filePath(QStringLiteral("manifest.csv"));
+    const QString m_path = m_folder.filePath(u"manifest.csv"_s);
 };
 
 QTEST_GUILESS_MAIN(TestManifest)

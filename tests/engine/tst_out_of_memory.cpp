@@ -13,6 +13,7 @@
 #include <unistd.h>
 
 using namespace marrowcut;
+using namespace Qt::StringLiterals;
 using namespace marrowcut::testing;
 
 namespace
@@ -57,15 +58,15 @@ private Q_SLOTS:
     {
         QFETCH(const QString, label);
         setUp();
-        const QUuid id = addClip(QStringLiteral("a.mov"));
-        const QUuid next = addClip(QStringLiteral("b.mov"));
+        const QUuid id = addClip(u"a.mov"_s);
+        const QUuid next = addClip(u"b.mov"_s);
         bool hasHappened = false;
         connect(m_engine.get(), &BurnInEngine::willChange, this, [&] {
             if (job(id).status.label() == label)
                 isOutOfMemory = !std::exchange(hasHappened, true);
         });
         run(clipOf("60") + "write-output\n");
-        QCOMPARE(job(id).status, JobStatus::failed(QStringLiteral("encode error")));
+        QCOMPARE(job(id).status, JobStatus::failed(u"encode error"_s));
         QCOMPARE(job(id).errorDetail, media::outOfMemory);
         QCOMPARE(job(next).status, JobStatus::done());
     }

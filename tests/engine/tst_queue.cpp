@@ -15,6 +15,7 @@
 #include <cmath>
 
 using namespace marrowcut;
+using namespace Qt::StringLiterals;
 
 class TestQueue : public QObject
 {
@@ -30,15 +31,14 @@ private Q_SLOTS:
     {
         for (const char *name : {"a.MOV", "b.mp4", "notes.txt", ".hidden.mxf", "c.m4v", "mov", "d.mov.txt"})
             clip(QLatin1String(name));
-        QVERIFY(QDir(m_folder->path()).mkpath(QStringLiteral("sub")));
-        clip(QStringLiteral("sub/e.mov"));
-        QVERIFY(QDir(m_folder->path()).mkpath(QStringLiteral("archive.mov")));
+        QVERIFY(QDir(m_folder->path()).mkpath(u"sub"_s));
+        clip(u"sub/e.mov"_s);
+        QVERIFY(QDir(m_folder->path()).mkpath(u"archive.mov"_s));
 
         QVERIFY(m_engine->enqueue({QUrl::fromLocalFile(m_folder->path())}).isEmpty());
         const QStringList found = names();
         QCOMPARE(QSet(found.begin(), found.end()),
-                 (QSet<QString>{QStringLiteral("a.MOV"), QStringLiteral("b.mp4"),
-                                QStringLiteral(".hidden.mxf"), QStringLiteral("archive.mov")}));
+                 (QSet<QString>{u"a.MOV"_s, u"b.mp4"_s, u".hidden.mxf"_s, u"archive.mov"_s}));
         const ProxyJob &job = m_engine->jobs().first();
         QVERIFY(job.status.isQueued() && job.isSelected && job.burnInEnabled && !job.etaSeconds &&
                 !job.errorDetail);
@@ -47,14 +47,14 @@ private Q_SLOTS:
 
     void addsEachFileOnce()
     {
-        const QUrl a = clip(QStringLiteral("a.mov"));
-        const QUrl b = clip(QStringLiteral("b.mov"));
+        const QUrl a = clip(u"a.mov"_s);
+        const QUrl b = clip(u"b.mov"_s);
         m_engine->enqueue({a, b, a});
         m_engine->enqueue({b, QUrl::fromLocalFile(m_folder->path())});
-        QCOMPARE(names(), (QStringList{QStringLiteral("a.mov"), QStringLiteral("b.mov")}));
+        QCOMPARE(names(), (QStringList{u"a.mov"_s, u"b.mov"_s}));
         m_engine->removeFromQueue(m_engine->jobs().first().id);
         m_engine->enqueue({b, a});
-        QCOMPARE(names(), (QStringList{QStringLiteral("b.mov"), QStringLiteral("a.mov")}));
+        QCOMPARE(names(), (QStringList{u"b.mov"_s, u"a.mov"_s}));
         m_engine->toggleSelected(m_engine->jobs().first().id); // found where it is now
         QVERIFY(!m_engine->jobs().first().isSelected && m_engine->jobs().last().isSelected);
     }
@@ -73,7 +73,7 @@ private Q_SLOTS:
             edit();
             return announcements;
         };
-        const QUrl a = clip(QStringLiteral("a.mov"));
+        const QUrl a = clip(u"a.mov"_s);
         QCOMPARE(announced([&] { m_engine->enqueue({a}); }), 1);
         const QUuid id = m_engine->jobs().first().id;
         QCOMPARE(announced([&] { m_engine->toggleSelected(id); }), 1);
@@ -97,18 +97,16 @@ private Q_SLOTS:
     void presetIsRememberedOnEveryAssignment()
     {
         QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_folder->path());
-        const auto remembered = [] {
-            return SettingsPreferenceStore().value(QStringLiteral("qualityPreset"));
-        };
+        const auto remembered = [] { return SettingsPreferenceStore().value(u"qualityPreset"_s); };
         SettingsPreferenceStore store;
         BurnInEngine engine(store, m_notifications);
         QCOMPARE(engine.qualityPreset(), QualityPreset::standard);
         QVERIFY(!remembered()); // the initial value is not written back
         engine.setQualityPreset(QualityPreset::standard);
-        QCOMPARE(remembered(), QStringLiteral("standard"));
+        QCOMPARE(remembered(), u"standard"_s);
         engine.setQualityPreset(QualityPreset::tiny);
         QCOMPARE(BurnInEngine(store, m_notifications).qualityPreset(), QualityPreset::tiny);
-        store.setValue(QStringLiteral("qualityPreset"), QStringLiteral("Tiny")); // no name of one
+        store.setValue(u"qualityPreset"_s, u"Tiny"_s); // no name of one
         QCOMPARE(BurnInEngine(store, m_notifications).qualityPreset(), QualityPreset::standard);
     }
 
@@ -125,46 +123,40 @@ private Q_SLOTS:
 
     void adviceDependsOnTheDetailAlone()
     {
-        ProxyJob job = ProxyJob::forSource(QUrl::fromLocalFile(QStringLiteral("/gone/a.mov")));
+        ProxyJob job = ProxyJob::forSource(QUrl::fromLocalFile(u"/gone/a.mov"_s));
         const auto advice = [&job](const QString &detail) {
-            job.status = JobStatus::failed(QStringLiteral("encode error"));
+            job.status = JobStatus::failed(u"encode error"_s);
             job.errorDetail = detail;
             return failureAdvice(job);
         };
-        const QString folder = QStringLiteral("/gone/marrowcut_proxies");
-        const QString out = folder + QStringLiteral("/.tmp_a_proxy.mp4: ");
-        const QString notMade = QStringLiteral("The folder could not be created: ") + folder;
+        const QString folder = u"/gone/marrowcut_proxies"_s;
+        const QString out = folder + u"/.tmp_a_proxy.mp4: "_s;
+        const QString notMade = u"The folder could not be created: "_s + folder;
         const QList<std::pair<QString, QString>> cases = {
             // The same text of the system, about the clip and about its proxy's place.
-            {QStringLiteral("/gone/a.mov: Permission denied"), QStringLiteral("The clip cannot be read")},
-            {out + QStringLiteral("Permission denied"), folder},
-            {QStringLiteral("/gone/a.mov: No such file or directory"),
-             QStringLiteral("The clip is not there")},
-            {QStringLiteral("/gone/a.mov: Is a directory"), QStringLiteral("Add the clips in it")},
-            {out + QStringLiteral("Is a directory"), folder + QStringLiteral("/.tmp_a_proxy.mp4")},
+            {u"/gone/a.mov: Permission denied"_s, u"The clip cannot be read"_s},
+            {out + u"Permission denied"_s, folder},
+            {u"/gone/a.mov: No such file or directory"_s, u"The clip is not there"_s},
+            {u"/gone/a.mov: Is a directory"_s, u"Add the clips in it"_s},
+            {out + u"Is a directory"_s, folder + u"/.tmp_a_proxy.mp4"_s},
             // A write-protected card asks for no permissions.
-            {out + QStringLiteral("No such file or directory\n") + notMade +
-                 QStringLiteral(": Read-only file system"),
-             QStringLiteral("another disk")},
-            {notMade + QStringLiteral(": Permission denied"), QStringLiteral("permissions of /gone,")},
+            {out + u"No such file or directory\n"_s + notMade + u": Read-only file system"_s,
+             u"another disk"_s},
+            {notMade + u": Permission denied"_s, u"permissions of /gone,"_s},
             // Pieces that take the room are named.
-            {folder + QStringLiteral("/.chunks_a/part_0001.mp4: No space left on device"),
-             folder + QStringLiteral("/.chunks_a")},
-            {QString(), QStringLiteral("could not be started")},
-            {QStringLiteral("[out#0/mp4] Error opening output /gone/a.mp4: File name too long"),
-             QStringLiteral("shorter name")},
+            {folder + u"/.chunks_a/part_0001.mp4: No space left on device"_s, folder + u"/.chunks_a"_s},
+            {QString(), u"could not be started"_s},
+            {u"[out#0/mp4] Error opening output /gone/a.mp4: File name too long"_s, u"shorter name"_s},
         };
         for (const auto &[detail, part] : cases)
             QVERIFY2(advice(detail).contains(part), qPrintable(detail));
-        QVERIFY(!advice(QStringLiteral("av_interleaved_write_frame(): No space left on device"))
-                     .contains(folder));
+        QVERIFY(!advice(u"av_interleaved_write_frame(): No space left on device"_s).contains(folder));
         for (const char *unknown : {"Error opening /other/file: Permission denied", "something new"})
             QCOMPARE(advice(QString::fromLatin1(unknown)), QString());
 
-        job.errorDetail =
-            QStringLiteral("frame=  9 fps=0.0 q=0.0 size= 0kB time=00:00:00.00 bitrate=N/A speed=0x\n"
-                           "Codec AVOption gop_timecode (…) has not been used for any stream.\nbad");
-        QCOMPARE(errorMessages(job), QStringLiteral("bad"));
+        job.errorDetail = u"frame=  9 fps=0.0 q=0.0 size= 0kB time=00:00:00.00 bitrate=N/A speed=0x\n"
+                          "Codec AVOption gop_timecode (…) has not been used for any stream.\nbad"_s;
+        QCOMPARE(errorMessages(job), u"bad"_s);
         job.status = JobStatus::done();
         QCOMPARE(failureAdvice(job), QString());
     }

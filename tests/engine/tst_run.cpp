@@ -8,6 +8,7 @@
 #include <QThread>
 
 using namespace marrowcut;
+using namespace Qt::StringLiterals;
 using namespace marrowcut::testing;
 
 class TestRun : public QObject, EngineCase
@@ -18,9 +19,9 @@ private Q_SLOTS:
 
     void clipsBecomeProxies()
     {
-        const QUuid first = addClip(QStringLiteral("a.mov"));
-        const QUuid unticked = addClip(QStringLiteral("b.mov"));
-        const QUuid third = addClip(QStringLiteral("c.mxf"));
+        const QUuid first = addClip(u"a.mov"_s);
+        const QUuid unticked = addClip(u"b.mov"_s);
+        const QUuid third = addClip(u"c.mxf"_s);
         m_engine->toggleSelected(unticked);
 
         QStringList labels; // of the first job, as an observer of each edit would see them
@@ -29,13 +30,11 @@ private Q_SLOTS:
         run(clipOf("93.44") + "when part_\nerr frame=9\\r\nend\nwrite-output\n");
 
         labels.erase(std::unique(labels.begin(), labels.end()), labels.end());
-        QCOMPARE(labels, (QStringList{QStringLiteral("Queued"), QStringLiteral("Reading metadata…"),
-                                      QStringLiteral("Encoding…"), QStringLiteral("Done")}));
+        QCOMPARE(labels, (QStringList{u"Queued"_s, u"Reading metadata…"_s, u"Encoding…"_s, u"Done"_s}));
         QCOMPARE(job(first).progress, 1.0);
         QVERIFY(job(unticked).status.isQueued());
         QVERIFY(job(third).status.isSuccessful());
-        QCOMPARE(proxies(), (QStringList{QStringLiteral("a_proxy.mp4"), QStringLiteral("c_proxy.mp4"),
-                                         QStringLiteral("manifest.csv")}));
+        QCOMPARE(proxies(), (QStringList{u"a_proxy.mp4"_s, u"c_proxy.mp4"_s, u"manifest.csv"_s}));
         QCOMPARE(manifest().size(), 4); // header, two lines, and nothing after the last line feed
         QVERIFY(manifest()[1].startsWith("a.mov,a_proxy.mp4,00:00:00:00,25/1,93.44,0,unavailable,done,2"));
         QVERIFY(manifest()[2].startsWith("c.mxf,c_proxy.mp4,"));
@@ -47,14 +46,14 @@ private Q_SLOTS:
 
     void failedEncodeKeepsItsProgress()
     {
-        const QUuid id = addClip(QStringLiteral("a.mov"));
-        const QUuid next = addClip(QStringLiteral("b.mov"));
+        const QUuid id = addClip(u"a.mov"_s);
+        const QUuid next = addClip(u"b.mov"_s);
         run(clipOf("60") +
             "when a.mov\nerr frame=1 time=00:00:30.00 speed=3x\\rno space\\n\nexit 1\nend\nwrite-output\n");
-        QCOMPARE(job(id).status, JobStatus::failed(QStringLiteral("encode error")));
+        QCOMPARE(job(id).status, JobStatus::failed(u"encode error"_s));
         QCOMPARE(job(id).progress, 0.5);
         QVERIFY(!job(id).etaSeconds);
-        QVERIFY(job(id).errorDetail->endsWith(QStringLiteral("no space")));
+        QVERIFY(job(id).errorDetail->endsWith(u"no space"_s));
         QVERIFY(manifest()[1].contains(",failed: encode error,"));
         QCOMPARE(job(next).status, JobStatus::done()); // a failure never stops the run
 
@@ -63,8 +62,8 @@ private Q_SLOTS:
         run(clipOf("60") + "write-output\n");
         QCOMPARE(job(id).status, JobStatus::done());
         QTRY_COMPARE_WITH_TIMEOUT(m_notifications->requests().size(), 2, 60000);
-        QCOMPARE(m_notifications->requests().first().body, QStringLiteral("1 done, 1 failed."));
-        QCOMPARE(m_notifications->requests().last().body, QStringLiteral("2 files done.")); // the whole list
+        QCOMPARE(m_notifications->requests().first().body, u"1 done, 1 failed."_s);
+        QCOMPARE(m_notifications->requests().last().body, u"2 files done."_s); // the whole list
         m_engine->clearCompleted();
         QVERIFY(m_engine->jobs().isEmpty());
     }
@@ -74,10 +73,10 @@ private Q_SLOTS:
         int pieces = 0; // of all clips up to the one
         for (const auto &[duration, more] :
              {std::pair("90.0", 0), std::pair("90.01", 2), std::pair("N/A", 0)}) {
-            const QUuid id = addClip(QStringLiteral("a%1.mov").arg(QLatin1String(duration).size()));
+            const QUuid id = addClip(u"a%1.mov"_s.arg(QLatin1String(duration).size()));
             run(clipOf(duration) + "note @/calls\nwhen part_\nerr frame=9\\r\nend\nwrite-output\n");
             QCOMPARE(job(id).status, JobStatus::done());
-            QCOMPARE(m_script->contents(QStringLiteral("calls")).count("-ss\n"), pieces += more);
+            QCOMPARE(m_script->contents(u"calls"_s).count("-ss\n"), pieces += more);
         }
     }
 
@@ -108,48 +107,48 @@ private Q_SLOTS:
         QFETCH(QByteArray, duration);
         QFETCH(QByteArray, script);
         QFETCH(bool, done);
-        useEncoder(QStringLiteral("h264_nvenc"));
-        const QUuid id = addClip(QStringLiteral("a.mov"));
+        useEncoder(u"h264_nvenc"_s);
+        const QUuid id = addClip(u"a.mov"_s);
         run(clipOf(duration) + "note @/calls\n" + script);
         QCOMPARE(job(id).status.isSuccessful(), done);
         QByteArrayList encoders;
-        const QByteArrayList arguments = m_script->contents(QStringLiteral("calls")).split('\n');
+        const QByteArrayList arguments = m_script->contents(u"calls"_s).split('\n');
         for (qsizetype at = 0; at + 1 < arguments.size(); ++at) {
             if (arguments[at] == "-c:v")
                 encoders.append(arguments[at + 1]);
         }
         QTEST(encoders, "encoders");
-        QCOMPARE(proxies().contains(QStringLiteral("a_proxy.mp4")), done);
+        QCOMPARE(proxies().contains(u"a_proxy.mp4"_s), done);
         QCOMPARE(proxies().size(), done ? 2 : 1); // the manifest is there
         if (encoders.size() == 2 && !done)        // the first reason is kept
-            QVERIFY(job(id).errorDetail->startsWith(QStringLiteral("[h264_nvenc @ 0x55] Out of memory\n")));
+            QVERIFY(job(id).errorDetail->startsWith(u"[h264_nvenc @ 0x55] Out of memory\n"_s));
     }
 
     void whatStandsInTheWayIsFoundBeforeTheEncode()
     {
-        const QUuid id = addClip(QStringLiteral("a.mov"));
-        QVERIFY(QDir().mkpath(m_script->path(QStringLiteral("marrowcut_proxies/a_proxy.mp4/kept"))));
+        const QUuid id = addClip(u"a.mov"_s);
+        QVERIFY(QDir().mkpath(m_script->path(u"marrowcut_proxies/a_proxy.mp4/kept"_s)));
         run(clipOf("60") + "when -i\nnote @/encodes\nwrite-output\n");
-        QCOMPARE(job(id).status, JobStatus::failed(QStringLiteral("encode error")));
-        QVERIFY(job(id).errorDetail->contains(QStringLiteral("a_proxy.mp4")));
-        QVERIFY(!m_script->contents(QStringLiteral("encodes")).contains("libx264"));
-        QVERIFY(QFileInfo::exists(m_script->path(QStringLiteral("marrowcut_proxies/a_proxy.mp4/kept"))));
+        QCOMPARE(job(id).status, JobStatus::failed(u"encode error"_s));
+        QVERIFY(job(id).errorDetail->contains(u"a_proxy.mp4"_s));
+        QVERIFY(!m_script->contents(u"encodes"_s).contains("libx264"));
+        QVERIFY(QFileInfo::exists(m_script->path(u"marrowcut_proxies/a_proxy.mp4/kept"_s)));
     }
 
     void folderThatCannotBeMadeIsNamed()
     {
-        const QUuid id = addClip(QStringLiteral("a.mov"));
-        m_script->touch(QStringLiteral("marrowcut_proxies"));
+        const QUuid id = addClip(u"a.mov"_s);
+        m_script->touch(u"marrowcut_proxies"_s);
         run(clipOf("60") + "exit 1\n");
         QVERIFY(job(id).errorDetail->startsWith(media::folderNotCreated +
-                                                m_script->path(QStringLiteral("marrowcut_proxies"))));
+                                                m_script->path(u"marrowcut_proxies"_s)));
     }
 
     void clipOfAnotherProcessIsWaitedFor()
     {
-        const QUuid held = addClip(QStringLiteral("a.mov"));
-        const QUuid next = addClip(QStringLiteral("b.mov"));
-        const QString folder = m_script->path(QStringLiteral("marrowcut_proxies"));
+        const QUuid held = addClip(u"a.mov"_s);
+        const QUuid next = addClip(u"b.mov"_s);
+        const QString folder = m_script->path(u"marrowcut_proxies"_s);
         QVERIFY(QDir().mkpath(folder));
         const auto other = [&](const char *proxy) {
             return std::make_unique<ClipLock>(
@@ -164,15 +163,15 @@ private Q_SLOTS:
         lock.reset();
         awaitEnd();
         QCOMPARE(m_engine->waitingJob(), std::nullopt);
-        QVERIFY(!m_script->contents(QStringLiteral("calls")).contains("a.mov"));
+        QVERIFY(!m_script->contents(u"calls"_s).contains("a.mov"));
         QCOMPARE(job(next).status, JobStatus::done()); // held by nobody
 
         // What the other process has finished meanwhile is done already.
         lock = other("c_proxy.mp4");
-        const QUuid finished = addClip(QStringLiteral("c.mov"));
+        const QUuid finished = addClip(u"c.mov"_s);
         m_engine->start();
         QTRY_COMPARE_WITH_TIMEOUT(m_engine->waitingJob(), finished, 60000);
-        m_script->touch(QStringLiteral("marrowcut_proxies/c_proxy.mp4"));
+        m_script->touch(u"marrowcut_proxies/c_proxy.mp4"_s);
         lock.reset();
         awaitEnd();
         QCOMPARE(job(finished).status, JobStatus::skipped());
@@ -180,12 +179,12 @@ private Q_SLOTS:
 
     void quitBetweenTheProxyAndItsStatusLosesNoLine()
     {
-        const QUuid id = addClip(QStringLiteral("a.mov"));
+        const QUuid id = addClip(u"a.mov"_s);
         m_script->set(clipOf("60") + "wait-for @/go\nwrite-output\n");
         m_engine->start();
         QTRY_VERIFY_WITH_TIMEOUT(job(id).status.isEncoding(), 60000);
-        m_script->touch(QStringLiteral("go"));
-        while (!proxies().contains(QStringLiteral("a_proxy.mp4"))) // no event is processed meanwhile
+        m_script->touch(u"go"_s);
+        while (!proxies().contains(u"a_proxy.mp4"_s)) // no event is processed meanwhile
             QThread::msleep(1);
         QVERIFY(m_engine->interrupt(std::chrono::minutes(1)));
         QCOMPARE(manifest().size(), 3);
@@ -194,10 +193,10 @@ private Q_SLOTS:
 
     void aRunIsOfWhatIsChosenAtItsStart()
     {
-        const QUuid first = addClip(QStringLiteral("a.mov"));
-        const QUuid removed = addClip(QStringLiteral("b.mov"));
-        const QUuid unticked = addClip(QStringLiteral("c.mov"));
-        const QUuid ticked = addClip(QStringLiteral("d.mov"));
+        const QUuid first = addClip(u"a.mov"_s);
+        const QUuid removed = addClip(u"b.mov"_s);
+        const QUuid unticked = addClip(u"c.mov"_s);
+        const QUuid ticked = addClip(u"d.mov"_s);
         m_engine->toggleSelected(ticked);
         m_engine->toggleBurnIn(first);
         m_script->set(clipOf("60") + "when a.mov\nnote @/call\nwait-for @/go\nend\nwrite-output\n");
@@ -208,14 +207,14 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(job(first).status.isEncoding(), 60000);
         m_engine->removeFromQueue(first); // not queued any more: stays
         m_engine->removeFromQueue(removed);
-        const QUuid added = addClip(QStringLiteral("e.mov"));
-        m_script->touch(QStringLiteral("go"));
+        const QUuid added = addClip(u"e.mov"_s);
+        m_script->touch(u"go"_s);
         awaitEnd();
 
         QVERIFY(job(first).status.isSuccessful() && job(unticked).status.isSuccessful());
         QVERIFY(job(ticked).status.isQueued() && job(added).status.isQueued());
-        QVERIFY(!proxies().contains(QStringLiteral("b_proxy.mp4")));
-        const QByteArray call = m_script->contents(QStringLiteral("call"));
+        QVERIFY(!proxies().contains(u"b_proxy.mp4"_s));
+        const QByteArray call = m_script->contents(u"call"_s);
         QVERIFY(call.contains("scale=960:") && !call.contains("drawtext"));
     }
 };

@@ -9,6 +9,7 @@
 #include <QTest>
 
 using namespace marrowcut;
+using namespace Qt::StringLiterals;
 using namespace marrowcut::media;
 using namespace marrowcut::testing;
 
@@ -18,9 +19,9 @@ namespace
 FilterInputs inputsWith(const QString &filename, const QString &fileDate)
 {
     return {.filename = filename,
-            .srcTC = QStringLiteral("01:02:03:04"),
-            .elapsedTC = QStringLiteral("00:00:00:00"),
-            .rate = QStringLiteral("25/1"),
+            .srcTC = u"01:02:03:04"_s,
+            .elapsedTC = u"00:00:00:00"_s,
+            .rate = u"25/1"_s,
             .audioCount = 0,
             .fileDate = fileDate,
             .preset = QualityPreset::smaller,
@@ -34,8 +35,8 @@ bool isGray(char brightness)
 
 QStringList overGray(const QString &graph)
 {
-    return words(QStringLiteral("-f lavfi -i color=gray:s=720x404:r=25 -filter_complex")) +
-           QStringList{graph, QStringLiteral("-map"), QStringLiteral("[v]")};
+    return words(u"-f lavfi -i color=gray:s=720x404:r=25 -filter_complex"_s) +
+           QStringList{graph, u"-map"_s, u"[v]"_s};
 }
 
 } // namespace
@@ -48,23 +49,23 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("text");
         const QStringList texts = {
-            QStringLiteral("it's"),
-            QStringLiteral("''"),
-            QStringLiteral("a\\:b\\'c"),
-            QStringLiteral("trailing\\"),
-            QStringLiteral("%{metadata:x:y}'%"),
-            QStringLiteral("\\%{n}"),
-            QStringLiteral("[v];[0:v]null"),
-            QStringLiteral("x':textfile='/etc/passwd"),
-            QStringLiteral("',drawbox,drawtext=text='"),
-            QStringLiteral(" leading and trailing "),
-            QStringLiteral("\ttab\tinside\t"),
-            QStringLiteral("line\nbreak"),
-            QStringLiteral("carriage\rreturn"),
-            QStringLiteral("e\u0301 combining"),
-            QStringLiteral("emoji 🎬"),
-            QStringLiteral("عربي 50% 'x'"),
-            QStringLiteral(" "),
+            u"it's"_s,
+            u"''"_s,
+            u"a\\:b\\'c"_s,
+            u"trailing\\"_s,
+            u"%{metadata:x:y}'%"_s,
+            u"\\%{n}"_s,
+            u"[v];[0:v]null"_s,
+            u"x':textfile='/etc/passwd"_s,
+            u"',drawbox,drawtext=text='"_s,
+            u" leading and trailing "_s,
+            u"\ttab\tinside\t"_s,
+            u"line\nbreak"_s,
+            u"carriage\rreturn"_s,
+            u"e\u0301 combining"_s,
+            u"emoji 🎬"_s,
+            u"عربي 50% 'x'"_s,
+            u" "_s,
         };
         for (const QString &text : texts)
             QTest::newRow(qPrintable(text)) << text;
@@ -75,11 +76,9 @@ private Q_SLOTS:
         QFETCH(QString, text);
         const QByteArray drawn = grayFrame(overGray(buildFilter(inputsWith(text, text), m_font)));
 
-        QString reference =
-            buildFilter(inputsWith(QStringLiteral("HOLDER"), QStringLiteral("unavailable")), m_font);
-        readFromFile(reference, QStringLiteral("HOLDER"), text);
-        readFromFile(reference, QStringLiteral("FILE DATE  unavailable"),
-                     QStringLiteral("FILE DATE  ") + text);
+        QString reference = buildFilter(inputsWith(u"HOLDER"_s, u"unavailable"_s), m_font);
+        readFromFile(reference, u"HOLDER"_s, text);
+        readFromFile(reference, u"FILE DATE  unavailable"_s, u"FILE DATE  "_s + text);
         QVERIFY(!drawn.isEmpty());
         QCOMPARE(drawn, grayFrame(overGray(reference)));
     }
@@ -87,8 +86,7 @@ private Q_SLOTS:
     void textsKeepApartWithinThePicture()
     {
         for (const QualityPreset preset : QualityPreset::allCases) {
-            FilterInputs inputs =
-                inputsWith(QStringLiteral("A001C001_230501_R1AB.mxf"), QStringLiteral("2023-05-01 12:34:56"));
+            FilterInputs inputs = inputsWith(u"A001C001_230501_R1AB.mxf"_s, u"2023-05-01 12:34:56"_s);
             inputs.preset = preset;
             const QByteArray frame = grayFrame(overGray(buildFilter(inputs, m_font)));
             const int width = proxyFormat(preset).width;
@@ -106,10 +104,10 @@ private Q_SLOTS:
     void craftedTimecodeCannotLeaveItsPlace()
     {
         // The tool reads a timecode and leaves what follows it; as options it would have another text drawn.
-        FilterInputs inputs = inputsWith(QStringLiteral("a.mov"), QStringLiteral("unavailable"));
-        inputs.srcTC = QStringLiteral("10:00:00:00");
+        FilterInputs inputs = inputsWith(u"a.mov"_s, u"unavailable"_s);
+        inputs.srcTC = u"10:00:00:00"_s;
         const QByteArray plain = grayFrame(overGray(buildFilter(inputs, m_font)));
-        inputs.srcTC = QStringLiteral("10:00:00:00':text='leak");
+        inputs.srcTC = u"10:00:00:00':text='leak"_s;
         QVERIFY(!plain.isEmpty());
         QCOMPARE(grayFrame(overGray(buildFilter(inputs, m_font))), plain);
     }
@@ -122,8 +120,7 @@ private:
         QFile file(path);
         QVERIFY(file.open(QIODevice::WriteOnly));
         file.write(text.toUtf8());
-        graph.replace(QStringLiteral("text='%1'").arg(quotedText),
-                      QStringLiteral("textfile='%1':expansion=none").arg(path));
+        graph.replace(u"text='%1'"_s.arg(quotedText), u"textfile='%1':expansion=none"_s.arg(path));
     }
 
     QString m_font = currentSystemValues().fontFile;

@@ -6,6 +6,7 @@
 #include <QTest>
 
 using namespace marrowcut;
+using namespace Qt::StringLiterals;
 using namespace marrowcut::media;
 
 class TestEncoderChoice : public QObject
@@ -34,15 +35,15 @@ private Q_SLOTS:
         const SystemValues system = anywhere();
         m_script.set("note @/call\nerr Cannot load libcuda.so.1\\n\nexit 1\n");
         QCOMPARE(encoderTestFailure(system.with(system.hardwareEncoders[0]), QualityPreset::tiny),
-                 QStringLiteral("Cannot load libcuda.so.1"));
-        const QByteArray call = m_script.contents(QStringLiteral("call"));
+                 u"Cannot load libcuda.so.1"_s);
+        const QByteArray call = m_script.contents(u"call"_s);
         QVERIFY(call.contains("\nlavfi\n-i\n"));
         QVERIFY(call.contains("scale=480:-2,drawtext="));
         QVERIFY(call.contains("\n-c:v\nh264_nvenc\n-b:v\n700k\n"));
 
         m_script.set("ignore-term\nwait-for @/never\n");
         QCOMPARE(encoderTestFailure(system, QualityPreset::standard, std::chrono::milliseconds(50)),
-                 QStringLiteral("The test encode exceeded the time limit."));
+                 u"The test encode exceeded the time limit."_s);
     }
 
     void testEncodesAreMadeOnceAndOnlyWhereHardwareIsPresent()
@@ -51,22 +52,22 @@ private Q_SLOTS:
         EncoderChoice choice;
         choice.resolve(anywhere(), QualityPreset::standard);
         choice.resolve(anywhere(), QualityPreset::tiny);
-        QCOMPARE(m_script.contents(QStringLiteral("tests")).count("-c:v"), 2);
+        QCOMPARE(m_script.contents(u"tests"_s).count("-c:v"), 2);
 
         SystemValues bare = anywhere();
         for (VideoEncoder &encoder : bare.hardwareEncoders)
-            encoder.devicePaths = {m_script.path(QStringLiteral("no such device"))};
+            encoder.devicePaths = {m_script.path(u"no such device"_s)};
         QCOMPARE(EncoderChoice().resolve(bare, QualityPreset::standard), bare.videoEncoder);
         QCOMPARE(EncoderChoice(bare.hardwareEncoders[1]).resolve(bare, QualityPreset::standard).name,
-                 QStringLiteral("h264_qsv"));
-        QCOMPARE(m_script.contents(QStringLiteral("tests")).count("-c:v"), 2);
+                 u"h264_qsv"_s);
+        QCOMPARE(m_script.contents(u"tests"_s).count("-c:v"), 2);
     }
 
 private:
     /// The Linux row, as on a machine that may have any hardware.
     static SystemValues anywhere()
     {
-        SystemValues system = linuxValues(QStringLiteral("/f.ttf"));
+        SystemValues system = linuxValues(u"/f.ttf"_s);
         for (VideoEncoder &encoder : system.hardwareEncoders)
             encoder.devicePaths.clear();
         return system;

@@ -9,6 +9,7 @@
 #include <QtEndian>
 
 using namespace marrowcut;
+using namespace Qt::StringLiterals;
 using namespace marrowcut::media;
 
 using Published = std::pair<double, std::optional<double>>; // progress and remaining time
@@ -33,7 +34,7 @@ private Q_SLOTS:
               "write-torn\n" + noSpace}) {
             const EncodeResult result = singlePass(script);
             QVERIFY(!result.success);
-            QVERIFY(result.stderrTail.startsWith(QStringLiteral("No space left on device")));
+            QVERIFY(result.stderrTail.startsWith(u"No space left on device"_s));
             QCOMPARE(outputs(), QStringList());
         }
     }
@@ -43,10 +44,10 @@ private Q_SLOTS:
         const QByteArray script =
             "err frame=1 time=00:00:30.00 speed=3x\\rx\\rframe=1 time=00:01:05.00 speed=2x\\r\n"
             "err frame=1 time=00:00:10.00 speed=N/A\\rframe=1 time=N/A speed=1x\\r\nwrite-output\n";
-        m_script->touch(QStringLiteral("out/A.1_proxy.mp4")); // an old one, whose place is taken
+        m_script->touch(u"out/A.1_proxy.mp4"_s); // an old one, whose place is taken
         QVERIFY(singlePass(script).success);
-        QCOMPARE(m_script->contents(QStringLiteral("out/A.1_proxy.mp4")).size(), 16);
-        QCOMPARE(outputs(), QStringList{QStringLiteral("A.1_proxy.mp4")});
+        QCOMPARE(m_script->contents(u"out/A.1_proxy.mp4"_s).size(), 16);
+        QCOMPARE(outputs(), QStringList{u"A.1_proxy.mp4"_s});
         QCOMPARE(m_published, (QList<Published>{{0.5, 10.0}, {1.0, 0.0}, {10.0 / 60, std::nullopt}}));
         m_published.clear();
         singlePass(script, 0);
@@ -70,14 +71,14 @@ private Q_SLOTS:
         const EncodeResult result = chunked(
             "note @/calls\nwrite-output\nwhen part_0002\nerr bad\\n\nexit 1\nend\nerr frame=9\\r\n", 450);
         QVERIFY(!result.success);
-        QCOMPARE(result.stderrTail, QStringLiteral("frame=9\nframe=9\nbad"));
-        QCOMPARE(m_script->contents(QStringLiteral("calls")).count("-ss\n"), 3);
-        QCOMPARE(outputs(), QStringList{QStringLiteral(".chunks_A.1")});
-        QCOMPARE(QDir(out(QStringLiteral(".chunks_A.1"))).entryList(QDir::Files).size(), 3);
+        QCOMPARE(result.stderrTail, u"frame=9\nframe=9\nbad"_s);
+        QCOMPARE(m_script->contents(u"calls"_s).count("-ss\n"), 3);
+        QCOMPARE(outputs(), QStringList{u".chunks_A.1"_s});
+        QCOMPARE(QDir(out(u".chunks_A.1"_s)).entryList(QDir::Files).size(), 3);
 
         // The next run begins afresh and clears up.
         QVERIFY(chunked("when part_\nerr frame=9\\r\nend\nwrite-output\n", 100).success);
-        QCOMPARE(outputs(), QStringList{QStringLiteral("A.1_proxy.mp4")});
+        QCOMPARE(outputs(), QStringList{u"A.1_proxy.mp4"_s});
     }
 
     void failedJoinKeepsTheParts()
@@ -85,10 +86,9 @@ private Q_SLOTS:
         const EncodeResult result =
             chunked("write-output\nwhen concat\nerr one\\n\\ntwo\nexit 1\nend\nerr frame=9\\r\n", 100);
         QVERIFY(!result.success);
-        QCOMPARE(result.stderrTail, QStringLiteral("frame=9\nframe=9\none\ntwo"));
-        QCOMPARE(outputs(),
-                 (QStringList{QStringLiteral(".chunks_A.1"), QStringLiteral(".tmp_A.1_proxy.mp4")}));
-        QCOMPARE(m_script->contents(QStringLiteral("out/.chunks_A.1/concat.txt")),
+        QCOMPARE(result.stderrTail, u"frame=9\nframe=9\none\ntwo"_s);
+        QCOMPARE(outputs(), (QStringList{u".chunks_A.1"_s, u".tmp_A.1_proxy.mp4"_s}));
+        QCOMPARE(m_script->contents(u"out/.chunks_A.1/concat.txt"_s),
                  "file 'part_0000.mp4'\nfile 'part_0001.mp4'\n");
     }
 
@@ -106,7 +106,7 @@ private Q_SLOTS:
             chunked(script +
                         QByteArray("when ffprobe\nexit 0\nend\nwrite-output\nwhen concat\nexit 1\nend\n"),
                     90.02);
-            QCOMPARE(m_script->contents(QStringLiteral("out/.chunks_A.1/concat.txt")), list);
+            QCOMPARE(m_script->contents(u"out/.chunks_A.1/concat.txt"_s), list);
         }
     }
 
@@ -115,7 +115,7 @@ private Q_SLOTS:
         const QByteArray nothing = "when part_\nerr frame=    0 time=N/A\\r\nend\n";
         const QByteArray first = "when part_0000\nerr frame=9\\r\nend\n";
         QVERIFY(chunked("note @/calls\nwrite-output\n" + nothing + first, 2e9).success);
-        QCOMPARE(m_script->contents(QStringLiteral("calls")).count("\n-ss\n"), 41);
+        QCOMPARE(m_script->contents(u"calls"_s).count("\n-ss\n"), 41);
     }
 
     void readErrorIsAFailureInSpiteOfTheExitStatus()
@@ -124,7 +124,8 @@ private Q_SLOTS:
         const QByteArray error =
             "err /f/A.1.mxf: Input/output error\\n\n" + QByteArray("err more\\n\n").repeated(30);
         const QByteArray frames = "when part_\nerr frame=9\\r\nend\n";
-        QVERIFY(!singlePass("write-output\n" + error).success);
+        const EncodeResult result = singlePass("write-output\n" + error);
+        QVERIFY(!result.success && !result.stderrTail.contains(u"Input/output error"_s));
         QCOMPARE(outputs(), QStringList());
         QVERIFY(!chunked("write-output\n" + frames + "when part_0001\n" + error + "end\n", 200).success);
         QVERIFY(!chunked("write-output\n" + frames + "when concat\n" + error + "end\n", 200).success);
@@ -138,22 +139,22 @@ private Q_SLOTS:
     {
         const EncodeResult result = singlePass("write-output\nerr frame=9\\r\nsignal 9\n");
         QVERIFY(!result.success);
-        QCOMPARE(result.stderrTail, QStringLiteral("frame=9\nffmpeg was ended by signal 9 (Killed)."));
+        QCOMPARE(result.stderrTail, u"frame=9\nffmpeg was ended by signal 9 (Killed)."_s);
     }
 
     void replacedSourceFails()
     {
-        m_script->touch(QStringLiteral("A.1.mxf"));
+        m_script->touch(u"A.1.mxf"_s);
         const QByteArray frames = "when part_\nerr frame=9\\r\nend\nwrite-output\nnote @/calls\n";
         int pieces = 0;
         for (const auto &[part, more] : {std::pair("part_0001", 2), std::pair("part_0003", 4)}) {
             const EncodeResult result = chunked(frames + "when " + part + "\nnote @/A.1.mxf\nend\n", 300);
             QVERIFY(!result.success);
-            QVERIFY(result.stderrTail.endsWith(QStringLiteral("replaced while it was being encoded.")));
-            QCOMPARE(m_script->contents(QStringLiteral("calls")).count("-ss\n"), pieces += more);
+            QVERIFY(result.stderrTail.endsWith(u"replaced while it was being encoded."_s));
+            QCOMPARE(m_script->contents(u"calls"_s).count("-ss\n"), pieces += more);
         }
 
-        QFile clip(m_script->path(QStringLiteral("A.1.mxf"))); // one of the same size
+        QFile clip(m_script->path(u"A.1.mxf"_s)); // one of the same size
         QVERIFY(clip.open(QIODevice::ReadWrite));
         const FileStamp stamp = FileStamp::of(clip.fileName());
         QVERIFY(clip.setFileTime(QDateTime::currentDateTime().addSecs(-60), QFile::FileModificationTime));
@@ -163,7 +164,7 @@ private Q_SLOTS:
     void filesOfMoreThanFourGigabytesAreJudged()
     {
         constexpr qint64 contentSize = 5'000'000'000;
-        QFile file(out(QStringLiteral("large.mp4")));
+        QFile file(out(u"large.mp4"_s));
         QVERIFY(file.open(QIODevice::WriteOnly));
         QByteArray head("\0\0\0\x01mdat", 8);
         head.resize(16);
@@ -179,34 +180,33 @@ private Q_SLOTS:
 
     void whatCannotBeMadeOrMovedIsNamed()
     {
-        QVERIFY(QDir().mkpath(out(QStringLiteral("A.1_proxy.mp4/kept"))));
+        QVERIFY(QDir().mkpath(out(u"A.1_proxy.mp4/kept"_s)));
         const EncodeResult moved = singlePass("write-output\n");
         QVERIFY(!moved.success);
         QVERIFY(moved.stderrTail.startsWith(proxyNotMoved));
-        QVERIFY(QFile::exists(out(QStringLiteral("A.1_proxy.mp4/kept"))));
+        QVERIFY(QFile::exists(out(u"A.1_proxy.mp4/kept"_s)));
 
         QVERIFY(QDir(out()).removeRecursively());
-        m_script->touch(QStringLiteral("out")); // no folder can be made in it
+        m_script->touch(u"out"_s); // no folder can be made in it
         const EncodeResult made = chunked("note @/calls\n", 100);
         QVERIFY(!made.success);
         QVERIFY(made.stderrTail.startsWith(folderNotCreated));
-        QCOMPARE(m_script->contents(QStringLiteral("calls")), QByteArray());
+        QCOMPARE(m_script->contents(u"calls"_s), QByteArray());
     }
 
 private:
-    QString out(const QString &name = {}) const { return m_script->path(QStringLiteral("out/") + name); }
+    QString out(const QString &name = {}) const { return m_script->path(u"out/"_s + name); }
 
     EncodeJob job(double duration) const
     {
-        const QString source = m_script->path(QStringLiteral("A.1.mxf"));
+        const QString source = m_script->path(u"A.1.mxf"_s);
         OutputPaths paths = OutputPaths::forSource(QUrl::fromLocalFile(source));
         for (QString *path : {&paths.outDir, &paths.finalOutput, &paths.tmpOutput, &paths.workFolder})
-            path->replace(QStringLiteral("/marrowcut_proxies"), QStringLiteral("/out"));
+            path->replace(u"/marrowcut_proxies"_s, u"/out"_s);
         return {source,
                 FileStamp::of(source),
                 paths,
-                {QStringLiteral("01:00:00:00"), QStringLiteral("25/1"), 1, duration,
-                 QStringLiteral("unavailable")},
+                {u"01:00:00:00"_s, u"25/1"_s, 1, duration, u"unavailable"_s},
                 QUuid::createUuid(),
                 QualityPreset::standard,
                 true};
@@ -217,7 +217,7 @@ private:
         const auto publish = [this](const QUuid &, double progress, std::optional<double> eta) {
             m_published.append({progress, eta});
         };
-        return {linuxValues(QStringLiteral("/f.ttf")), publish, {}};
+        return {linuxValues(u"/f.ttf"_s), publish, {}};
     }
 
     EncodeResult singlePass(const QByteArray &script, double duration = 60)

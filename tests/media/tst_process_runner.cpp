@@ -7,6 +7,7 @@
 #include <csignal>
 
 using namespace marrowcut;
+using namespace Qt::StringLiterals;
 
 class TestProcessRunner : public QObject
 {
@@ -15,13 +16,13 @@ private Q_SLOTS:
     void capturesBothStreamsAndTheStatus()
     {
         const auto result = run("out one\\n\nerr two\nexit 255\n");
-        QCOMPARE(result.stdout, QStringLiteral("one\n"));
-        QCOMPARE(result.stderr, QStringLiteral("two"));
+        QCOMPARE(result.stdout, u"one\n"_s);
+        QCOMPARE(result.stderr, u"two"_s);
         QCOMPARE(result.status, 255);
 
         const auto invalid = run("out \\xFF\nerr fine\nsignal 6\n");
         QCOMPARE(invalid.stdout, QString());
-        QCOMPARE(invalid.stderr, QStringLiteral("fine"));
+        QCOMPARE(invalid.stderr, u"fine"_s);
         QCOMPARE(invalid.status, -SIGABRT);
     }
 
@@ -33,7 +34,7 @@ private Q_SLOTS:
 
         // 3 does not divide what is kept: the first character's beginning is gone.
         const auto cut = run("err " + QByteArray("\u20ac").repeated(30000) + "\\nlast\\n\n");
-        QVERIFY(cut.stderr.startsWith(QChar(0x20ac)) && cut.stderr.endsWith(QStringLiteral("\nlast\n")));
+        QVERIFY(cut.stderr.startsWith(QChar(0x20ac)) && cut.stderr.endsWith(u"\nlast\n"_s));
 
         int lines = 0;
         m_script.set("flood 1048576\nendless 3000000\nerr \\nlast\\n\n");
@@ -43,7 +44,7 @@ private Q_SLOTS:
             last = line;
         });
         QCOMPARE(lines, 1024 + 1);
-        QCOMPARE(last, QStringLiteral("last"));
+        QCOMPARE(last, u"last"_s);
     }
 
     void streamsLines()
@@ -54,14 +55,13 @@ private Q_SLOTS:
         QStringList lines;
         const auto onLine = [&](const QString &line) { lines.append(line); };
         QCOMPARE(media::ProcessRunner::runStreaming(media::FFmpegLocator::ffmpegPath(), {}, onLine), 7);
-        QCOMPARE(lines, (QStringList{QStringLiteral("frame=1 time=00:00:04.00"), QStringLiteral("b"),
-                                     QStringLiteral("é")}));
+        QCOMPARE(lines, (QStringList{u"frame=1 time=00:00:04.00"_s, u"b"_s, u"é"_s}));
     }
 
     void waitsForAChildThatClosedItsErrorOutput()
     {
         m_script.set("err a\\n\nclose-err\nout x\nwait-for @/go\nexit 5\n");
-        const auto onLine = [this](const QString &) { m_script.touch(QStringLiteral("go")); };
+        const auto onLine = [this](const QString &) { m_script.touch(u"go"_s); };
         QCOMPARE(media::ProcessRunner::runStreaming(media::FFmpegLocator::ffmpegPath(), {}, onLine), 5);
     }
 

@@ -15,6 +15,7 @@
 #include <thread>
 
 using namespace marrowcut;
+using namespace Qt::StringLiterals;
 
 class TestPlatform : public QObject
 {
@@ -91,18 +92,18 @@ private Q_SLOTS:
     void versionKeys()
     {
         const QTemporaryDir folder;
-        QCOMPARE(readVersionKeys(folder.path()).text(), QStringLiteral("1.0 (1)"));
-        QFile file(folder.filePath(QStringLiteral("version.ini")));
+        QCOMPARE(readVersionKeys(folder.path()).text(), u"1.0 (1)"_s);
+        QFile file(folder.filePath(u"version.ini"_s));
         QVERIFY(file.open(QIODevice::WriteOnly));
         file.write("[General]\nCFBundleShortVersionString=2.3\nCFBundleVersion=\"41\"\n");
         file.close();
-        QCOMPARE(readVersionKeys(folder.path()).text(), QStringLiteral("2.3 (41)"));
-        QVERIFY(QFileInfo::exists(resourceFolder() + QStringLiteral("/version.ini")));
+        QCOMPARE(readVersionKeys(folder.path()).text(), u"2.3 (41)"_s);
+        QVERIFY(QFileInfo::exists(resourceFolder() + u"/version.ini"_s));
     }
 
     void utf8IsStrict()
     {
-        QCOMPARE(decodeUtf8("é"), QStringLiteral("é"));
+        QCOMPARE(decodeUtf8("é"), u"é"_s);
         QCOMPARE(decodeUtf8("\xEF\xBB\xBFx").value().toUtf8(), QByteArray("\xEF\xBB\xBFx"));
         for (const char *invalid : {"\xFF", "a\xC3", "\xED\xA0\x80", "\xC0\xAF"})
             QVERIFY(!decodeUtf8(invalid));
@@ -111,18 +112,17 @@ private Q_SLOTS:
     void clipLockKeepsOthersOut()
     {
         const QTemporaryDir folder;
-        const QString clip = QStringLiteral("a_proxy.mp4");
+        const QString clip = u"a_proxy.mp4"_s;
         const auto ignore = [] {};
         std::stop_source source;
         auto held = std::make_unique<ClipLock>(folder.path(), clip, ignore, source.get_token());
         QVERIFY(!held->hasWaited());
         std::stop_source stopped; // who would have to wait is interrupted
         stopped.request_stop();
-        QVERIFY(
-            !ClipLock(folder.path(), QStringLiteral("b_proxy.mp4"), ignore, stopped.get_token()).hasWaited());
+        QVERIFY(!ClipLock(folder.path(), u"b_proxy.mp4"_s, ignore, stopped.get_token()).hasWaited());
 
         // By another way to the same folder.
-        const QString link = QStringLiteral("%1-link").arg(folder.path());
+        const QString link = u"%1-link"_s.arg(folder.path());
         QVERIFY(QFile::link(folder.path(), link));
         std::atomic<bool> entered = false;
         std::latch waits(1);
@@ -137,7 +137,7 @@ private Q_SLOTS:
         held.reset();
         other.join();
         QVERIFY(QFile::remove(link));
-        QVERIFY(!ClipLock(folder.filePath(QStringLiteral("none")), clip, ignore, {}).hasWaited()); // free
+        QVERIFY(!ClipLock(folder.filePath(u"none"_s), clip, ignore, {}).hasWaited()); // free
     }
 };
 

@@ -19,6 +19,7 @@
 #include <QTextStream>
 
 using namespace marrowcut;
+using namespace Qt::StringLiterals;
 
 namespace
 {
@@ -51,13 +52,13 @@ bool drag(QQuickWindow &window, const QMimeData &files)
 void enter(const QString &state, QQuickWindow &window)
 {
     const auto steps = window.property("steps").value<QJSValue>().property(state);
-    for (quint32 step = 0; step < steps.property(QStringLiteral("length")).toUInt(); ++step) {
+    for (quint32 step = 0; step < steps.property(u"length"_s).toUInt(); ++step) {
         while (steps.property(step).call().isError()) // what it needs has to appear first
             QGuiApplication::processEvents();
     }
     QMimeData files;
-    files.setUrls({QUrl::fromLocalFile(QStringLiteral("/media/card 12/A009.mxf"))});
-    while (state == QStringLiteral("drag") && !drag(window, files)) // nothing is there before the layout
+    files.setUrls({QUrl::fromLocalFile(u"/media/card 12/A009.mxf"_s)});
+    while (state == u"drag"_s && !drag(window, files)) // nothing is there before the layout
         QGuiApplication::processEvents();
 }
 
@@ -70,9 +71,9 @@ struct Stage {
 
     Stage()
     {
-        engine.setInitialProperties({{QStringLiteral("queue"), QVariant::fromValue(&queue)},
-                                     {QStringLiteral("report"), QVariant::fromValue(&report)}});
-        engine.load(QUrl(QStringLiteral("qrc:/qt-project.org/imports/Marrowcut/Screenshots/Stage.qml")));
+        engine.setInitialProperties(
+            {{u"queue"_s, QVariant::fromValue(&queue)}, {u"report"_s, QVariant::fromValue(&report)}});
+        engine.load(QUrl(u"qrc:/qt-project.org/imports/Marrowcut/Screenshots/Stage.qml"_s));
         window = qobject_cast<QQuickWindow *>(engine.rootObjects().constFirst());
     }
 };
@@ -81,8 +82,7 @@ struct Stage {
 QImage finalPicture(const Stage &stage)
 {
     const auto isComplete = [&] {
-        return frontWindow(stage.window)->isExposed() &&
-               !stage.report.reportText().contains(QStringLiteral(": …"));
+        return frontWindow(stage.window)->isExposed() && !stage.report.reportText().contains(u": …"_s);
     };
     if (!QTest::qWaitFor(isComplete))
         qWarning("incomplete");
@@ -101,12 +101,11 @@ QImage finalPicture(const Stage &stage)
 QString fileName(const QString &state, QSize size, qreal scale)
 {
     const bool isDark = DesktopAppearance::instance()->dark();
-    return QStringLiteral("%1-%2x%3-%4%5.png")
-        .arg(state)
+    return u"%1-%2x%3-%4%5.png"_s.arg(state)
         .arg(size.width())
         .arg(size.height())
-        .arg(isDark ? QStringLiteral("dark") : QStringLiteral("light"))
-        .arg(scale == 1 ? QString() : QStringLiteral("@%1x").arg(scale));
+        .arg(isDark ? u"dark"_s : u"light"_s)
+        .arg(scale == 1 ? QString() : u"@%1x"_s.arg(scale));
 }
 
 void take(const QString &state, const QDir &folder)
@@ -137,10 +136,9 @@ int takeAll(const QStringList &arguments)
 /// A process has one scale: each is a run of this program of its own.
 int takeAtAllScales(const QStringList &arguments)
 {
-    for (const QString &scale :
-         {QStringLiteral("1"), QStringLiteral("1.25"), QStringLiteral("1.5"), QStringLiteral("2")}) {
+    for (const QString &scale : {u"1"_s, u"1.25"_s, u"1.5"_s, u"2"_s}) {
         qputenv(scaleVariable, scale.toLatin1());
-        if (QProcess::execute(QStringLiteral("/proc/self/exe"), arguments) != 0)
+        if (QProcess::execute(u"/proc/self/exe"_s, arguments) != 0)
             return EXIT_FAILURE;
     }
     return EXIT_SUCCESS;

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace marrowcut
 {
 
@@ -13,11 +15,9 @@ JobStatus statusNamed(const QString &name)
     if (name.startsWith(QLatin1String("failed:")))
         return JobStatus::failed(name.section(QLatin1Char(':'), 1));
     const QHash<QString, JobStatus> named = {
-        {QStringLiteral("queued"), JobStatus::queued()},
-        {QStringLiteral("probing"), JobStatus::probing()},
-        {QStringLiteral("encoding"), JobStatus::encoding()},
-        {QStringLiteral("done"), JobStatus::done()},
-        {QStringLiteral("skipped"), JobStatus::skipped()},
+        {u"queued"_s, JobStatus::queued()},     {u"probing"_s, JobStatus::probing()},
+        {u"encoding"_s, JobStatus::encoding()}, {u"done"_s, JobStatus::done()},
+        {u"skipped"_s, JobStatus::skipped()},
     };
     Q_ASSERT(named.contains(name));
     return named.value(name, JobStatus::queued());

@@ -15,6 +15,8 @@ Q_IMPORT_QML_PLUGIN(Marrowcut_SheetsPlugin)
 Q_IMPORT_QML_PLUGIN(Marrowcut_MainPlugin)
 Q_IMPORT_QML_PLUGIN(Marrowcut_StagedPlugin)
 
+using namespace Qt::StringLiterals;
+
 /// What the tests see of the desktop, and do in another program's place.
 class TestDesktop : public QObject
 {
@@ -22,8 +24,8 @@ class TestDesktop : public QObject
     Q_PROPERTY(QObject *report MEMBER m_report CONSTANT)
     Q_PROPERTY(QList<QUrl> openedLinks MEMBER m_openedLinks NOTIFY linkOpened)
 public:
-    TestDesktop() { QDesktopServices::setUrlHandler(QStringLiteral("https"), this, "openLink"); }
-    ~TestDesktop() override { QDesktopServices::unsetUrlHandler(QStringLiteral("https")); }
+    TestDesktop() { QDesktopServices::setUrlHandler(u"https"_s, this, "openLink"); }
+    ~TestDesktop() override { QDesktopServices::unsetUrlHandler(u"https"_s); }
 
     /// A window that is active may not have the keyboard: its transient parent counts as well.
     /// Asks with the window instead of returning one: JavaScript would own what it is given and delete it.
@@ -52,9 +54,9 @@ Q_SIGNALS:
 private:
     static QList<marrowcut::ProxyJob> oneFailedJob()
     {
-        auto job = marrowcut::ProxyJob::forSource(QUrl(QStringLiteral("file:///clips/A001.mxf")));
-        job.status = marrowcut::JobStatus::failed(QStringLiteral("encode error"));
-        job.errorDetail = QStringLiteral("Invalid data\n").repeated(25);
+        auto job = marrowcut::ProxyJob::forSource(QUrl(u"file:///clips/A001.mxf"_s));
+        job.status = marrowcut::JobStatus::failed(u"encode error"_s);
+        job.errorDetail = u"Invalid data\n"_s.repeated(25);
         return {job};
     }
 

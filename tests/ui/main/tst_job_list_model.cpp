@@ -7,6 +7,7 @@
 #include <cmath>
 
 using namespace marrowcut;
+using namespace Qt::StringLiterals;
 
 namespace
 {
@@ -16,7 +17,7 @@ QList<ProxyJob> manyJobs(int count, int first = 0)
 {
     QList<ProxyJob> jobs;
     for (int number = first; number < first + count; ++number)
-        jobs.append(ProxyJob::forSource(QUrl::fromLocalFile(QStringLiteral("/clips/%1").arg(number))));
+        jobs.append(ProxyJob::forSource(QUrl::fromLocalFile(u"/clips/%1"_s.arg(number))));
     return jobs;
 }
 
@@ -37,7 +38,7 @@ struct Watched {
     Watched()
     {
         const auto note = [this](const char *what, int first, int last) {
-            said.append(QStringLiteral("%1 %2-%3").arg(QLatin1String(what)).arg(first).arg(last));
+            said.append(u"%1 %2-%3"_s.arg(QLatin1String(what)).arg(first).arg(last));
         };
         QObject::connect(&model, &QAbstractItemModel::rowsInserted,
                          [note](const QModelIndex &, int first, int last) { note("inserted", first, last); });
@@ -69,25 +70,21 @@ private Q_SLOTS:
     {
         Watched watched;
         QList<ProxyJob> jobs = manyJobs(8);
-        QCOMPARE(watched.mirror(jobs), QStringList{QStringLiteral("inserted 0-7")});
+        QCOMPARE(watched.mirror(jobs), QStringList{u"inserted 0-7"_s});
         jobs.remove(5, 2);
         jobs.remove(3);
         jobs.remove(0, 2);
         jobs[1].status = JobStatus::encoding();
         jobs += manyJobs(2, 8);
-        QCOMPARE(watched.mirror(jobs),
-                 (QStringList{QStringLiteral("removed 5-6"), QStringLiteral("removed 3-3"),
-                              QStringLiteral("removed 0-1"), QStringLiteral("changed 1-1"),
-                              QStringLiteral("inserted 3-4")}));
-        QCOMPARE(shownNames(watched.model), QStringLiteral("2 4 7 8 9"));
-        QCOMPARE(watched.model.index(1).data(JobListModel::StatusLabelRole).toString(),
-                 QStringLiteral("Encoding…"));
+        QCOMPARE(watched.mirror(jobs), (QStringList{u"removed 5-6"_s, u"removed 3-3"_s, u"removed 0-1"_s,
+                                                    u"changed 1-1"_s, u"inserted 3-4"_s}));
+        QCOMPARE(shownNames(watched.model), u"2 4 7 8 9"_s);
+        QCOMPARE(watched.model.index(1).data(JobListModel::StatusLabelRole).toString(), u"Encoding…"_s);
 
         jobs[0].isSelected = false;
         jobs[1].burnInEnabled = false; // adjoins
         jobs[4].progress = 0.5;
-        QCOMPARE(watched.mirror(jobs),
-                 (QStringList{QStringLiteral("changed 0-1"), QStringLiteral("changed 4-4")}));
+        QCOMPARE(watched.mirror(jobs), (QStringList{u"changed 0-1"_s, u"changed 4-4"_s}));
         QCOMPARE(watched.mirror(jobs), QStringList());
     }
 
@@ -100,37 +97,34 @@ private Q_SLOTS:
             QCOMPARE(JobText::remainingTime(job), QString());
         }
         job.etaSeconds = 90;
-        QCOMPARE(JobText::remainingTime(job), QStringLiteral("· 1m left"));
-        QCOMPARE(JobText::accessibleDescription(job), QStringLiteral("1m left"));
+        QCOMPARE(JobText::remainingTime(job), u"· 1m left"_s);
+        QCOMPARE(JobText::accessibleDescription(job), u"1m left"_s);
     }
 
     void textsOfAFailure()
     {
-        ProxyJob job = ProxyJob::forSource(QUrl::fromLocalFile(QStringLiteral("/clips/a.mxf")));
-        job.errorDetail =
-            QStringLiteral("frame=   10 fps=0.0 q=0.0 size=1kB time=00:00:00.40 bitrate=1kbits/s\n"
-                           "av_interleaved_write_frame(): No space left on device\n\n");
+        ProxyJob job = ProxyJob::forSource(QUrl::fromLocalFile(u"/clips/a.mxf"_s));
+        job.errorDetail = u"frame=   10 fps=0.0 q=0.0 size=1kB time=00:00:00.40 bitrate=1kbits/s\n"
+                          "av_interleaved_write_frame(): No space left on device\n\n"_s;
         QCOMPARE(JobText::accessibleDescription(job), QString()); // it has not failed yet
-        job.status = JobStatus::failed(QStringLiteral("encode error"));
+        job.status = JobStatus::failed(u"encode error"_s);
         const QString advice = JobText::accessibleDescription(job);
-        QVERIFY(advice.startsWith(QStringLiteral("The disk is full.")));
+        QVERIFY(advice.startsWith(u"The disk is full."_s));
         QCOMPARE(JobText::failureText(job),
-                 advice + QStringLiteral("\n\nav_interleaved_write_frame(): No space left on device"));
-        job.errorDetail = QStringLiteral("First\nOdd thing\n");
-        QCOMPARE(JobText::accessibleDescription(job), QStringLiteral("Odd thing"));
-        QCOMPARE(JobText::failureReport(job),
-                 QStringLiteral("a.mxf\nFailed: encode error\n\nFirst\nOdd thing"));
+                 advice + u"\n\nav_interleaved_write_frame(): No space left on device"_s);
+        job.errorDetail = u"First\nOdd thing\n"_s;
+        QCOMPARE(JobText::accessibleDescription(job), u"Odd thing"_s);
+        QCOMPARE(JobText::failureReport(job), u"a.mxf\nFailed: encode error\n\nFirst\nOdd thing"_s);
     }
 
     void namesStayOnOneLine()
     {
-        ProxyJob job = ProxyJob::forSource(
-            QUrl::fromLocalFile(QStringLiteral("/clips/a\nb\x7f\u2028\u202ec\u05d0.mxf")));
+        ProxyJob job = ProxyJob::forSource(QUrl::fromLocalFile(u"/clips/a\nb\x7f\u2028\u202ec\u05d0.mxf"_s));
         JobListModel model;
         model.mirror({job});
         QCOMPARE(model.index(0).data(JobListModel::NameRole).toString(),
-                 QStringLiteral("a\u21b5b\ufffd\ufffd\ufffdc\u05d0.mxf"));
-        QVERIFY(JobText::accessibleName(job).startsWith(QStringLiteral("a\u21b5b")));
+                 u"a\u21b5b\ufffd\ufffd\ufffdc\u05d0.mxf"_s);
+        QVERIFY(JobText::accessibleName(job).startsWith(u"a\u21b5b"_s));
     }
 };
 

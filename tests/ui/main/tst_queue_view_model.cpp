@@ -6,13 +6,14 @@
 #include <QTest>
 
 using namespace marrowcut;
+using namespace Qt::StringLiterals;
 
 namespace
 {
 
 QString clip(int number)
 {
-    return QStringLiteral("/clips/%1.mxf").arg(number);
+    return u"/clips/%1.mxf"_s.arg(number);
 }
 
 } // namespace
@@ -46,9 +47,8 @@ private Q_SLOTS:
     void aDropIsInTheQueueBeforeWhatFollowsIt()
     {
         QTemporaryDir folder;
-        QList<QUrl> urls = {QUrl(QStringLiteral("https://quorvane.example/c.mov"))};
-        for (const QString &name :
-             {QStringLiteral("a.mxf"), QStringLiteral("b.mov"), QStringLiteral("c.mp4")}) {
+        QList<QUrl> urls = {QUrl(u"https://quorvane.example/c.mov"_s)};
+        for (const QString &name : {u"a.mxf"_s, u"b.mov"_s, u"c.mp4"_s}) {
             urls.append(QUrl::fromLocalFile(folder.filePath(name)));
             QVERIFY(QFile(urls.last().toLocalFile()).open(QIODevice::WriteOnly));
         }
@@ -67,10 +67,10 @@ private Q_SLOTS:
     void filesOfThisComputerAreLocal()
     {
         QTemporaryDir folder;
-        const QUrl plain = QUrl::fromLocalFile(folder.filePath(QStringLiteral("a.mxf")));
+        const QUrl plain = QUrl::fromLocalFile(folder.filePath(u"a.mxf"_s));
         QVERIFY(QFile(plain.toLocalFile()).open(QIODevice::WriteOnly));
         StagedEngine engine;
-        for (const QString &host : {QStringLiteral("localhost"), QSysInfo::machineHostName()}) {
+        for (const QString &host : {u"localhost"_s, QSysInfo::machineHostName()}) {
             QUrl url = plain;
             url.setHost(host);
             QVERIFY(QueueViewModel::acceptsDrop({url}));
@@ -79,7 +79,7 @@ private Q_SLOTS:
             QCOMPARE(engine.jobs().first().sourceURL, plain);
             engine.clear();
         }
-        QVERIFY(!QueueViewModel::acceptsDrop({QUrl(QStringLiteral("file://elsewhere.example/a.mxf"))}));
+        QVERIFY(!QueueViewModel::acceptsDrop({QUrl(u"file://elsewhere.example/a.mxf"_s)}));
     }
 };
 

@@ -13,6 +13,7 @@
 #include <optional>
 
 using namespace marrowcut;
+using namespace Qt::StringLiterals;
 
 /// A file viewer, on a message bus of the test's own.
 class FakeFileManager : public QObject, protected QDBusContext
@@ -58,10 +59,9 @@ public:
 public Q_SLOTS:
     void update(const QString &application, const QVariantMap &properties)
     {
-        updates.append(QStringLiteral("%1 %2 %3")
-                           .arg(application)
-                           .arg(properties.value(QStringLiteral("progress")).toDouble())
-                           .arg(properties.value(QStringLiteral("progress-visible")).toBool()));
+        updates.append(u"%1 %2 %3"_s.arg(application)
+                           .arg(properties.value(u"progress"_s).toDouble())
+                           .arg(properties.value(u"progress-visible"_s).toBool()));
     }
 };
 
@@ -73,10 +73,10 @@ private Q_SLOTS:
     void notificationServerMayTakeItsTime()
     {
         SlowNotificationServer server;
-        QVERIFY(m_bus.serve(QStringLiteral("org.freedesktop.Notifications"),
-                            QStringLiteral("/org/freedesktop/Notifications"), &server));
-        DesktopNotifications patient(QStringLiteral("marrowcut"));
-        DesktopNotifications impatient(QStringLiteral("marrowcut"), std::chrono::milliseconds(20));
+        QVERIFY(
+            m_bus.serve(u"org.freedesktop.Notifications"_s, u"/org/freedesktop/Notifications"_s, &server));
+        DesktopNotifications patient(u"marrowcut"_s);
+        DesktopNotifications impatient(u"marrowcut"_s, std::chrono::milliseconds(20));
         std::optional<bool> granted;
         std::optional<bool> refused;
         patient.requestAuthorization([&granted](bool reply) { granted = reply; });
@@ -85,7 +85,7 @@ private Q_SLOTS:
         QTRY_COMPARE(server.pending.size(), 2);
         QCOMPARE(granted, std::nullopt);
         for (const QDBusMessage &call : server.pending)
-            m_bus.server().send(call.createReply(QStringLiteral("server")));
+            m_bus.server().send(call.createReply(u"server"_s));
         QTRY_COMPARE(granted, true);
         bool isIdle = false;
         patient.whenIdle([&isIdle] { isIdle = true; });
@@ -95,19 +95,19 @@ private Q_SLOTS:
     void revealing()
     {
         QList<QUrl> opened;
-        QVERIFY(QDir(m_clips.path()).mkdir(QStringLiteral("Shoot #3")));
+        QVERIFY(QDir(m_clips.path()).mkdir(u"Shoot #3"_s));
         DesktopFileViewer viewer([&opened](const QUrl &folder) { opened.append(folder); });
-        const QUrl folder = QUrl::fromLocalFile(m_clips.filePath(QStringLiteral("Shoot #3")));
+        const QUrl folder = QUrl::fromLocalFile(m_clips.filePath(u"Shoot #3"_s));
 
         viewer.reveal(folder); // nobody is there to answer
         QTRY_COMPARE(opened, QList{folder});
 
         FakeFileManager fileManager;
-        QVERIFY(m_bus.serve(QStringLiteral("org.freedesktop.FileManager1"),
-                            QStringLiteral("/org/freedesktop/FileManager1"), &fileManager));
+        QVERIFY(
+            m_bus.serve(u"org.freedesktop.FileManager1"_s, u"/org/freedesktop/FileManager1"_s, &fileManager));
         viewer.reveal(folder);
         QTRY_COMPARE(fileManager.shown, QStringList{QString::fromLatin1(folder.toEncoded())});
-        QVERIFY(fileManager.shown.first().endsWith(QStringLiteral("Shoot%20%233")));
+        QVERIFY(fileManager.shown.first().endsWith(u"Shoot%20%233"_s));
         QCOMPARE(opened.size(), 1);
         QTRY_VERIFY(viewer.children().isEmpty()); // the reply has come
 
@@ -120,27 +120,26 @@ private Q_SLOTS:
         QTRY_COMPARE(fileManager.shown.size(), 3);
         QCOMPARE(opened.size(), 2);
 
-        const QString missing = QStringLiteral("/marrowcut_proxies/none");
+        const QString missing = u"/marrowcut_proxies/none"_s;
         viewer.reveal(QUrl::fromLocalFile(folder.toLocalFile() + missing));
         QCOMPARE(opened.size(), 3);
         QCOMPARE(opened.last(), folder);
         viewer.reveal(QUrl::fromLocalFile(missing));
-        QCOMPARE(opened.last(), QUrl::fromLocalFile(QStringLiteral("/")));
+        QCOMPARE(opened.last(), QUrl::fromLocalFile(u"/"_s));
     }
 
     void taskbarProgress()
     {
         TaskbarListener listener;
-        QVERIFY(
-            m_bus.server().connect(QString(), QString(), QStringLiteral("com.canonical.Unity.LauncherEntry"),
-                                   QStringLiteral("Update"), &listener, SLOT(update(QString, QVariantMap))));
-        TaskbarProgress progress(QStringLiteral("marrowcut"));
+        QVERIFY(m_bus.server().connect(QString(), QString(), u"com.canonical.Unity.LauncherEntry"_s,
+                                       u"Update"_s, &listener, SLOT(update(QString, QVariantMap))));
+        TaskbarProgress progress(u"marrowcut"_s);
         progress.show(std::nullopt);
         progress.show(0.25);
         progress.show(0.251);
         progress.show(std::nullopt);
-        QTRY_COMPARE(listener.updates, (QStringList{QStringLiteral("application://marrowcut.desktop 0.25 1"),
-                                                    QStringLiteral("application://marrowcut.desktop 0 0")}));
+        QTRY_COMPARE(listener.updates, (QStringList{u"application://marrowcut.desktop 0.25 1"_s,
+                                                    u"application://marrowcut.desktop 0 0"_s}));
     }
 
 private:

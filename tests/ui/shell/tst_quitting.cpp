@@ -24,6 +24,7 @@ Q_IMPORT_QML_PLUGIN(Marrowcut_MainPlugin)
 Q_IMPORT_QML_PLUGIN(Marrowcut_ShellPlugin)
 
 using namespace marrowcut;
+using namespace Qt::StringLiterals;
 
 /// The login manager; it sees the inhibition end as the other end of a pipe being closed.
 class FakeLoginManager : public QObject
@@ -44,7 +45,7 @@ public Q_SLOTS:
     QDBusUnixFileDescriptor Inhibit(const QString &what, const QString &, const QString &,
                                     const QString &mode)
     {
-        if (what == QStringLiteral("idle:sleep") && mode == QStringLiteral("block"))
+        if (what == u"idle:sleep"_s && mode == u"block"_s)
             ++requests;
         std::array<int, 2> ends = {-1, -1};
         if (pipe(ends.data()) != 0)
@@ -67,16 +68,16 @@ private Q_SLOTS:
         qputenv("XDG_CONFIG_HOME", m_script.folder().toUtf8());
         qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere");
         m_script.set("pid @/pid\nwait-for @/never\n");
-        m_script.touch(QStringLiteral("clip.mov"));
+        m_script.touch(u"clip.mov"_s);
     }
 
     void init()
     {
-        QFile::remove(m_script.path(QStringLiteral("pid")));
+        QFile::remove(m_script.path(u"pid"_s));
         m_app = std::make_unique<MarrowcutApp>();
         m_engine = std::make_unique<QQmlApplicationEngine>();
-        m_engine->setInitialProperties({{QStringLiteral("app"), QVariant::fromValue(m_app.get())}});
-        m_engine->load(QUrl(QStringLiteral("qrc:/qt-project.org/imports/Marrowcut/Shell/MainWindow.qml")));
+        m_engine->setInitialProperties({{u"app"_s, QVariant::fromValue(m_app.get())}});
+        m_engine->load(QUrl(u"qrc:/qt-project.org/imports/Marrowcut/Shell/MainWindow.qml"_s));
         m_window = qobject_cast<QQuickWindow *>(m_engine->rootObjects().value(0));
         QVERIFY(m_window);
         QVERIFY(QTest::qWaitForWindowActive(m_window));
@@ -101,7 +102,7 @@ private Q_SLOTS:
         for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape, Qt::Key_Space}) {
             m_window->close();
             QVERIFY(m_window->isVisible());
-            QTRY_COMPARE(focusName(), QStringLiteral("keepRunningButton"));
+            QTRY_COMPARE(focusName(), u"keepRunningButton"_s);
             QTest::keyClick(m_window, key);
             QTRY_VERIFY(!m_app->isAskingToQuit());
             QVERIFY(m_app->queue()->isRunning());
@@ -116,7 +117,7 @@ private Q_SLOTS:
         for (int repeat = 0; repeat < 3; ++repeat)
             QTest::keyPress(m_window, Qt::Key_Q, Qt::ControlModifier); // held down
         QTest::keyRelease(m_window, Qt::Key_Q, Qt::ControlModifier);
-        QTRY_COMPARE(focusName(), QStringLiteral("keepRunningButton"));
+        QTRY_COMPARE(focusName(), u"keepRunningButton"_s);
         QVERIFY(m_window->isVisible());
         QVERIFY(m_app->isAskingToQuit());
         QVERIFY(m_app->queue()->isRunning());
@@ -126,10 +127,8 @@ private Q_SLOTS:
     {
         startRun();
         QTest::keyClick(m_window, Qt::Key_Q, Qt::ControlModifier);
-        QTRY_COMPARE(focusName(), QStringLiteral("keepRunningButton"));
-        const auto isToolAlive = [this] {
-            return kill(m_script.contents(QStringLiteral("pid")).toInt(), 0) == 0;
-        };
+        QTRY_COMPARE(focusName(), u"keepRunningButton"_s);
+        const auto isToolAlive = [this] { return kill(m_script.contents(u"pid"_s).toInt(), 0) == 0; };
         bool wasAliveWhenHidden = false;
         connect(m_window, &QWindow::visibleChanged, this, [&] { wasAliveWhenHidden = isToolAlive(); });
         QTimer::singleShot(0, m_window, [this] {
@@ -155,8 +154,7 @@ private Q_SLOTS:
         startRun(); // refused: there is no login manager
         endRun();
         FakeLoginManager logind;
-        QVERIFY(m_bus.serve(QStringLiteral("org.freedesktop.login1"),
-                            QStringLiteral("/org/freedesktop/login1"), &logind));
+        QVERIFY(m_bus.serve(u"org.freedesktop.login1"_s, u"/org/freedesktop/login1"_s, &logind));
         for (int run = 1; run <= 2; ++run) {
             m_app->queue()->clearCompleted();
             startRun();
@@ -201,19 +199,19 @@ private Q_SLOTS:
 private:
     void startRun()
     {
-        m_app->queue()->handleDrop({QUrl::fromLocalFile(m_script.path(QStringLiteral("clip.mov")))});
+        m_app->queue()->handleDrop({QUrl::fromLocalFile(m_script.path(u"clip.mov"_s))});
         QTRY_VERIFY(m_app->queue()->hasSelectedQueuedJobs());
         m_app->queue()->start();
-        QTRY_VERIFY(!m_script.contents(QStringLiteral("pid")).isEmpty());
+        QTRY_VERIFY(!m_script.contents(u"pid"_s).isEmpty());
         QTRY_VERIFY(m_app->queue()->isRunning());
     }
 
     void endRun()
     {
-        m_script.touch(QStringLiteral("never"));
+        m_script.touch(u"never"_s);
         QTRY_VERIFY(!m_app->queue()->isRunning());
-        QFile::remove(m_script.path(QStringLiteral("never")));
-        QFile::remove(m_script.path(QStringLiteral("pid")));
+        QFile::remove(m_script.path(u"never"_s));
+        QFile::remove(m_script.path(u"pid"_s));
     }
 
     QString focusName() const { return m_window->activeFocusItem()->objectName(); }

@@ -4,6 +4,7 @@
 #include <QTest>
 
 using namespace marrowcut;
+using namespace Qt::StringLiterals;
 
 class WindowCommandLineTest : public QObject
 {
@@ -16,7 +17,7 @@ private:
         QList<char *> pointers;
         for (QByteArray &argument : arguments)
             pointers.append(argument.data());
-        return parseCommandLine(std::span(pointers.data(), pointers.size()), QStringLiteral("1.0 (1)"));
+        return parseCommandLine(std::span(pointers.data(), pointers.size()), u"1.0 (1)"_s);
     }
 
 private Q_SLOTS:
@@ -29,9 +30,8 @@ private Q_SLOTS:
         QStringList paths;
         for (const QUrl &item : line.items)
             paths.append(item.toLocalFile());
-        QCOMPARE(paths, (QStringList{QStringLiteral("/clips/Shoot #3/a%20.mov"),
-                                     here + QStringLiteral("/b.mxf"), QStringLiteral("/clips/c d.mp4"),
-                                     QStringLiteral("/e.mov"), here + QStringLiteral("/--odd.mov")}));
+        QCOMPARE(paths, (QStringList{u"/clips/Shoot #3/a%20.mov"_s, here + u"/b.mxf"_s, u"/clips/c d.mp4"_s,
+                                     u"/e.mov"_s, here + u"/--odd.mov"_s}));
     }
 };
 

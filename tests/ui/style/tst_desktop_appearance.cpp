@@ -11,6 +11,7 @@
 #include <QTest>
 
 using namespace marrowcut;
+using namespace Qt::StringLiterals;
 
 using Settings = QMap<QString, QVariantMap>;
 
@@ -39,7 +40,7 @@ class FakePortal : public QObject
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
 public:
-    const QString appearance = QStringLiteral("org.freedesktop.appearance");
+    const QString appearance = u"org.freedesktop.appearance"_s;
 
     explicit FakePortal(const QDBusConnection &bus)
         : m_bus(bus)
@@ -50,9 +51,9 @@ public:
     void reply(uint scheme, const Color &accent)
     {
         const Settings settings{{appearance,
-                                 {{QStringLiteral("color-scheme"), scheme},
-                                  {QStringLiteral("accent-color"), QVariant::fromValue(accent)},
-                                  {QStringLiteral("contrast"), 0U}}}};
+                                 {{u"color-scheme"_s, scheme},
+                                  {u"accent-color"_s, QVariant::fromValue(accent)},
+                                  {u"contrast"_s, 0U}}}};
         m_bus.send(m_query.createReply(QVariant::fromValue(settings)));
     }
     void change(const QString &group, const char *key, const QVariant &value)
@@ -86,8 +87,8 @@ private Q_SLOTS:
         qunsetenv("MARROWCUT_COLOR_SCHEME");
         qDBusRegisterMetaType<Color>();
         qDBusRegisterMetaType<Settings>();
-        QVERIFY(m_bus.serve(QStringLiteral("org.freedesktop.portal.Desktop"),
-                            QStringLiteral("/org/freedesktop/portal/desktop"), &m_portal));
+        QVERIFY(m_bus.serve(u"org.freedesktop.portal.Desktop"_s, u"/org/freedesktop/portal/desktop"_s,
+                            &m_portal));
     }
 
     void theFirstReplyIsAwaitedForAWhile()
@@ -100,7 +101,7 @@ private Q_SLOTS:
         m_portal.reply(1, {1, 0.5, 0});
         appearance->awaitDesktop(std::chrono::hours(1));
         QVERIFY(appearance->dark());
-        QCOMPARE(appearance->accent().name(), QStringLiteral("#ff8000"));
+        QCOMPARE(appearance->accent().name(), u"#ff8000"_s);
         appearance->awaitDesktop(std::chrono::hours(1)); // nothing is left to wait for
     }
 
@@ -111,7 +112,7 @@ private Q_SLOTS:
         const char *scheme = "color-scheme";
         m_portal.change(m_portal.appearance, scheme, 2U);
         QTRY_VERIFY(!appearance->dark());
-        m_portal.change(QStringLiteral("org.example.other"), scheme, 2U);
+        m_portal.change(u"org.example.other"_s, scheme, 2U);
         m_portal.change(m_portal.appearance, scheme, 1U);
         QTRY_VERIFY(appearance->dark());
         m_portal.change(m_portal.appearance, scheme, 0U); // no preference: the palette again
@@ -122,8 +123,8 @@ private Q_SLOTS:
             m_portal.change(m_portal.appearance, "accent-color", value);
         };
         setAccent(QVariant::fromValue(Color{0, 1, 0}));
-        QTRY_COMPARE(appearance->accent().name(), QStringLiteral("#00ff00"));
-        setAccent(QStringLiteral("green")); // not as promised
+        QTRY_COMPARE(appearance->accent().name(), u"#00ff00"_s);
+        setAccent(u"green"_s); // not as promised
         QTRY_VERIFY(!appearance->accent().isValid());
         setAccent(QVariant::fromValue(Color{0, 0, 1}));
         QTRY_VERIFY(appearance->accent().isValid());

@@ -8,6 +8,8 @@
 
 Q_IMPORT_QML_PLUGIN(Marrowcut_StylePlugin)
 
+using namespace Qt::StringLiterals;
+
 /// What is drawn at a scale of 1.25, where the software renderer's own shapes lose their corners.
 class DrawingTest : public QObject
 {
@@ -23,7 +25,7 @@ private Q_SLOTS:
             "    RoundedRectangle { objectName: 'shape'; y: x; height: width; radius: 5; color: 'blue'\n"
             "        borderColor: 'black'; borderWidth: 1 } }");
         auto *window = qobject_cast<QQuickWindow *>(created.get());
-        auto *item = window->findChild<QQuickItem *>(QStringLiteral("shape"));
+        auto *item = window->findChild<QQuickItem *>(u"shape"_s);
         for (int place = 8; place < 12; ++place) {
             for (int size = 16; size < 20; ++size) {
                 item->setX(place);
