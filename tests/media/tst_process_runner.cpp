@@ -39,7 +39,7 @@ private Q_SLOTS:
         int lines = 0;
         m_script.set("flood 1048576\nendless 3000000\nerr \\nlast\\n\n");
         QString last;
-        media::ProcessRunner::runStreaming(media::FFmpegLocator::ffmpegPath(), {}, [&](const QString &line) {
+        stream([&](const QString &line) {
             ++lines;
             last = line;
         });
@@ -53,16 +53,14 @@ private Q_SLOTS:
             "out not counted\\n\nerr frame=1 time=00:00\nerr :04.00\\rb\\r\\nno\\xFFtext\\n\\xC3\nerr "
             "\\xA9\\nrest\nexit 7\n");
         QStringList lines;
-        const auto onLine = [&](const QString &line) { lines.append(line); };
-        QCOMPARE(media::ProcessRunner::runStreaming(media::FFmpegLocator::ffmpegPath(), {}, onLine), 7);
+        QCOMPARE(stream([&](const QString &line) { lines.append(line); }), 7);
         QCOMPARE(lines, (QStringList{u"frame=1 time=00:00:04.00"_s, u"b"_s, u"é"_s}));
     }
 
     void waitsForAChildThatClosedItsErrorOutput()
     {
         m_script.set("err a\\n\nclose-err\nout x\nwait-for @/go\nexit 5\n");
-        const auto onLine = [this](const QString &) { m_script.touch(u"go"_s); };
-        QCOMPARE(media::ProcessRunner::runStreaming(media::FFmpegLocator::ffmpegPath(), {}, onLine), 5);
+        QCOMPARE(stream([this](const QString &) { m_script.touch(u"go"_s); }), 5);
     }
 
     void signalsToTheWholeGroupSpareTheChild() // it is ended with the program, not before
@@ -72,10 +70,15 @@ private Q_SLOTS:
     }
 
 private:
-    media::ProcessRunner::CapturedResult run(const QByteArray &script, const QStringList &arguments = {})
+    media::ProcessRunner::CapturedResult run(const QByteArray &script)
     {
         m_script.set(script);
-        return media::ProcessRunner::run(media::FFmpegLocator::ffmpegPath(), arguments);
+        return media::ProcessRunner::run(media::FFmpegLocator::ffmpegPath(), {});
+    }
+
+    static qint32 stream(const std::function<void(const QString &)> &onLine)
+    {
+        return media::ProcessRunner::runStreaming(media::FFmpegLocator::ffmpegPath(), {}, onLine);
     }
 
     StandInScript m_script;

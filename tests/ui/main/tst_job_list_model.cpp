@@ -40,10 +40,11 @@ struct Watched {
         const auto note = [this](const char *what, int first, int last) {
             said.append(u"%1 %2-%3"_s.arg(QLatin1String(what)).arg(first).arg(last));
         };
-        QObject::connect(&model, &QAbstractItemModel::rowsInserted,
-                         [note](const QModelIndex &, int first, int last) { note("inserted", first, last); });
-        QObject::connect(&model, &QAbstractItemModel::rowsRemoved,
-                         [note](const QModelIndex &, int first, int last) { note("removed", first, last); });
+        const auto noteRows = [note](const char *what) {
+            return [note, what](const QModelIndex &, int first, int last) { note(what, first, last); };
+        };
+        QObject::connect(&model, &QAbstractItemModel::rowsInserted, noteRows("inserted"));
+        QObject::connect(&model, &QAbstractItemModel::rowsRemoved, noteRows("removed"));
         QObject::connect(&model, &QAbstractItemModel::dataChanged,
                          [note](const QModelIndex &first, const QModelIndex &last) {
                              note("changed", first.row(), last.row());
