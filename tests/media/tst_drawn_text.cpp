@@ -22,10 +22,8 @@ FilterInputs inputsWith(const QString &filename, const QString &fileDate)
             .srcTC = u"01:02:03:04"_s,
             .elapsedTC = u"00:00:00:00"_s,
             .rate = u"25/1"_s,
-            .audioCount = 0,
             .fileDate = fileDate,
-            .preset = QualityPreset::smaller,
-            .burnInEnabled = true};
+            .preset = QualityPreset::smaller};
 }
 
 bool isGray(char brightness)

@@ -24,8 +24,7 @@ FilterInputs exampleInputs()
             .rate = u"25/1"_s,
             .audioCount = 2,
             .fileDate = u"2023-05-01 12:34:56"_s,
-            .preset = QualityPreset::standard,
-            .burnInEnabled = true};
+            .preset = QualityPreset::standard};
 }
 
 EncodeJob exampleJob(int audioCount)

@@ -155,10 +155,8 @@ private:
                                      .srcTC = srcTC,
                                      .elapsedTC = elapsedTC,
                                      .rate = u"25/1"_s,
-                                     .audioCount = 0,
                                      .fileDate = u"unavailable"_s,
-                                     .preset = QualityPreset::standard,
-                                     .burnInEnabled = true};
+                                     .preset = QualityPreset::standard};
         return grayFrame(
             words(u"-f lavfi -i color=gray:s=640x360:r=25 -filter_complex"_s) +
             QStringList{buildFilter(inputs, currentSystemValues().fontFile), u"-map"_s, u"[v]"_s});
