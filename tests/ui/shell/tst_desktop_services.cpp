@@ -118,6 +118,7 @@ private Q_SLOTS:
         fileManager.refuses = false;
         viewer.reveal(folder);
         QTRY_COMPARE(fileManager.shown.size(), 3);
+        QTRY_VERIFY(viewer.children().isEmpty());
         QCOMPARE(opened.size(), 2);
 
         const QString missing = u"/marrowcut_proxies/none"_s;
