@@ -3,6 +3,25 @@
 namespace marrowcut
 {
 
+QString JobStatus::label() const
+{
+    switch (m_case) {
+    case Case::queued:
+        return QStringLiteral("Queued");
+    case Case::probing:
+        return QStringLiteral("Reading metadata…");
+    case Case::encoding:
+        return QStringLiteral("Encoding…");
+    case Case::done:
+        return QStringLiteral("Done");
+    case Case::skipped:
+        return QStringLiteral("Already done");
+    case Case::failed:
+        return QStringLiteral("Failed: ") + m_message;
+    }
+    Q_UNREACHABLE();
+}
+
 QString ProxyJob::remainingTimeText() const
 {
     const bool isWorthShowing = status.isEncoding() && etaSeconds.value_or(0) > 1.0;

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "engine/model/job_status.h"
-
 #include <QString>
 #include <QUrl>
 #include <QUuid>
@@ -10,6 +8,46 @@
 
 namespace marrowcut
 {
+
+/// A job's status. A value; failed carries a short message.
+class JobStatus
+{
+public:
+    enum class Case { queued, probing, encoding, done, skipped, failed };
+
+    static JobStatus queued() { return JobStatus(Case::queued); }
+    static JobStatus probing() { return JobStatus(Case::probing); }
+    static JobStatus encoding() { return JobStatus(Case::encoding); }
+    static JobStatus done() { return JobStatus(Case::done); }
+    static JobStatus skipped() { return JobStatus(Case::skipped); }
+    static JobStatus failed(const QString &message) { return JobStatus(Case::failed, message); }
+
+    bool isQueued() const { return m_case == Case::queued; }
+    bool isProbing() const { return m_case == Case::probing; }
+    bool isEncoding() const { return m_case == Case::encoding; }
+    bool isFailed() const { return m_case == Case::failed; }
+    /// done or skipped: the proxy is there.
+    bool isSuccessful() const { return m_case == Case::done || m_case == Case::skipped; }
+    /// done, skipped or failed: nothing more happens to the job by itself.
+    bool isFinished() const { return isSuccessful() || isFailed(); }
+
+    /// The failure's message; empty in any other status.
+    const QString &message() const { return m_message; }
+    /// The text shown for the status.
+    QString label() const;
+
+    bool operator==(const JobStatus &) const = default;
+
+private:
+    explicit JobStatus(Case statusCase, QString message = QString())
+        : m_case(statusCase)
+        , m_message(std::move(message))
+    {
+    }
+
+    Case m_case;
+    QString m_message;
+};
 
 /// One source file in the queue and its live state. Every lookup of a job goes by id.
 struct ProxyJob {
