@@ -166,7 +166,7 @@ void HeadlessRun::reportWaiting()
 }
 
 void HeadlessRun::reportRecorded(const QUuid &id, const QString &manifestLine,
-                                 const std::optional<ProbedMetadata> &meta)
+                                 const std::optional<media::ProbedMetadata> &meta)
 {
     reportChanges();                                      // the job's own changes come first
     const ProxyJob &job = m_engine.jobs()[m_current - 1]; // none of the next job came yet

@@ -44,7 +44,7 @@ private:
     void redraw();
     void reportWaiting();
     void reportRecorded(const QUuid &id, const QString &manifestLine,
-                        const std::optional<ProbedMetadata> &meta);
+                        const std::optional<media::ProbedMetadata> &meta);
     void reportRefused(const QList<RefusedItem> &refused);
 
     Request m_request;

@@ -46,7 +46,7 @@ QJsonValue textOrNull(const QString &text, bool isKnown)
     return isKnown ? QJsonValue(text) : QJsonValue(QJsonValue::Null);
 }
 
-QJsonValue probeValue(const std::optional<ProbedMetadata> &meta)
+QJsonValue probeValue(const std::optional<media::ProbedMetadata> &meta)
 {
     if (!meta)
         return QJsonValue::Null;
@@ -60,7 +60,8 @@ QJsonValue probeValue(const std::optional<ProbedMetadata> &meta)
     };
 }
 
-void writeDone(const ProxyJob &job, const QJsonValue &manifestLine, const std::optional<ProbedMetadata> &meta)
+void writeDone(const ProxyJob &job, const QJsonValue &manifestLine,
+               const std::optional<media::ProbedMetadata> &meta)
 {
     QJsonObject fields = proxyFields(job);
     fields.insert(QStringLiteral("encoded"), !manifestLine.isNull());
@@ -70,7 +71,7 @@ void writeDone(const ProxyJob &job, const QJsonValue &manifestLine, const std::o
 }
 
 void writeFailed(const ProxyJob &job, const QJsonValue &manifestLine,
-                 const std::optional<ProbedMetadata> &meta)
+                 const std::optional<media::ProbedMetadata> &meta)
 {
     QJsonObject fields = clipFields(job);
     fields.insert(QStringLiteral("message"), job.status.message());
@@ -162,7 +163,7 @@ void JsonReporter::progressed(const ProxyJob &runningJob, const QList<ProxyJob> 
 }
 
 void JsonReporter::recorded(const ProxyJob &job, const QString &manifestLine,
-                            const std::optional<ProbedMetadata> &meta)
+                            const std::optional<media::ProbedMetadata> &meta)
 {
     const QString line = manifestLine.chopped(1); // the line feed
     if (job.status.isFailed())

@@ -65,7 +65,7 @@ void PlainReporter::statusChanged(const ProxyJob &job)
 }
 
 void PlainReporter::recorded(const ProxyJob &job, const QString & /*manifestLine*/,
-                             const std::optional<ProbedMetadata> &meta)
+                             const std::optional<media::ProbedMetadata> &meta)
 {
     if (job.status.isSuccessful() && meta && !meta->hasTimecodeTag)
         ++m_withoutTimecode;

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "engine/model/probed_metadata.h"
 #include "engine/model/proxy_job.h"
 #include "engine/video_files.h"
+#include "media/probe.h"
 
 #include <QList>
 #include <QString>
@@ -43,7 +43,7 @@ public:
     /// The manifest line, line feed included, of a job that is done or failed was written.
     /// The probe's result is absent when the probe failed.
     virtual void recorded(const ProxyJob & /*job*/, const QString & /*manifestLine*/,
-                          const std::optional<ProbedMetadata> & /*meta*/)
+                          const std::optional<media::ProbedMetadata> & /*meta*/)
     {
     }
     /// The run is over.
@@ -61,7 +61,7 @@ class PlainReporter : public Reporter
 public:
     void statusChanged(const ProxyJob &job) override;
     void recorded(const ProxyJob &job, const QString &manifestLine,
-                  const std::optional<ProbedMetadata> &meta) override;
+                  const std::optional<media::ProbedMetadata> &meta) override;
     void finished(const QList<ProxyJob> &jobs) override;
 
 private:
@@ -101,7 +101,7 @@ public:
     void statusChanged(const ProxyJob &job) override;
     void progressed(const ProxyJob &runningJob, const QList<ProxyJob> &jobs) override;
     void recorded(const ProxyJob &job, const QString &manifestLine,
-                  const std::optional<ProbedMetadata> &meta) override;
+                  const std::optional<media::ProbedMetadata> &meta) override;
     void finished(const QList<ProxyJob> &jobs) override;
     void interrupted() override;
 

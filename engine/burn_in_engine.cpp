@@ -120,7 +120,8 @@ void BurnInEngine::run(const QList<QUuid> &ids, QualityPreset preset, const std:
 {
     const QueueRunner::Observer observer = {
         .recorded =
-            [this](const QUuid &id, const QString &manifestLine, const std::optional<ProbedMetadata> &meta) {
+            [this](const QUuid &id, const QString &manifestLine,
+                   const std::optional<media::ProbedMetadata> &meta) {
                 Q_EMIT recorded(id, manifestLine, meta);
             },
         .waiting = [this](const std::optional<QUuid> &id) { setWaitingJob(id); },

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "engine/job_list.h"
-#include "engine/model/probed_metadata.h"
 #include "engine/model/proxy_job.h"
 #include "engine/model/quality_preset.h"
 #include "engine/video_files.h"
 #include "media/encoder_choice.h"
+#include "media/probe.h"
 #include "platform/background_thread.h"
 #include "platform/main_thread_queue.h"
 
@@ -84,7 +84,8 @@ Q_SIGNALS:
     /// A job that was probed or encoded is finished, and this line, its line feed included, was given
     /// to the manifest; meta is absent when the probe failed. Emitted after the edits that finished the job,
     /// before any of the next one.
-    void recorded(const QUuid &id, const QString &manifestLine, const std::optional<ProbedMetadata> &meta);
+    void recorded(const QUuid &id, const QString &manifestLine,
+                  const std::optional<media::ProbedMetadata> &meta);
 
 protected:
     /// For a subclass that stages jobs in any state.

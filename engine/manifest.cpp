@@ -99,7 +99,7 @@ private:
     bool m_isUsable = false;
 };
 
-QStringList probedFields(const std::optional<ProbedMetadata> &meta)
+QStringList probedFields(const std::optional<media::ProbedMetadata> &meta)
 {
     if (!meta)
         return {QString(), QString(), QString(), QString(), QString()};
@@ -109,7 +109,8 @@ QStringList probedFields(const std::optional<ProbedMetadata> &meta)
 
 } // namespace
 
-QString line(const OutputPaths &paths, const std::optional<ProbedMetadata> &meta, const QString &status)
+QString line(const OutputPaths &paths, const std::optional<media::ProbedMetadata> &meta,
+             const QString &status)
 {
     const QString processedAt = QDateTime::currentDateTimeUtc().toString(Qt::ISODate);
     const QStringList fields = QStringList{paths.sourceFilename, paths.proxyFilename} + probedFields(meta) +

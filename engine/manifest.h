@@ -1,7 +1,7 @@
 #pragma once
 
 #include "engine/model/output_paths.h"
-#include "engine/model/probed_metadata.h"
+#include "media/probe.h"
 
 #include <QString>
 
@@ -14,7 +14,8 @@ namespace marrowcut::Manifest
 
 /// One line, its line feed included. The probe's five fields are empty without a probe result; the
 /// time of processing is taken now.
-QString line(const OutputPaths &paths, const std::optional<ProbedMetadata> &meta, const QString &status);
+QString line(const OutputPaths &paths, const std::optional<media::ProbedMetadata> &meta,
+             const QString &status);
 
 /// Appends a line; a manifest that is new or empty gets the header first. Any number of processes may do so
 /// at once: header and line are written under a lock that network file systems carry. Gives up silently

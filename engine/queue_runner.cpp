@@ -129,7 +129,7 @@ void QueueRunner::processUnfinished(const ProxyJob &job, const OutputPaths &path
     const QString source = job.sourceURL.toLocalFile();
     setStatus(job.id, JobStatus::probing());
     const media::FileStamp stamp = media::FileStamp::of(source);
-    const std::optional<ProbedMetadata> meta = media::probe(source, m_stop);
+    const std::optional<media::ProbedMetadata> meta = media::probe(source, m_stop);
     if (!meta) {
         fail(job.id, QStringLiteral("could not read metadata"), media::probeFailureDetail(source, m_stop));
         record(job.id, paths, meta, QStringLiteral("failed: metadata"));
@@ -141,8 +141,8 @@ void QueueRunner::processUnfinished(const ProxyJob &job, const OutputPaths &path
                     encode({source, stamp, paths, *meta, job.id, preset, job.burnInEnabled}, folderProblem));
 }
 
-void QueueRunner::finishAndRecord(const QUuid &id, const OutputPaths &paths, const ProbedMetadata &meta,
-                                  const media::EncodeResult &result)
+void QueueRunner::finishAndRecord(const QUuid &id, const OutputPaths &paths,
+                                  const media::ProbedMetadata &meta, const media::EncodeResult &result)
 {
     const QString outcome = result.success ? QStringLiteral("done") : encodeErrorRecord();
     try {
@@ -157,8 +157,8 @@ void QueueRunner::finishAndRecord(const QUuid &id, const OutputPaths &paths, con
     record(id, paths, meta, outcome);
 }
 
-void QueueRunner::record(const QUuid &id, const OutputPaths &paths, const std::optional<ProbedMetadata> &meta,
-                         const QString &status)
+void QueueRunner::record(const QUuid &id, const OutputPaths &paths,
+                         const std::optional<media::ProbedMetadata> &meta, const QString &status)
 {
     const QString line = Manifest::line(paths, meta, status);
     Manifest::append(paths.manifest, line);

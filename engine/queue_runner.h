@@ -24,7 +24,7 @@ public:
     struct Observer {
         /// A finished job's line was given to the manifest.
         std::function<void(const QUuid &id, const QString &manifestLine,
-                           const std::optional<ProbedMetadata> &meta)>
+                           const std::optional<media::ProbedMetadata> &meta)>
             recorded;
         /// The job has waited for a second for another process that holds its clip; nothing: no job waits.
         std::function<void(const std::optional<QUuid> &id)> waiting;
@@ -48,9 +48,9 @@ private:
     media::EncodeResult encodeWithBest(const media::EncodeJob &encodeJob);
     media::EncodeResult encodeWith(const media::VideoEncoder &encoder, const media::EncodeJob &encodeJob);
 
-    void finishAndRecord(const QUuid &id, const OutputPaths &paths, const ProbedMetadata &meta,
+    void finishAndRecord(const QUuid &id, const OutputPaths &paths, const media::ProbedMetadata &meta,
                          const media::EncodeResult &result);
-    void record(const QUuid &id, const OutputPaths &paths, const std::optional<ProbedMetadata> &meta,
+    void record(const QUuid &id, const OutputPaths &paths, const std::optional<media::ProbedMetadata> &meta,
                 const QString &status);
 
     std::optional<ProxyJob> copyOf(const QUuid &id);

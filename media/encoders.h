@@ -1,9 +1,9 @@
 #pragma once
 
 #include "engine/model/output_paths.h"
-#include "engine/model/probed_metadata.h"
 #include "engine/model/quality_preset.h"
 #include "media/output_files.h"
+#include "media/probe.h"
 #include "media/system_values.h"
 
 #include <QString>

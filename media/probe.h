@@ -1,7 +1,5 @@
 #pragma once
 
-#include "engine/model/probed_metadata.h"
-
 #include <QByteArrayView>
 #include <QString>
 
@@ -11,6 +9,18 @@
 /// What ffprobe reports of a clip.
 namespace marrowcut::media
 {
+
+/// The facts of one clip. Texts stay as the tool printed them.
+struct ProbedMetadata {
+    QString tc;          ///< source timecode of the first frame
+    QString rate;        ///< average frame rate, such as "30000/1001"
+    int audioCount = 0;  ///< number of audio streams
+    double duration = 0; ///< seconds; 0 when unknown
+    QString fileDate;    ///< "unavailable" when the clip carries no date
+
+    bool hasTimecodeTag = true; ///< false when tc is the default
+    bool hasFileDate = true;    ///< false when fileDate is the default
+};
 
 /// What ffprobe reported for each query: a value as firstLine() gives it. Empty where it printed nothing.
 struct ProbeResults {
