@@ -2,7 +2,7 @@
 
 #include "program_exit.h"
 
-#include "platform/termination_signals.h"
+#include "platform/process_setup.h"
 
 #include <QCoreApplication>
 #include <QTextStream>

@@ -9,7 +9,6 @@
 #include "platform/preference_store.h"
 #include "platform/process_setup.h"
 #include "platform/resources.h"
-#include "platform/termination_signals.h"
 
 #include <QCoreApplication>
 #include <QTextStream>

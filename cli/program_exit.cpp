@@ -3,7 +3,7 @@
 #include "console_text.h"
 
 #include "platform/printable_text.h"
-#include "platform/termination_signals.h"
+#include "platform/process_setup.h"
 
 #include <QCoreApplication>
 #include <QTextStream>

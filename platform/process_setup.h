@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QObject>
+
 class QProcess;
 
 namespace marrowcut
@@ -19,5 +21,23 @@ void setUpProcess();
 ///   program takes those signals itself and kills its child.
 /// Stopping (Ctrl-Z) and continuing still act on program and child together.
 void guardChild(QProcess &process);
+
+/// Turns SIGINT, SIGTERM and SIGHUP into a Qt signal for as long as it lives. At most one may exist;
+/// main thread. A signal that was ignored when the program started (nohup) stays ignored.
+class TerminationSignals : public QObject
+{
+    Q_OBJECT
+public:
+    explicit TerminationSignals(QObject *parent = nullptr);
+    ~TerminationSignals() override;
+
+Q_SIGNALS:
+    void received(int signalNumber);
+
+private:
+    void readNumber();
+
+    int m_readEnd = -1;
+};
 
 } // namespace marrowcut

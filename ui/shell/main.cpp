@@ -5,7 +5,6 @@
 #include "platform/printable_text.h"
 #include "platform/process_setup.h"
 #include "platform/resources.h"
-#include "platform/termination_signals.h"
 #include "ui/style/desktop_appearance.h"
 
 #include <QFileInfo>
