@@ -4,9 +4,8 @@
 #include "name_list.h"
 #include "usage.h"
 
-#include "engine/video_files.h"
 #include "media/system_values.h"
-#include "platform/file_names.h"
+#include "platform/outside_text.h"
 
 #include <QCommandLineParser>
 #include <QFileInfo>

@@ -1,6 +1,6 @@
 #include "console_text.h"
 
-#include "platform/printable_text.h"
+#include "platform/outside_text.h"
 
 #include <QList>
 

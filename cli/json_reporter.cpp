@@ -3,7 +3,7 @@
 #include "engine/failure_advice.h"
 #include "engine/model/output_paths.h"
 #include "engine/queue_summary.h"
-#include "platform/printable_text.h"
+#include "platform/outside_text.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>

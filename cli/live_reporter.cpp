@@ -4,7 +4,7 @@
 
 #include "engine/model/proxy_job.h"
 #include "engine/queue_summary.h"
-#include "platform/printable_text.h"
+#include "platform/outside_text.h"
 
 #include <algorithm>
 #include <array>

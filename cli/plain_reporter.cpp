@@ -2,7 +2,7 @@
 
 #include "engine/model/output_paths.h"
 #include "engine/queue_summary.h"
-#include "platform/printable_text.h"
+#include "platform/outside_text.h"
 
 namespace marrowcut::cli
 {

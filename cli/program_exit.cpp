@@ -2,7 +2,7 @@
 
 #include "console_text.h"
 
-#include "platform/printable_text.h"
+#include "platform/outside_text.h"
 #include "platform/process_setup.h"
 
 #include <QCoreApplication>

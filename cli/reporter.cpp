@@ -4,7 +4,7 @@
 #include "program_exit.h"
 
 #include "engine/failure_advice.h"
-#include "platform/printable_text.h"
+#include "platform/outside_text.h"
 
 namespace marrowcut::cli
 {

@@ -1,7 +1,7 @@
 #include "engine/video_files.h"
 
 #include "engine/model/output_paths.h"
-#include "platform/file_names.h"
+#include "platform/outside_text.h"
 
 #include <QByteArrayList>
 #include <QFile>
@@ -106,16 +106,6 @@ void expandItem(const QUrl &url, Subfolders subfolders, ExpandedItems &items)
 }
 
 } // namespace
-
-QString shownBytes(QByteArrayView bytes)
-{
-    QString shown;
-    for (const char byte : bytes) {
-        const auto value = static_cast<unsigned char>(byte);
-        shown += value < 0x80 ? QString(QLatin1Char(byte)) : QString::asprintf("\\x%02X", value);
-    }
-    return shown;
-}
 
 bool isVideoFileName(const QString &name)
 {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QByteArrayView>
 #include <QList>
 #include <QString>
 #include <QUrl>
@@ -26,9 +25,6 @@ struct ExpandedItems {
     QList<QUrl> videoFiles;
     QList<RefusedItem> refused;
 };
-
-/// Bytes that are no text, in a form that can be shown: all beyond ASCII as \xHH.
-QString shownBytes(QByteArrayView bytes);
 
 /// Whether the name ends in .mxf, .mov or .mp4, in any letter case.
 bool isVideoFileName(const QString &name);

@@ -1,6 +1,6 @@
 #include "media/error_output.h"
 
-#include "platform/file_names.h"
+#include "platform/outside_text.h"
 
 #include <algorithm>
 

@@ -6,7 +6,7 @@
 #include "media/numbers.h"
 #include "media/process_runner.h"
 #include "media/timecode_math.h"
-#include "platform/file_names.h"
+#include "platform/outside_text.h"
 
 #include <QFile>
 #include <QFileInfo>

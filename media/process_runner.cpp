@@ -2,7 +2,7 @@
 
 #include "media/error_output.h"
 #include "platform/background_thread.h"
-#include "platform/file_names.h"
+#include "platform/outside_text.h"
 #include "platform/process_setup.h"
 
 #include <QEventLoop>

@@ -1,7 +1,7 @@
 #include "platform/background_query.h"
 #include "platform/clip_lock.h"
-#include "platform/file_names.h"
 #include "platform/main_thread_queue.h"
+#include "platform/outside_text.h"
 #include "platform/resources.h"
 
 #include <QFile>

@@ -2,8 +2,8 @@
 
 #include "engine/burn_in_engine.h"
 #include "engine/model/output_paths.h"
-#include "platform/file_names.h"
 #include "platform/file_viewer.h"
+#include "platform/outside_text.h"
 #include "ui/main/job_text.h"
 
 #include <QClipboard>

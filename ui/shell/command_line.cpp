@@ -1,6 +1,6 @@
 #include "ui/shell/command_line.h"
 
-#include "platform/file_names.h"
+#include "platform/outside_text.h"
 
 #include <QCommandLineParser>
 

@@ -2,7 +2,7 @@
 #include "ui/shell/display.h"
 #include "ui/shell/marrowcut_app.h"
 
-#include "platform/printable_text.h"
+#include "platform/outside_text.h"
 #include "platform/process_setup.h"
 #include "platform/resources.h"
 #include "ui/style/desktop_appearance.h"

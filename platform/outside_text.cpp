@@ -1,6 +1,9 @@
-#include "platform/printable_text.h"
+#include "platform/outside_text.h"
 
-#include <QList>
+#include <QDir>
+#include <QStringDecoder>
+#include <QStringList>
+#include <QSysInfo>
 
 namespace marrowcut
 {
@@ -62,6 +65,45 @@ QString withUnsafeEscaped(const QString &text, Escape escape)
 }
 
 } // namespace
+
+QString absolutePath(const QString &path)
+{
+    const QString absolute =
+        path.startsWith(QLatin1Char('/')) ? path : QDir::currentPath() + QLatin1Char('/') + path;
+    QStringList parts = absolute.split(QLatin1Char('/'), Qt::SkipEmptyParts);
+    parts.removeAll(QStringLiteral("."));
+    return QLatin1Char('/') + parts.join(QLatin1Char('/'));
+}
+
+std::optional<QUrl> localFileUrl(QUrl url)
+{
+    const QStringList ownNames = {QString(), QStringLiteral("localhost"),
+                                  QSysInfo::machineHostName().toLower()};
+    if (!url.isLocalFile() || !ownNames.contains(url.host()))
+        return std::nullopt;
+    url.setHost(QString());
+    return url;
+}
+
+std::optional<QString> decodeUtf8(QByteArrayView bytes)
+{
+    QStringDecoder decoder(QStringDecoder::Utf8,
+                           QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom);
+    QString text = decoder(bytes);
+    if (decoder.hasError())
+        return std::nullopt;
+    return text;
+}
+
+QString shownBytes(QByteArrayView bytes)
+{
+    QString shown;
+    for (const char byte : bytes) {
+        const auto value = static_cast<unsigned char>(byte);
+        shown += value < 0x80 ? QString(QLatin1Char(byte)) : QString::asprintf("\\x%02X", value);
+    }
+    return shown;
+}
 
 QString printable(const QString &text)
 {
