@@ -1,10 +1,10 @@
 #include "media/encoder_arguments.h"
 #include "media/encoder_run.h"
 #include "media/encoders.h"
+#include "media/error_output.h"
 #include "media/failure_messages.h"
 #include "media/ffmpeg_locator.h"
 #include "media/output_files.h"
-#include "media/progress_parsing.h"
 
 #include <QFileInfo>
 #include <QSaveFile>

@@ -1,9 +1,9 @@
 #include "media/encoder_run.h"
 
+#include "media/error_output.h"
 #include "media/failure_messages.h"
 #include "media/ffmpeg_locator.h"
 #include "media/output_files.h"
-#include "media/progress_parsing.h"
 
 #include <cstring>
 

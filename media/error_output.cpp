@@ -1,6 +1,9 @@
 #include "media/error_output.h"
 
+#include "media/numbers.h"
 #include "platform/outside_text.h"
+
+#include <QRegularExpression>
 
 #include <algorithm>
 
@@ -62,6 +65,38 @@ void StderrTail::append(const QString &text)
         if (m_lines.size() > m_maxLines)
             m_lines.removeFirst();
     }
+}
+
+std::optional<double> parseTimeSeconds(const QString &line)
+{
+    static const QRegularExpression pattern(QStringLiteral("time=(\\d+):(\\d+):(\\d+\\.\\d+)"));
+    const QRegularExpressionMatch match = pattern.match(line); // without one, all it captured is empty
+    const auto hours = decimalNumber(match.capturedView(1));
+    const auto minutes = decimalNumber(match.capturedView(2));
+    const auto seconds = decimalNumber(match.capturedView(3));
+    if (!hours || !minutes || !seconds)
+        return std::nullopt;
+    return *hours * 3600 + *minutes * 60 + *seconds;
+}
+
+std::optional<double> parseSpeed(const QString &line)
+{
+    static const QRegularExpression pattern(QStringLiteral("speed=\\s*([\\d.]+)x"));
+    return decimalNumber(pattern.match(line).capturedView(1));
+}
+
+std::optional<qint64> parseFrameCount(const QString &line)
+{
+    static const QRegularExpression pattern(QStringLiteral("^frame=\\s*(\\d+)"));
+    return wholeNumber(pattern.match(line).capturedView(1));
+}
+
+std::optional<double> remainingTime(double remainingSeconds, const QString &line)
+{
+    const auto speed = parseSpeed(line);
+    if (!speed || !(*speed > 0))
+        return std::nullopt;
+    return remainingSeconds / *speed;
 }
 
 } // namespace marrowcut::media

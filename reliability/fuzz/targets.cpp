@@ -5,7 +5,6 @@
 #include "media/error_output.h"
 #include "media/numbers.h"
 #include "media/probe.h"
-#include "media/progress_parsing.h"
 #include "media/timecode_math.h"
 
 #include <QRegularExpression>

@@ -1,7 +1,6 @@
 #include "media/burn_in_filter.h"
 #include "media/encoder_arguments.h"
 #include "media/numbers.h"
-#include "media/progress_parsing.h"
 #include "media/timecode_math.h"
 
 #include <QRegularExpression>
