@@ -2,13 +2,14 @@
 
 #include "encoder_option.h"
 #include "name_list.h"
-#include "usage.h"
 
 #include "media/system_values.h"
 #include "platform/outside_text.h"
 
 #include <QCommandLineParser>
 #include <QFileInfo>
+
+#include <algorithm>
 
 namespace marrowcut::cli
 {
@@ -19,11 +20,6 @@ namespace
 void addPath(const QString &path, Request &request)
 {
     request.items.append(QUrl::fromLocalFile(path.isEmpty() ? path : absolutePath(path)));
-}
-
-CommandLine usageError(const QString &problem)
-{
-    return {.error = problem};
 }
 
 QList<QCommandLineOption> knownOptions()
@@ -42,6 +38,12 @@ QList<QCommandLineOption> knownOptions()
     return options;
 }
 
+QString withoutDashes(const QString &argument)
+{
+    const auto isDash = [](QChar character) { return character == QLatin1Char('-'); };
+    return argument.sliced(std::find_if_not(argument.begin(), argument.end(), isDash) - argument.begin());
+}
+
 /// What is wrong with arguments that the parser refused.
 QString parseProblem(const QCommandLineParser &parser, const QStringList &arguments)
 {
@@ -54,7 +56,7 @@ QString parseProblem(const QCommandLineParser &parser, const QStringList &argume
     for (const QString &argument : arguments) {
         const QString name = withoutDashes(argument).section(QLatin1Char('='), 0, 0);
         if (argument.startsWith(QLatin1Char('-')) && name == unknown.first())
-            return unknownOptionMessage(argument, known);
+            return unknownOptionMessage(argument, name, known);
     }
     return parser.errorText();
 }
@@ -159,17 +161,17 @@ CommandLine parseCommandLine(std::span<char *> arguments, const QString &version
     parser.addOptions(knownOptions());
     const QStringList texts = decoded(arguments);
     if (!parser.parse(texts))
-        return usageError(parseProblem(parser, texts));
+        return {.error = parseProblem(parser, texts)};
     if (parser.isSet(QStringLiteral("help")))
         return {.output = helpText()};
     if (const QString problem = encoderProblem(parser.value(QStringLiteral("encoder"))); !problem.isEmpty())
-        return usageError(problem);
+        return {.error = problem};
     if (parser.isSet(QStringLiteral("version")))
         return versionOutput(version, parser);
 
     readOptions(parser, request);
     if (const QString problem = requestProblem(request, parser); !problem.isEmpty())
-        return usageError(problem);
+        return {.error = problem};
     return {.request = request};
 }
 

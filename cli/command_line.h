@@ -39,6 +39,13 @@ struct CommandLine {
 /// with the list, or an empty text.
 QString addNames(QByteArrayView list, Request &request);
 
+/// The text of --help, at most 80 columns wide.
+QString helpText();
+
+/// The error message for an argument that is not a known option: names the option closest to its name, or how
+/// to write a file's name that begins with a dash. Names are given without their dashes.
+QString unknownOptionMessage(const QString &argument, const QString &name, const QStringList &knownOptions);
+
 /// Parses the arguments of main(), the program's name first.
 CommandLine parseCommandLine(std::span<char *> arguments, const QString &version);
 

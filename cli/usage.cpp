@@ -1,4 +1,4 @@
-#include "usage.h"
+#include "command_line.h"
 
 #include "engine/video_files.h"
 
@@ -86,23 +86,16 @@ QString closestOption(const QString &name, const QStringList &knownOptions)
 
 } // namespace
 
-QString withoutDashes(const QString &argument)
-{
-    const auto isDash = [](QChar character) { return character == QLatin1Char('-'); };
-    return argument.sliced(std::find_if_not(argument.begin(), argument.end(), isDash) - argument.begin());
-}
-
 QString helpText()
 {
     return QString::fromLatin1(help);
 }
 
-QString unknownOptionMessage(const QString &argument, const QStringList &knownOptions)
+QString unknownOptionMessage(const QString &argument, const QString &name, const QStringList &knownOptions)
 {
     QString message = QStringLiteral("Unknown option '%1'.").arg(argument);
     if (isVideoFileName(argument) || QFileInfo::exists(argument))
         return message + QStringLiteral(" For a file of that name, write './%1'.").arg(argument);
-    const QString name = withoutDashes(argument).section(QLatin1Char('='), 0, 0);
     if (const QString closest = closestOption(name, knownOptions); !closest.isEmpty())
         message += QStringLiteral(" Did you mean '--%1'?").arg(closest);
     return message;
