@@ -1,6 +1,7 @@
+#include "media/encoders.h"
+
 #include "media/encoder_arguments.h"
 #include "media/encoder_run.h"
-#include "media/encoders.h"
 #include "media/error_output.h"
 #include "media/failure_messages.h"
 #include "media/ffmpeg_locator.h"
@@ -18,15 +19,18 @@ namespace marrowcut::media
 namespace
 {
 
+void publishLine(const QString &line, const EncodeJob &job, const PublishProgress &publish)
+{
+    const double duration = job.meta.duration;
+    const auto time = parseTimeSeconds(line);
+    if (!time || !(duration > 0))
+        return;
+    publish(job.jobId, std::min(*time / duration, 1.0), remainingTime(std::max(duration - *time, 0.0), line));
+}
+
 /// After an hour of neither frames nor sound the container's duration is taken as wrong: a damaged clip can
 /// claim tens of thousands of pieces.
 constexpr double longestGap = 3600; // seconds
-
-/// At least 1. A double, since an absurd duration must not overflow it.
-double pieceCount(double duration, double chunkSeconds)
-{
-    return std::max(std::ceil(duration / chunkSeconds), 1.0);
-}
 
 /// One chunked run: the parts that are finished, and the tail of all its runs of ffmpeg.
 class ChunkedEncode
@@ -36,7 +40,7 @@ public:
         : m_job(job)
         , m_context(context)
         , m_chunkSeconds(chunkSeconds)
-        , m_pieceCount(pieceCount(job.meta.duration, chunkSeconds))
+        , m_pieceCount(std::ceil(job.meta.duration / chunkSeconds))
     {
     }
 
@@ -162,7 +166,7 @@ private:
     const EncodeJob &m_job;
     const EncodeContext &m_context;
     const double m_chunkSeconds;
-    const double m_pieceCount;
+    const double m_pieceCount; ///< an absurd duration would overflow an integer
     StderrTail m_tail;
     QStringList m_parts;
     bool m_anyFrames = false;
@@ -170,6 +174,23 @@ private:
 };
 
 } // namespace
+
+EncodeResult runSinglePass(const EncodeJob &job, const EncodeContext &context)
+{
+    const QString &output = job.paths.tmpOutput;
+    if (const QString problem = linkProblem(output); !problem.isEmpty())
+        return {false, problem}; // ffmpeg would write through it
+    StderrTail tail;
+    const auto onLine = [&](const QString &line) { publishLine(line, job, context.publish); };
+    const EncoderRun run = runEncoder(singlePassArguments(job, context.system, output), output, tail, onLine,
+                                      {.stop = context.stop});
+    if (run.success && run.frameCount != 0)
+        return {publishOutput(output, job.paths.finalOutput, tail), tail.text()};
+    if (run.success)
+        tail.append(outputWithoutFrames);
+    removeIfThere(output);
+    return {false, tail.text()};
+}
 
 EncodeResult runChunked(const EncodeJob &job, double chunkSeconds, const EncodeContext &context)
 {
