@@ -27,13 +27,10 @@ BorderlessButton {
         onClosed: root.showBurnInHelp = false
 
         width: 220 + 2 * padding
-        contentItem: Text {
+        contentItem: Label {
             text: "Turn this off per file if you just need a smaller proxy and don't need the filename/timecode burned into the picture."
-            font.pixelSize: 11
             color: Theme.primary
             wrapMode: Text.WordWrap
-            Accessible.role: Accessible.StaticText
-            Accessible.name: text
         }
     }
 }

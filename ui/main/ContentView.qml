@@ -78,7 +78,7 @@ FocusScope {
             onHelpRequested: root.helpState.showHelp = true
         }
 
-        Text {
+        Label {
             objectName: "missingTools"
             Layout.fillWidth: true
             Layout.leftMargin: 12
@@ -86,13 +86,10 @@ FocusScope {
             Layout.bottomMargin: 12
             visible: text.length > 0
             text: root.queue.missingTools
-            textFormat: Text.PlainText
-            font.pixelSize: 11
             color: Theme.failure
             horizontalAlignment: Text.AlignHCenter
             wrapMode: Text.Wrap
             Accessible.role: Accessible.AlertMessage
-            Accessible.name: text
         }
 
         DropZone {

@@ -38,17 +38,13 @@ RowLayout {
         onClicked: root.queue.clearCompleted()
     }
 
-    Text {
+    Label {
         Layout.fillWidth: true
         Layout.minimumHeight: goButton.implicitHeight // the bar's height, with or without the button
         text: "Drop more to add to the queue"
-        font.pixelSize: 11
-        color: Theme.secondary
         horizontalAlignment: Text.AlignRight
         verticalAlignment: Text.AlignVCenter
         elide: Text.ElideRight
-        Accessible.role: Accessible.StaticText
-        Accessible.name: text
     }
 
     PushButton {

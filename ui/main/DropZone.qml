@@ -16,7 +16,7 @@ Item {
             color: Theme.secondary
         }
 
-        Text {
+        Label {
             // Lines of about one length: no single word is left over for the last.
             readonly property real available: parent.width - 2 * 40
             readonly property real lines: Math.ceil(implicitWidth / available)
@@ -24,12 +24,8 @@ Item {
             Layout.alignment: Qt.AlignHCenter
             Layout.preferredWidth: lines > 1 ? Math.min(available, implicitWidth / lines * 1.1) : implicitWidth
             text: "Drop a large video file (or a folder of them) to make burned-in proxies."
-            font.pixelSize: Theme.subheadlineSize
-            color: Theme.secondary
             horizontalAlignment: Text.AlignHCenter
             wrapMode: Text.WordWrap
-            Accessible.role: Accessible.StaticText
-            Accessible.name: text
         }
     }
 }

@@ -28,28 +28,23 @@ Item {
             Layout.alignment: Qt.AlignHCenter
             spacing: 4
 
-            Text {
+            Label {
                 Layout.alignment: Qt.AlignHCenter
                 text: "Marrowcut"
                 font.pixelSize: 24
                 font.bold: true
                 color: Theme.primary
                 Accessible.role: Accessible.Heading
-                Accessible.name: text
             }
 
             CreditLine {
                 Layout.alignment: Qt.AlignHCenter
             }
 
-            Text {
+            Label {
                 Layout.alignment: Qt.AlignHCenter
                 Layout.topMargin: 2
                 text: "small proxies for long footage headed to transcription"
-                font.pixelSize: 11
-                color: Theme.secondary
-                Accessible.role: Accessible.StaticText
-                Accessible.name: text
             }
         }
 

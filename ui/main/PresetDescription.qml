@@ -19,16 +19,13 @@ Item {
         }
     }
 
-    Text {
+    Label {
         id: label
 
         width: parent.width
         text: root.description
-        font.pixelSize: 11
-        color: Theme.secondary
         horizontalAlignment: Text.AlignHCenter
         wrapMode: Text.WordWrap
-        Accessible.role: Accessible.StaticText
         Accessible.name: root.description
 
         Behavior on text {

@@ -22,14 +22,10 @@ ColumnLayout {
     RowLayout {
         spacing: 8
 
-        Text {
+        Label {
             objectName: "doneText"
             Layout.fillWidth: true
             text: root.queue.doneText
-            font.pixelSize: 11
-            color: Theme.secondary
-            Accessible.role: Accessible.StaticText
-            Accessible.name: text
         }
 
         PushButton {
@@ -52,18 +48,16 @@ ColumnLayout {
             color: Theme.secondary
         }
 
-        Text {
+        Label {
             id: outputPath
 
             objectName: "outputPath"
             Layout.fillWidth: true
             horizontalAlignment: Text.AlignLeft
             text: root.queue.outputDirPath
-            textFormat: Text.PlainText
             font.pixelSize: 10
             color: Theme.tertiary
             elide: Text.ElideMiddle
-            Accessible.role: Accessible.StaticText
             Accessible.name: "Exporting to " + text
 
             ToolTipHandler {

@@ -4,15 +4,10 @@ import Marrowcut.Style
 
 // The sheet with the application's version and credits.
 SheetWindow {
-    component Line: Text {
+    component Line: Label {
         width: parent.width
         horizontalAlignment: Text.AlignHCenter
-        color: Theme.secondary
-        font.pixelSize: 11
-        textFormat: Text.PlainText
         wrapMode: Text.Wrap
-        Accessible.role: Accessible.StaticText
-        Accessible.name: text
     }
 
     title: "About Marrowcut"

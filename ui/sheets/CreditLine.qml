@@ -7,12 +7,8 @@ Row {
 
     spacing: 4
 
-    Text {
+    Label {
         text: "by quorvane |"
-        Accessible.role: Accessible.StaticText
-        Accessible.name: text
-        color: Theme.secondary
-        font.pixelSize: 11
     }
 
     PlainLinkText {

@@ -28,22 +28,17 @@ SheetWindow {
         width: parent.width - 40
         spacing: 6
 
-        Text {
+        Label {
             text: "Report a Problem"
             Accessible.role: Accessible.Heading
-            Accessible.name: text
             color: Theme.primary
             font.pixelSize: Theme.headlineSize
             font.bold: true
         }
 
-        Text {
+        Label {
             width: parent.width
             text: "Copy this and send it to @quorvane (or paste it into an email) if something's not working right."
-            Accessible.role: Accessible.StaticText
-            Accessible.name: text
-            color: Theme.secondary
-            font.pixelSize: 11
             wrapMode: Text.Wrap
         }
     }

@@ -4,14 +4,13 @@ import Marrowcut.Style
 
 // The sheet that explains the application.
 SheetWindow {
-    component Paragraph: Text {
+    component Paragraph: Label {
         width: parent?.width ?? 0
         color: Theme.primary
         font.pixelSize: Theme.bodySize
         wrapMode: Text.Wrap
         lineHeight: 1.1
         textFormat: Text.MarkdownText
-        Accessible.role: Accessible.StaticText
         Accessible.name: text.replace(/\*\*/g, "")
     }
 

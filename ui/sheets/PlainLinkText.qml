@@ -3,7 +3,7 @@ import Marrowcut.Style
 
 // A text that opens a web address. It looks like the dimmed text beside it; give it another font or colour to match
 // other surroundings.
-Text {
+Label {
     id: root
 
     required property string title
@@ -14,9 +14,6 @@ Text {
     }
 
     text: title
-    textFormat: Text.PlainText
-    color: Theme.secondary
-    font.pixelSize: 11
     activeFocusOnTab: true
     Accessible.role: Accessible.Link
     Accessible.name: title

@@ -49,13 +49,12 @@ T.Popup {
     contentItem: ColumnLayout {
         spacing: 16
 
-        Text {
+        Label {
             text: root.question
             font.pixelSize: Theme.bodySize
             font.bold: true
             color: Theme.primary
             Accessible.role: Accessible.AlertMessage
-            Accessible.name: text
         }
 
         RowLayout {

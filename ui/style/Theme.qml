@@ -36,7 +36,6 @@ QtObject {
     // sizes of text, in logical pixels
     readonly property int bodySize: 13
     readonly property int headlineSize: 13 // bold
-    readonly property int subheadlineSize: 11
     readonly property string monospaced: DesktopAppearance.monospaced
 
     // The desktop's accent, legible beside the other colour; null where the desktop has none.
