@@ -16,7 +16,6 @@ FocusScope {
     property alias menuBar: menuBarPlace.data
     readonly property Item focusItem: Window.activeFocusItem
     readonly property bool showsQueue: !queue.isEmpty
-    property bool showAdvancedOptions: false
     property bool hadQueue: false // what shows a queue is created with the first one
     property bool usesKeyboard: false // the focus was last moved by a key
 
@@ -71,10 +70,7 @@ FocusScope {
 
         MainHeader {
             Layout.fillWidth: true
-            presetNames: root.queue.presetNames // qmllint disable type
-            presetIndex: root.queue.presetIndex
-            presetDescription: root.queue.presetDescription
-            onPresetChosen: index => root.queue.choosePreset(index)
+            queue: root.queue
             onHelpRequested: root.helpState.showHelp = true
         }
 
@@ -107,8 +103,6 @@ FocusScope {
             // qmllint disable unqualified
             sourceComponent: JobListView {
                 queue: root.queue
-                showAdvancedOptions: root.showAdvancedOptions
-                onAdvancedToggled: root.showAdvancedOptions = !root.showAdvancedOptions
             }
             // qmllint enable unqualified
         }

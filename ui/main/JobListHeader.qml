@@ -9,9 +9,7 @@ RowLayout {
     required property int includeColumnWidth
     required property int burnInColumnWidth
     required property real burnInShare
-    required property bool showAdvancedOptions
-
-    signal advancedToggled()
+    property bool showAdvancedOptions: false
 
     spacing: 8
 
@@ -40,6 +38,6 @@ RowLayout {
         color: Theme.secondary
         Accessible.name: text
         Accessible.description: root.showAdvancedOptions ? "Hides the burn-in column" : "Shows the burn-in column"
-        onClicked: root.advancedToggled()
+        onClicked: root.showAdvancedOptions = !root.showAdvancedOptions
     }
 }

@@ -1,6 +1,5 @@
 import QtQuick
 import QtQuick.Layouts
-import QtQuick.Templates as T
 import Marrowcut.Main
 import Marrowcut.Style
 
@@ -9,13 +8,10 @@ ColumnLayout {
     id: root
 
     required property QueueViewModel queue
-    required property bool showAdvancedOptions
     readonly property int includeColumnWidth: 20
     readonly property int burnInColumnWidth: 58
     // How much of the burn-in column is there: one value moves its title and every row together.
-    property real burnInShare: showAdvancedOptions ? 1 : 0
-
-    signal advancedToggled()
+    property real burnInShare: header.showAdvancedOptions ? 1 : 0
 
     spacing: 0
 
@@ -27,6 +23,8 @@ ColumnLayout {
     }
 
     JobListHeader {
+        id: header
+
         Layout.fillWidth: true
         Layout.leftMargin: 12
         Layout.rightMargin: 12
@@ -36,8 +34,6 @@ ColumnLayout {
         includeColumnWidth: root.includeColumnWidth
         burnInColumnWidth: root.burnInColumnWidth
         burnInShare: root.burnInShare
-        showAdvancedOptions: root.showAdvancedOptions
-        onAdvancedToggled: root.advancedToggled()
     }
 
     Rectangle {

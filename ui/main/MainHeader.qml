@@ -8,11 +8,8 @@ import Marrowcut.Style
 Item {
     id: root
 
-    required property list<string> presetNames
-    required property int presetIndex
-    required property string presetDescription
+    required property QueueViewModel queue
 
-    signal presetChosen(int index)
     signal helpRequested()
 
     implicitHeight: column.implicitHeight + 24 + 16
@@ -53,18 +50,18 @@ Item {
             Layout.alignment: Qt.AlignHCenter
             Layout.fillWidth: true
             Layout.maximumWidth: 240
-            model: root.presetNames
-            currentIndex: root.presetIndex
+            model: root.queue.presetNames // qmllint disable type
+            currentIndex: root.queue.presetIndex
             Accessible.role: Accessible.Grouping
             Accessible.name: "Quality preset"
-            onActivated: index => root.presetChosen(index)
+            onActivated: index => root.queue.choosePreset(index)
         }
 
         PresetDescription {
             Layout.alignment: Qt.AlignHCenter
             Layout.fillWidth: true
             Layout.maximumWidth: 320
-            description: root.presetDescription
+            description: root.queue.presetDescription
         }
     }
 
