@@ -34,11 +34,6 @@ void BurnInEngine::setQualityPreset(QualityPreset preset)
     QualityPreset::setSaved(m_preferences, preset);
 }
 
-bool BurnInEngine::hasQueuedJobs() const
-{
-    return std::ranges::any_of(jobs(), [](const ProxyJob &job) { return job.status.isQueued(); });
-}
-
 bool BurnInEngine::hasSelectedQueuedJobs() const
 {
     return std::ranges::any_of(jobs(), &ProxyJob::isSelectedAndQueued);
@@ -100,20 +95,16 @@ void BurnInEngine::start()
     if (m_isRunning || !hasSelectedQueuedJobs())
         return;
     setRunning(true);
-    const auto work = [this, ids = selectedQueuedIds(),
-                       preset = m_qualityPreset](const std::stop_token &stop) { run(ids, preset, stop); };
-    if (!m_runThread.start(work))
-        setRunning(false);
-}
-
-QList<QUuid> BurnInEngine::selectedQueuedIds() const
-{
     QList<QUuid> ids;
     for (const ProxyJob &job : jobs()) {
         if (job.isSelectedAndQueued())
             ids.append(job.id);
     }
-    return ids;
+    const auto work = [this, ids, preset = m_qualityPreset](const std::stop_token &stop) {
+        run(ids, preset, stop);
+    };
+    if (!m_runThread.start(work))
+        setRunning(false);
 }
 
 void BurnInEngine::run(const QList<QUuid> &ids, QualityPreset preset, const std::stop_token &stop)
@@ -127,7 +118,10 @@ void BurnInEngine::run(const QList<QUuid> &ids, QualityPreset preset, const std:
         .waiting = [this](const std::optional<QUuid> &id) { setWaitingJob(id); },
     };
     QueueRunner(m_jobs, m_mainThread, m_encoderChoice, chunkSeconds, observer, stop).runQueue(ids, preset);
-    m_mainThread.post([this] { finishRun(); });
+    m_mainThread.post([this] {
+        setRunning(false);
+        notifyCompletion();
+    });
 }
 
 void BurnInEngine::setRunning(bool isRunning)
@@ -142,12 +136,6 @@ void BurnInEngine::setWaitingJob(const std::optional<QUuid> &id)
         return;
     Q_EMIT willChange();
     m_waitingJob = id;
-}
-
-void BurnInEngine::finishRun()
-{
-    setRunning(false);
-    notifyCompletion();
 }
 
 bool BurnInEngine::interrupt(std::chrono::milliseconds limit)

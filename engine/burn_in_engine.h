@@ -47,7 +47,6 @@ public:
     /// Replaces the default choice, the best encoder that works. Before the first run only.
     void setEncoderChoice(media::EncoderChoice choice) { m_encoderChoice = std::move(choice); }
 
-    bool hasQueuedJobs() const;
     bool hasSelectedQueuedJobs() const;
 
     /// Adds one job for each video file that the files and folders stand for and that is not listed
@@ -94,9 +93,7 @@ protected:
     void setWaitingJob(const std::optional<QUuid> &id);
 
 private:
-    QList<QUuid> selectedQueuedIds() const;
     void run(const QList<QUuid> &ids, QualityPreset preset, const std::stop_token &stop);
-    void finishRun();
     void notifyCompletion();
 
     PreferenceStore &m_preferences;

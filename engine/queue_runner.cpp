@@ -29,17 +29,12 @@ QString encodeErrorRecord()
     return QStringLiteral("failed: ") + encodeError();
 }
 
-/// Whether the encoder itself reported an error, as "[h264_nvenc @ 0x…] …" or by its quoted name.
-bool isReportedBy(const media::VideoEncoder &encoder, const QString &line)
-{
-    return line.contains(QLatin1Char('[') + encoder.name + QStringLiteral(" @")) ||
-           line.contains(QLatin1Char('\'') + encoder.name + QLatin1Char('\''));
-}
-
+/// The first error of the encoder itself, as "[h264_nvenc @ 0x…] …" or by its quoted name.
 QString firstLineReportedBy(const media::VideoEncoder &encoder, const QString &stderrTail)
 {
     for (const QString &line : stderrTail.split(QLatin1Char('\n'))) {
-        if (isReportedBy(encoder, line))
+        if (line.contains(QLatin1Char('[') + encoder.name + QStringLiteral(" @")) ||
+            line.contains(QLatin1Char('\'') + encoder.name + QLatin1Char('\'')))
             return line;
     }
     return QString();

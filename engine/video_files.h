@@ -37,7 +37,4 @@ enum class Subfolders { skip, enter };
 /// links. Thread-safe.
 ExpandedItems expandItems(const QList<QUrl> &urls, Subfolders subfolders = Subfolders::skip);
 
-/// Whether a folder that has no video files itself has some in subfolders that Subfolders::enter would enter.
-bool hasVideoFilesInSubfolders(const QString &folder);
-
 } // namespace marrowcut
