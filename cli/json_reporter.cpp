@@ -60,34 +60,22 @@ QJsonValue probeValue(const std::optional<media::ProbedMetadata> &meta)
     };
 }
 
-void writeDone(const ProxyJob &job, const QJsonValue &manifestLine,
-               const std::optional<media::ProbedMetadata> &meta)
+/// A job that ended, done or failed. The manifest line is null for one that was skipped.
+void writeEnd(const ProxyJob &job, const QJsonValue &manifestLine,
+              const std::optional<media::ProbedMetadata> &meta)
 {
-    QJsonObject fields = proxyFields(job);
-    fields.insert(QStringLiteral("encoded"), !manifestLine.isNull());
+    const bool failed = job.status.isFailed();
+    QJsonObject fields = failed ? clipFields(job) : proxyFields(job);
+    if (failed) {
+        fields.insert(QStringLiteral("message"), job.status.message());
+        fields.insert(QStringLiteral("detail"), job.errorDetail.value_or(QString()));
+        fields.insert(QStringLiteral("advice"), failureAdvice(job));
+    } else {
+        fields.insert(QStringLiteral("encoded"), !manifestLine.isNull());
+    }
     fields.insert(QStringLiteral("manifest"), manifestLine);
     fields.insert(QStringLiteral("probe"), probeValue(meta));
-    write(QStringLiteral("done"), fields);
-}
-
-void writeFailed(const ProxyJob &job, const QJsonValue &manifestLine,
-                 const std::optional<media::ProbedMetadata> &meta)
-{
-    QJsonObject fields = clipFields(job);
-    fields.insert(QStringLiteral("message"), job.status.message());
-    fields.insert(QStringLiteral("detail"), job.errorDetail.value_or(QString()));
-    fields.insert(QStringLiteral("advice"), failureAdvice(job));
-    fields.insert(QStringLiteral("manifest"), manifestLine);
-    fields.insert(QStringLiteral("probe"), probeValue(meta));
-    write(QStringLiteral("failed"), fields);
-}
-
-void writeStatus(const ProxyJob &job)
-{
-    QJsonObject fields = clipFields(job);
-    fields.insert(QStringLiteral("status"),
-                  job.status.isProbing() ? QStringLiteral("probing") : QStringLiteral("encoding"));
-    write(QStringLiteral("status"), fields);
+    write(failed ? QStringLiteral("failed") : QStringLiteral("done"), fields);
 }
 
 /// What a script compares: the enumerator's name. Never changes.
@@ -142,11 +130,15 @@ void JsonReporter::waiting(const ProxyJob &job)
 void JsonReporter::statusChanged(const ProxyJob &job)
 {
     Reporter::statusChanged(job);
-    if (job.status.isProbing() || job.status.isEncoding())
-        writeStatus(job);
-    else if (job.status == JobStatus::skipped())
-        writeDone(job, QJsonValue::Null,
-                  std::nullopt); // done and failed come once the manifest has their line
+    if (job.status == JobStatus::skipped())
+        writeEnd(job, QJsonValue::Null,
+                 std::nullopt); // done and failed come once the manifest has their line
+    if (!job.status.isProbing() && !job.status.isEncoding())
+        return;
+    QJsonObject fields = clipFields(job);
+    fields.insert(QStringLiteral("status"),
+                  job.status.isProbing() ? QStringLiteral("probing") : QStringLiteral("encoding"));
+    write(QStringLiteral("status"), fields);
 }
 
 void JsonReporter::progressed(const ProxyJob &runningJob, const QList<ProxyJob> &jobs)
@@ -165,11 +157,7 @@ void JsonReporter::progressed(const ProxyJob &runningJob, const QList<ProxyJob> 
 void JsonReporter::recorded(const ProxyJob &job, const QString &manifestLine,
                             const std::optional<media::ProbedMetadata> &meta)
 {
-    const QString line = manifestLine.chopped(1); // the line feed
-    if (job.status.isFailed())
-        writeFailed(job, line, meta);
-    else
-        writeDone(job, line, meta);
+    writeEnd(job, manifestLine.chopped(1), meta); // without the line feed
 }
 
 void JsonReporter::finished(const QList<ProxyJob> &jobs)
