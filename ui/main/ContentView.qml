@@ -36,16 +36,9 @@ FocusScope {
 
     focus: true
     onShowsQueueChanged: if (showsQueue) hadQueue = true
-    onFocusItemChanged: afterClosing.restart()
+    onFocusItemChanged: Qt.callLater(followFocus) // qmllint disable type
     Window.onActiveChanged: if (Window.active) queue.checkTools()
     Component.onCompleted: queue.checkTools()
-
-    Timer {
-        id: afterClosing
-
-        interval: 0
-        onTriggered: root.followFocus()
-    }
 
     Shortcut {
         sequences: ["Ctrl+V", "Shift+Insert"]

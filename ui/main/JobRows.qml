@@ -13,11 +13,6 @@ ListView {
     property bool followsRun: true
     property string lostFocus // what had the keyboard focus in a row that is being removed: "row" or "button"
 
-    // Ignores presses for as long as a double click can last.
-    function guard() {
-        guardTime.restart();
-    }
-
     function isInView(index: int): bool {
         const y = originY + index * rowHeight;
         return y + rowHeight > contentY && y < contentY + height;
@@ -46,7 +41,7 @@ ListView {
     }
 
     function removeRow(row: JobRow) {
-        guard();
+        guardTime.restart();
         lostFocus = !row.hasKeyboardFocus ? "" : Window.activeFocusItem === row ? "row" : "button";
         queue.removeFromQueue(row.jobId);
     }
@@ -163,6 +158,7 @@ ListView {
         }
     }
 
+    // Presses are ignored for as long as a double click can last.
     Timer {
         id: guardTime
 
@@ -178,7 +174,7 @@ ListView {
 
         function onIsRunningChanged() {
             if (root.queue.isRunning)
-                root.guard(); // the rows grow into the place of "Go"
+                guardTime.restart(); // the rows grow into the place of "Go"
             root.followsRun = true;
             root.followRun();
         }

@@ -12,7 +12,6 @@
 #include <QMimeData>
 
 #include <algorithm>
-#include <optional>
 #include <utility>
 
 namespace marrowcut
