@@ -38,14 +38,16 @@ std::optional<qint64> totalFrames(const QList<qint64> &fields, qint64 fps, qint6
     return overflow ? std::nullopt : std::optional(total);
 }
 
-QList<qint64> timecodeFields(const QString &tc)
+/// The parts of a text that are numbers.
+template <typename Number>
+QList<Number> numbersIn(const QString &text, char separator, std::optional<Number> (*parse)(QStringView))
 {
-    QList<qint64> fields;
-    for (const QString &piece : tc.split(QLatin1Char(':'), Qt::SkipEmptyParts)) {
-        if (const auto number = wholeNumber(piece))
-            fields.append(*number);
+    QList<Number> numbers;
+    for (const QString &part : text.split(QLatin1Char(separator), Qt::SkipEmptyParts)) {
+        if (const auto number = parse(part))
+            numbers.append(*number);
     }
-    return fields;
+    return numbers;
 }
 
 } // namespace
@@ -57,11 +59,7 @@ QString zero()
 
 qint64 nominalFPS(const QString &rateText)
 {
-    QList<double> numbers;
-    for (const QString &piece : rateText.split(QLatin1Char('/'), Qt::SkipEmptyParts)) {
-        if (const auto number = decimalNumber(piece))
-            numbers.append(*number);
-    }
+    const QList<double> numbers = numbersIn(rateText, '/', decimalNumber);
     if (numbers.isEmpty())
         return 24;
     const bool isFraction = numbers.size() == 2 && numbers[1] != 0;
@@ -71,7 +69,7 @@ qint64 nominalFPS(const QString &rateText)
 
 QString add(const QString &tc, double offsetSeconds, qint64 fps)
 {
-    const QList<qint64> fields = timecodeFields(tc);
+    const QList<qint64> fields = numbersIn(tc, ':', wholeNumber);
     // Above this rate an hour of frames is no number that the division below could use.
     constexpr qint64 highestRate = 1'000'000'000;
     if (fields.size() != 4 || fps <= 0 || fps > highestRate)

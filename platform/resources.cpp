@@ -14,12 +14,6 @@ namespace marrowcut
 namespace
 {
 
-QString executableFolder()
-{
-    // Not QCoreApplication's: this must work before an application object exists, too.
-    return QFileInfo(QFileInfo(QStringLiteral("/proc/self/exe")).symLinkTarget()).absolutePath();
-}
-
 QString textOr(const QVariant &value, const QString &fallback)
 {
     return value.typeId() == QMetaType::QString ? value.toString() : fallback;
@@ -29,7 +23,9 @@ QString textOr(const QVariant &value, const QString &fallback)
 
 QString resourceFolder()
 {
-    return QDir::cleanPath(executableFolder() + QStringLiteral("/../share/marrowcut"));
+    // Not by way of QCoreApplication: this must work before an application object exists, too.
+    const QFileInfo program(QFileInfo(QStringLiteral("/proc/self/exe")).symLinkTarget());
+    return QDir::cleanPath(program.absolutePath() + QStringLiteral("/../share/marrowcut"));
 }
 
 QString VersionKeys::text() const

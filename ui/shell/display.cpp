@@ -35,11 +35,6 @@ bool hasGraphicsDevice()
                                [](const char *path) { return QFileInfo::exists(QLatin1String(path)); });
 }
 
-bool isSoftware(const QByteArray &renderer)
-{
-    return renderer.contains("llvmpipe") || renderer.contains("softpipe");
-}
-
 bool hasOpenGLHardware()
 {
 #ifdef Q_OS_LINUX
@@ -51,8 +46,8 @@ bool hasOpenGLHardware()
     QOpenGLContext context;
     if (!context.create() || !context.makeCurrent(&surface))
         return false;
-    const auto *renderer = reinterpret_cast<const char *>(context.functions()->glGetString(GL_RENDERER));
-    return !isSoftware(QByteArray(renderer));
+    const QByteArray renderer(reinterpret_cast<const char *>(context.functions()->glGetString(GL_RENDERER)));
+    return !renderer.contains("llvmpipe") && !renderer.contains("softpipe");
 }
 
 } // namespace
