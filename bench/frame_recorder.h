@@ -1,9 +1,13 @@
 #pragma once
 
 #include <QGuiApplication>
+#include <QHash>
+#include <QList>
+#include <QSize>
+#include <QStringList>
+#include <QTextStream>
 
-#include <algorithm>
-#include <ctime>
+#include <functional>
 
 /// Tells for how long the main thread was kept from drawing: the longest of all events that were delivered
 /// to it, drawing among them, since the last reset. In processor time too, which other programs don't change.
@@ -20,30 +24,30 @@ public:
     void reset() { m_longest = {}; }
     Longest longest() const { return m_longest; }
 
-    bool notify(QObject *receiver, QEvent *event) override
-    {
-        if (m_depth > 0) // part of an event that is being measured
-            return QGuiApplication::notify(receiver, event);
-        ++m_depth;
-        const double wall = milliseconds(CLOCK_MONOTONIC);
-        const double processor = milliseconds(CLOCK_THREAD_CPUTIME_ID);
-        const bool result = QGuiApplication::notify(receiver, event);
-        --m_depth;
-        m_longest.wallMilliseconds =
-            std::max(m_longest.wallMilliseconds, milliseconds(CLOCK_MONOTONIC) - wall);
-        m_longest.processorMilliseconds =
-            std::max(m_longest.processorMilliseconds, milliseconds(CLOCK_THREAD_CPUTIME_ID) - processor);
-        return result;
-    }
+    bool notify(QObject *receiver, QEvent *event) override;
 
 private:
-    static double milliseconds(clockid_t clock)
-    {
-        timespec time = {};
-        clock_gettime(clock, &time);
-        return double(time.tv_sec) * 1e3 + double(time.tv_nsec) / 1e6;
-    }
-
     int m_depth = 0;
     Longest m_longest;
 };
+
+/// Something that keeps the main thread busy. Times in milliseconds.
+struct Operation {
+    const char *name;
+    int limit; ///< for the main thread
+    std::function<void()> perform;
+    std::function<void()> prepare = [] {}; ///< is not recorded
+    int milliseconds = 500;                ///< in which it is done
+};
+
+/// How long each operation kept the main thread, once for each round; in the order of the first.
+struct Rounds {
+    QStringList names;
+    QHash<QString, int> limits;
+    QHash<QString, QList<FrameRecorder::Longest>> longest;
+
+    void add(const Operation &operation, const FrameRecorder::Longest &one);
+    void report(QSize windowSize, QTextStream &out) const;
+};
+
+void recordFrames(FrameRecorder &recorder, const QList<Operation> &operations, Rounds &rounds);

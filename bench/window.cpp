@@ -3,30 +3,19 @@
 // run over clips that are done already while the window shows it.
 
 #include "frame_recorder.h"
+#include "shown_window.h"
 
-#include "platform/file_viewer.h"
-#include "platform/notification_center.h"
-#include "platform/preference_store.h"
 #include "support/staged_engine.h"
-#include "ui/sheets/diagnostics_report.h"
-#include "ui/sheets/help_state.h"
 
 #include <QAbstractItemModel>
 #include <QDir>
 #include <QEventLoop>
 #include <QFile>
 #include <QFileInfo>
-#include <QHash>
 #include <QQmlExtensionPlugin>
 #include <QQuickItem>
-#include <QQuickView>
-#include <QTemporaryDir>
 #include <QTextStream>
 #include <QTimer>
-
-#include <algorithm>
-#include <ctime>
-#include <functional>
 
 Q_IMPORT_QML_PLUGIN(Marrowcut_StylePlugin)
 Q_IMPORT_QML_PLUGIN(Marrowcut_SheetsPlugin)
@@ -46,18 +35,6 @@ constexpr QSize largeSize(900, 900);
 constexpr int ongoing = 16; // what goes on all the time: one frame of a display at 60 Hz
 constexpr int act = 150;    // one act of the user
 
-double processorSeconds()
-{
-    return double(std::clock()) / CLOCKS_PER_SEC;
-}
-
-void runEventLoop(int milliseconds)
-{
-    QEventLoop loop;
-    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
-    loop.exec();
-}
-
 double shareOfOneCore(StagedEngine &queue)
 {
     QTimer reports;
@@ -69,28 +46,11 @@ double shareOfOneCore(StagedEngine &queue)
     return (processorSeconds() - before) / measuredSeconds;
 }
 
-QList<QUrl> clips(int first, int count)
-{
-    QList<QUrl> urls;
-    for (int number = first; number < first + count; ++number)
-        urls.append(
-            QUrl::fromLocalFile(QStringLiteral("/footage/A001C%1.mxf").arg(number, 5, 10, QLatin1Char('0'))));
-    return urls;
-}
-
 qsizetype rowItems(QQuickView &view)
 {
     auto *list = view.rootObject()->findChild<QQuickItem *>(QStringLiteral("jobList"));
     return list->property("contentItem").value<QQuickItem *>()->childItems().size();
 }
-
-struct Operation {
-    const char *name;
-    int limit;
-    std::function<void()> perform;
-    std::function<void()> prepare = [] {}; ///< is not recorded
-    int milliseconds = 500;                ///< in which it is done
-};
 
 void finish(StagedEngine &queue, int rows, int step)
 {
@@ -154,81 +114,12 @@ QList<Operation> fileOperations(QueueViewModel &model, const QString &folder, co
     };
 }
 
-/// How long each operation kept the main thread, once for each round; in the order of the first.
-struct Rounds {
-    QStringList names;
-    QHash<QString, int> limits;
-    QHash<QString, QList<FrameRecorder::Longest>> longest;
-
-    void add(const Operation &operation, const FrameRecorder::Longest &one)
-    {
-        const auto name = QLatin1String(operation.name);
-        if (!names.contains(name))
-            names.append(name);
-        limits[name] = operation.limit;
-        longest[name].append(one);
-    }
-};
-
-void recordFrames(FrameRecorder &recorder, const QList<Operation> &operations, Rounds &rounds)
-{
-    for (const Operation &operation : operations) {
-        operation.prepare();
-        runEventLoop(200);
-        recorder.reset();
-        QTimer::singleShot(0, operation.perform); // within an event, so that it is recorded
-        runEventLoop(operation.milliseconds);
-        rounds.add(operation, recorder.longest());
-    }
-}
-
-double median(const QList<FrameRecorder::Longest> &all, double FrameRecorder::Longest::*member)
-{
-    QList<double> values;
-    for (const FrameRecorder::Longest &one : all)
-        values.append(one.*member);
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
-}
-
-void reportFrames(const Rounds &rounds, QSize size, QTextStream &out)
-{
-    out << QStringLiteral("in a window of %1x%2 the main thread was busy for, at most, in milliseconds "
-                          "(median of %3 rounds):\n")
-               .arg(size.width())
-               .arg(size.height())
-               .arg(roundCount);
-    for (const QString &name : rounds.names) {
-        const auto &all = rounds.longest[name];
-        const double processor = median(all, &FrameRecorder::Longest::processorMilliseconds);
-        out << QStringLiteral("%1: %2 (%3 on the clock); limit %4: %5\n")
-                   .arg(name, -29)
-                   .arg(processor, 5, 'f', 1)
-                   .arg(median(all, &FrameRecorder::Longest::wallMilliseconds), 0, 'f', 1)
-                   .arg(rounds.limits[name])
-                   .arg(QLatin1String(processor <= rounds.limits[name] ? "held" : "NOT held"));
-    }
-}
-
-void show(QQuickView &view, QSize size, QueueViewModel *model, HelpState &helpState,
-          DiagnosticsReport &report)
-{
-    view.setInitialProperties({{QStringLiteral("queue"), QVariant::fromValue(model)},
-                               {QStringLiteral("helpState"), QVariant::fromValue(&helpState)},
-                               {QStringLiteral("report"), QVariant::fromValue(&report)}});
-    view.setResizeMode(QQuickView::SizeRootObjectToView);
-    view.setSource(QUrl(QStringLiteral("qrc:/qt-project.org/imports/Marrowcut/Main/ContentView.qml")));
-    view.resize(size);
-    view.show();
-    runEventLoop(1000);
-}
-
 /// Tells the cost at rest too when there is somebody to tell.
 void measureStaged(FrameRecorder &recorder, HelpState &helpState, QSize size, Rounds &rounds,
                    QTextStream *out)
 {
     StagedEngine queue;
-    for (const QUrl &clip : clips(0, jobCount))
+    for (const QUrl &clip : clips(jobCount))
         queue.add(clip.toLocalFile(), QStringLiteral("queued"));
     queue.setStatus(0, QStringLiteral("encoding"));
     DiagnosticsReport report([&queue] { return queue.jobs(); });
@@ -240,29 +131,6 @@ void measureStaged(FrameRecorder &recorder, HelpState &helpState, QSize size, Ro
                     .arg(shareOfOneCore(queue) * 100, 0, 'f', 1)
                     .arg(rowItems(view));
     recordFrames(recorder, operations(queue, view), rounds);
-}
-
-/// The window on a real engine.
-struct EngineWindow {
-    EngineWindow(HelpState &helpState, QSize size) { show(view, size, &model, helpState, report); }
-
-    MemoryPreferenceStore preferences;
-    MemoryNotificationCenter notifications{false};
-    BurnInEngine engine{preferences, notifications};
-    DesktopFileViewer viewer{[](const QUrl &) {}};
-    QueueViewModel model{engine, viewer};
-    DiagnosticsReport report{[this] { return engine.jobs(); }};
-    QQuickView view;
-};
-
-QList<QUrl> fill(const QTemporaryDir &folder, int count)
-{
-    QList<QUrl> files;
-    for (const QUrl &clip : clips(0, count)) {
-        files.append(QUrl::fromLocalFile(folder.filePath(clip.fileName())));
-        QFile(files.last().toLocalFile()).open(QIODevice::WriteOnly);
-    }
-    return files;
 }
 
 /// From the drop of a folder until its last row is listed, in microseconds for each clip.
@@ -294,7 +162,8 @@ void measureWithFiles(FrameRecorder &recorder, HelpState &helpState, QSize size,
         qFatal("%lld clips queued", window.engine.jobs().size());
 }
 
-/// A run over clips that are done already, shown by the window, in microseconds of processor time for each clip.
+/// A run over clips that are done already, shown by the window, in microseconds of processor time for each
+/// clip.
 double observedRunCost(HelpState &helpState, int count)
 {
     const QTemporaryDir folder;
@@ -324,9 +193,9 @@ void reportObservedRuns(HelpState &helpState, QTextStream &out)
     constexpr double limit = 1.3;
     const double few = observedRunCost(helpState, 1000);
     const double many = observedRunCost(helpState, 20000);
-    out << QStringLiteral(
-               "an observed run over finished clips: %1 us of processor time each for 1,000, %2 us for 20,000; "
-               "ratio %3; limit %4: %5\n")
+    out << QStringLiteral("an observed run over finished clips: %1 us of processor time each for 1,000, %2 "
+                          "us for 20,000; "
+                          "ratio %3; limit %4: %5\n")
                .arg(few, 0, 'f', 0)
                .arg(many, 0, 'f', 0)
                .arg(many / few, 0, 'f', 2)
@@ -350,7 +219,7 @@ void measureFrames(FrameRecorder &recorder, HelpState &helpState, QSize size, QT
         measureStaged(recorder, helpState, size, rounds, round == 0 ? &out : nullptr);
         measureWithFiles(recorder, helpState, size, rounds);
     }
-    reportFrames(rounds, size, out);
+    rounds.report(size, out);
 }
 
 } // namespace
