@@ -7,6 +7,7 @@
 
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QMetaEnum>
 
 #include <cmath>
 #include <cstdio>
@@ -78,25 +79,6 @@ void writeEnd(const ProxyJob &job, const QJsonValue &manifestLine,
     write(failed ? QStringLiteral("failed") : QStringLiteral("done"), fields);
 }
 
-/// What a script compares: the enumerator's name. Never changes.
-QString refusalName(RefusedItem::Reason reason)
-{
-    using Reason = RefusedItem::Reason;
-    switch (reason) {
-    case Reason::noSuchPath:
-        return QStringLiteral("noSuchPath");
-    case Reason::notAVideoFile:
-        return QStringLiteral("notAVideoFile");
-    case Reason::folderWithoutVideoFiles:
-        return QStringLiteral("folderWithoutVideoFiles");
-    case Reason::unreadableFolder:
-        return QStringLiteral("unreadableFolder");
-    case Reason::nameIsNotText:
-        return QStringLiteral("nameIsNotText");
-    }
-    Q_UNREACHABLE();
-}
-
 double rounded(double number)
 {
     return std::round(number * 10000) / 10000;
@@ -108,8 +90,10 @@ void JsonReporter::refused(const RefusedItem &item)
 {
     Reporter::refused(item);
     ++m_refusedCount;
+    // The enumerator's name: scripts compare it, so it never changes.
+    const char *reason = QMetaEnum::fromType<RefusedItem::Reason>().valueToKey(int(item.reason));
     write(QStringLiteral("refused"), {{QStringLiteral("item"), item.path},
-                                      {QStringLiteral("reason"), refusalName(item.reason)},
+                                      {QStringLiteral("reason"), QLatin1String(reason)},
                                       {QStringLiteral("text"), refusalText(item)},
                                       {QStringLiteral("failure"), isFailure(item.reason)}});
 }

@@ -96,8 +96,8 @@ int run(int argc, char *argv[])
 {
     const OriginalInput input;
     setUpProcess();
-    CommandLine commandLine = parseCommandLine(std::span(argv, static_cast<std::size_t>(argc)),
-                                               readVersionKeys(resourceFolder()).text());
+    CommandLine commandLine =
+        parseCommandLine(std::span(argv, static_cast<std::size_t>(argc)), versionText());
     QTextStream(stdout) << commandLine.output;
     if (!commandLine.error.isEmpty())
         return wrongUsage(commandLine.error);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QList>
+#include <QObject>
 #include <QString>
 #include <QUrl>
 
@@ -9,6 +10,8 @@ namespace marrowcut
 
 /// An item that gave no clip, and why.
 struct RefusedItem {
+    Q_GADGET
+public:
     enum class Reason {
         noSuchPath,
         notAVideoFile,
@@ -16,6 +19,7 @@ struct RefusedItem {
         unreadableFolder,
         nameIsNotText, ///< the name's bytes are not valid UTF-8, so it cannot be carried
     };
+    Q_ENUM(Reason)
 
     QString path; ///< for showing only: bytes that are no text are written as \xHH
     Reason reason;

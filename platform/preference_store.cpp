@@ -16,17 +16,6 @@ QSettings userSettings()
 
 } // namespace
 
-std::optional<QString> MemoryPreferenceStore::value(const QString &key) const
-{
-    const auto found = m_values.constFind(key);
-    return found == m_values.cend() ? std::nullopt : std::optional(*found);
-}
-
-void MemoryPreferenceStore::setValue(const QString &key, const QString &value)
-{
-    m_values.insert(key, value);
-}
-
 std::optional<QString> SettingsPreferenceStore::value(const QString &key) const
 {
     const QVariant stored = userSettings().value(key);

@@ -22,8 +22,11 @@ public:
 class MemoryPreferenceStore : public PreferenceStore
 {
 public:
-    std::optional<QString> value(const QString &key) const override;
-    void setValue(const QString &key, const QString &value) override;
+    std::optional<QString> value(const QString &key) const override
+    {
+        return m_values.contains(key) ? std::optional(m_values[key]) : std::nullopt;
+    }
+    void setValue(const QString &key, const QString &value) override { m_values[key] = value; }
 
 private:
     QHash<QString, QString> m_values;

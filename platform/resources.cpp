@@ -28,18 +28,12 @@ QString resourceFolder()
     return QDir::cleanPath(program.absolutePath() + QStringLiteral("/../share/marrowcut"));
 }
 
-QString VersionKeys::text() const
-{
-    return QStringLiteral("%1 (%2)").arg(shortVersion, build);
-}
-
-VersionKeys readVersionKeys(const QString &folder)
+QString versionText(const QString &folder)
 {
     const QSettings keys(folder + QStringLiteral("/version.ini"), QSettings::IniFormat);
-    return {
+    return QStringLiteral("%1 (%2)").arg(
         textOr(keys.value(QStringLiteral("CFBundleShortVersionString")), QStringLiteral("1.0")),
-        textOr(keys.value(QStringLiteral("CFBundleVersion")), QStringLiteral("1")),
-    };
+        textOr(keys.value(QStringLiteral("CFBundleVersion")), QStringLiteral("1")));
 }
 
 QString monospacedFontFile()

@@ -10,17 +10,9 @@ namespace marrowcut
 /// test programs. Absolute path without a trailing slash; not checked for existence.
 QString resourceFolder();
 
-/// The version keys that the resource folder carries in version.ini.
-struct VersionKeys {
-    QString shortVersion; ///< "CFBundleShortVersionString"; "1.0" where it is missing
-    QString build;        ///< "CFBundleVersion"; "1" where it is missing
-
-    /// The two together, such as "2.3 (41)".
-    QString text() const;
-};
-
-/// Reads the keys afresh from the given resource folder.
-VersionKeys readVersionKeys(const QString &folder);
+/// Version and build, such as "2.3 (41)", read afresh from the keys in the folder's version.ini:
+/// CFBundleShortVersionString, "1.0" where it is missing, and CFBundleVersion, else "1".
+QString versionText(const QString &folder = resourceFolder());
 
 /// The file of the font that burned-in text is drawn with: DejaVu Sans Mono as fontconfig finds it,
 /// or else the closest match. Absolute path; empty when there is no font at all.

@@ -162,10 +162,8 @@ void QueueViewModel::refresh()
 template <typename Value>
 void QueueViewModel::assign(Value &shown, const Value &value, void (QueueViewModel::*changed)())
 {
-    if (shown == value)
-        return;
-    shown = value;
-    Q_EMIT(this->*changed)();
+    if (std::exchange(shown, value) != value)
+        Q_EMIT(this->*changed)();
 }
 
 } // namespace marrowcut

@@ -18,10 +18,7 @@ public:
     using QObject::QObject;
 
     /// Such as "Version 1.0 (1)"; reads the version keys at each call.
-    Q_INVOKABLE QString versionString() const
-    {
-        return QStringLiteral("Version ") + readVersionKeys(resourceFolder()).text();
-    }
+    Q_INVOKABLE QString versionString() const { return QStringLiteral("Version ") + versionText(); }
 };
 
 } // namespace marrowcut

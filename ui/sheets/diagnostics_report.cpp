@@ -103,10 +103,8 @@ void DiagnosticsReport::show(const Draft &draft, const QString &versionLine)
 
 void DiagnosticsReport::setCopied(bool copied)
 {
-    if (m_copied == copied)
-        return;
-    m_copied = copied;
-    Q_EMIT copiedChanged();
+    if (std::exchange(m_copied, copied) != copied)
+        Q_EMIT copiedChanged();
 }
 
 } // namespace marrowcut

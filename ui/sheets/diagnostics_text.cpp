@@ -73,7 +73,7 @@ QStringList failedFilesSection(const QList<ProxyJob> &jobs)
 DiagnosticsFacts DiagnosticsFacts::current()
 {
     return {.generated = QDateTime::currentDateTime(),
-            .versionString = readVersionKeys(resourceFolder()).text(),
+            .versionString = versionText(),
             .systemVersion = ownSystemVersion(),
             .architectureLine = ownArchitectureLine()};
 }

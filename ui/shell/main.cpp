@@ -73,8 +73,8 @@ int runWindow(const QList<QUrl> &items)
 int main(int argc, char *argv[])
 {
     setUpProcess();
-    const CommandLine commandLine = parseCommandLine(std::span(argv, static_cast<std::size_t>(argc)),
-                                                     readVersionKeys(resourceFolder()).text());
+    const CommandLine commandLine =
+        parseCommandLine(std::span(argv, static_cast<std::size_t>(argc)), versionText());
     QTextStream(stdout) << commandLine.output;
     if (!commandLine.error.isEmpty()) {
         reportUsageError(commandLine.error);

@@ -8,6 +8,7 @@
 #include <QWindow>
 
 #include <cstdlib>
+#include <utility>
 
 namespace marrowcut
 {
@@ -55,10 +56,8 @@ void MarrowcutApp::quit(int exitStatus)
 
 void MarrowcutApp::setAskingToQuit(bool asking)
 {
-    if (m_isAskingToQuit == asking)
-        return;
-    m_isAskingToQuit = asking;
-    Q_EMIT isAskingToQuitChanged();
+    if (std::exchange(m_isAskingToQuit, asking) != asking)
+        Q_EMIT isAskingToQuitChanged();
 }
 
 void MarrowcutApp::updateDesktop()

@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace marrowcut
 {
@@ -140,22 +141,17 @@ bool DesktopAppearance::wantsDark() const
 
 void DesktopAppearance::setShowsMnemonics(bool shows)
 {
-    if (m_showsMnemonics == shows)
-        return;
-    m_showsMnemonics = shows;
-    Q_EMIT showsMnemonicsChanged();
+    if (std::exchange(m_showsMnemonics, shows) != shows)
+        Q_EMIT showsMnemonicsChanged();
 }
 
 void DesktopAppearance::update()
 {
-    if (m_dark != wantsDark()) {
-        m_dark = !m_dark;
+    if (const bool dark = wantsDark(); std::exchange(m_dark, dark) != dark)
         Q_EMIT darkChanged();
-    }
-    if (const QColor accent = m_portal->accent().value_or(QColor()); m_accent != accent) {
-        m_accent = accent;
+    if (const QColor accent = m_portal->accent().value_or(QColor());
+        std::exchange(m_accent, accent) != accent)
         Q_EMIT accentChanged();
-    }
 }
 
 } // namespace marrowcut

@@ -49,11 +49,6 @@ std::optional<QColor> colorFrom(const QVariant &value)
 PortalAppearance::PortalAppearance(QObject *parent)
     : QObject(parent)
 {
-    query();
-}
-
-void PortalAppearance::query()
-{
     qRegisterMetaType<QDBusVariant>(); // without it the connection below is refused
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) // a call would never finish

@@ -33,7 +33,6 @@ private Q_SLOTS:
     void onSettingChanged(const QString &group, const QString &key, const QDBusVariant &value);
 
 private:
-    void query();
     void takeReply(const QDBusPendingCallWatcher &call);
     void take(const QString &key, const QVariant &value);
 
