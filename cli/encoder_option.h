@@ -24,9 +24,8 @@ using EncoderQuery = BackgroundQuery<EncoderResult>;
 /// The value that leaves the choice to the engine.
 QString automaticEncoder();
 
-/// Resolves automaticEncoder() or one of media::encoderNames(). A hardware encoder that was named does a test
-/// encode now, which blocks; "auto" does its test encodes when the first clip needs the encoder. Throws
-/// Interrupted.
+/// Resolves automaticEncoder() or one of media::encoderNames(). A named hardware encoder does its test encode
+/// now, which blocks; "auto" does them when the first clip needs the encoder. Throws Interrupted.
 EncoderResult resolveEncoder(const QString &name, QualityPreset preset, const std::stop_token &stop);
 
 /// Prints the encoder that the value selects on this machine, "auto" resolved by test encodes. Runs the event

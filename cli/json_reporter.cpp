@@ -42,9 +42,9 @@ QJsonObject proxyFields(const ProxyJob &job)
     return fields;
 }
 
-QJsonValue textOrNull(const QString &text, bool isKnown)
+QJsonValue valueOrNull(const QJsonValue &value, bool isKnown)
 {
-    return isKnown ? QJsonValue(text) : QJsonValue(QJsonValue::Null);
+    return isKnown ? value : QJsonValue::Null;
 }
 
 QJsonValue probeValue(const std::optional<media::ProbedMetadata> &meta)
@@ -52,12 +52,11 @@ QJsonValue probeValue(const std::optional<media::ProbedMetadata> &meta)
     if (!meta)
         return QJsonValue::Null;
     return QJsonObject{
-        {QStringLiteral("timecode"), textOrNull(meta->tc, meta->hasTimecodeTag)},
+        {QStringLiteral("timecode"), valueOrNull(meta->tc, meta->hasTimecodeTag)},
         {QStringLiteral("frameRate"), meta->rate},
-        {QStringLiteral("durationSeconds"),
-         meta->duration > 0 ? QJsonValue(meta->duration) : QJsonValue(QJsonValue::Null)},
+        {QStringLiteral("durationSeconds"), valueOrNull(meta->duration, meta->duration > 0)},
         {QStringLiteral("audioStreams"), meta->audioCount},
-        {QStringLiteral("fileDate"), textOrNull(meta->fileDate, meta->hasFileDate)},
+        {QStringLiteral("fileDate"), valueOrNull(meta->fileDate, meta->hasFileDate)},
     };
 }
 
@@ -132,9 +131,8 @@ void JsonReporter::progressed(const ProxyJob &runningJob, const QList<ProxyJob> 
     QJsonObject fields = clipFields(runningJob);
     fields.insert(QStringLiteral("progress"), rounded(runningJob.progress));
     fields.insert(QStringLiteral("overall"), rounded(QueueSummary::of(jobs).overallProgress));
-    fields.insert(QStringLiteral("remainingSeconds"), runningJob.etaSeconds
-                                                          ? QJsonValue(rounded(*runningJob.etaSeconds))
-                                                          : QJsonValue(QJsonValue::Null));
+    const std::optional<double> &eta = runningJob.etaSeconds;
+    fields.insert(QStringLiteral("remainingSeconds"), valueOrNull(rounded(eta.value_or(0)), eta.has_value()));
     write(QStringLiteral("progress"), fields);
 }
 

@@ -16,14 +16,6 @@ bool isStandardInput(const QString &path)
     return path == QLatin1String("-");
 }
 
-bool openList(QFile &file, const QString &path, const OriginalInput &input)
-{
-    if (isStandardInput(path))
-        return file.open(input.descriptor(), QIODevice::ReadOnly);
-    file.setFileName(path);
-    return file.open(QIODevice::ReadOnly);
-}
-
 } // namespace
 
 OriginalInput::OriginalInput()
@@ -44,8 +36,9 @@ QString nameListSource(const QString &path)
 
 std::optional<QByteArray> readNameList(const QString &path, const OriginalInput &input, QString &problem)
 {
-    QFile file;
-    if (openList(file, path, input)) {
+    QFile file(path);
+    if (isStandardInput(path) ? file.open(input.descriptor(), QIODevice::ReadOnly)
+                              : file.open(QIODevice::ReadOnly)) {
         QByteArray bytes = file.readAll();
         if (file.error() == QFileDevice::NoError)
             return bytes;

@@ -63,9 +63,8 @@ public:
     /// Removes every job that is done, skipped or failed.
     void clearCompleted();
 
-    /// Starts a run over the jobs that are queued and selected at this moment, with the preset of this
-    /// moment, and returns at once. Does nothing when a run is going on, when there is no such job or when
-    /// no thread can be started; isRunning() is false then.
+    /// Starts a run over the jobs that are queued and selected now, with the preset of now, and returns at
+    /// once. Does nothing during a run, without such jobs and when no thread can be started.
     virtual void start();
 
     /// The job whose turn it is and whose clip another Marrowcut has held for more than a second. It keeps
@@ -74,8 +73,7 @@ public:
 
     /// For quitting: ends the running tool at once and leaves every file as it is. Waits for the run's
     /// thread, up to the limit, and returns whether it has ended; only a system call that hangs, or another
-    /// program's lock on the manifest, holds it.
-    /// No run can be started afterwards, and no more edits come.
+    /// program's lock on the manifest, holds it. No run and no edit can follow.
     bool interrupt(std::chrono::milliseconds limit = quitLimit);
 
 Q_SIGNALS:

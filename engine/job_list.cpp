@@ -25,7 +25,7 @@ void JobList::append(const ProxyJob &job)
     m_jobs.append(job);
 }
 
-void JobList::removeIf(const Predicate &matches)
+void JobList::removeIf(const std::function<bool(const ProxyJob &)> &matches)
 {
     if (std::ranges::none_of(m_jobs, matches))
         return;

@@ -16,8 +16,6 @@ namespace marrowcut
 class JobList
 {
 public:
-    using Predicate = std::function<bool(const ProxyJob &)>;
-
     /// announce must not edit the list.
     explicit JobList(std::function<void()> announce);
 
@@ -40,7 +38,7 @@ public:
     }
 
     /// Removes every job that matches, as one edit; nothing is announced when none does.
-    void removeIf(const Predicate &matches);
+    void removeIf(const std::function<bool(const ProxyJob &)> &matches);
 
 private:
     std::function<void()> m_announce;

@@ -17,9 +17,6 @@ struct QueueSummary {
     qsizetype selectedQueuedCount = 0;
     double overallProgress = 0; ///< mean over all jobs; a finished job counts as 1.0
 
-    bool hasQueuedJobs() const { return queuedCount > 0; }
-    bool hasSelectedQueuedJobs() const { return selectedQueuedCount > 0; }
-    bool hasCompletedJobs() const { return doneCount + failedCount > 0; }
     /// False when no job is queued.
     bool allQueuedSelected() const { return queuedCount > 0 && selectedQueuedCount == queuedCount; }
 

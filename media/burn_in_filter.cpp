@@ -13,11 +13,6 @@ namespace marrowcut::media
 namespace
 {
 
-bool isTrimmedByFFmpeg(QChar character)
-{
-    return character == u' ' || character == u'\t' || character == u'\n' || character == u'\r';
-}
-
 QString escapedCharacter(QChar character)
 {
     if (character == u'\'')
@@ -109,6 +104,9 @@ QString audioChain(int audioCount)
 QString escapeForQuotes(const QString &text)
 {
     // White space is kept at either end only behind a backslash.
+    const auto isTrimmedByFFmpeg = [](QChar character) {
+        return QStringView(u" \t\n\r").contains(character);
+    };
     const auto firstInner = std::find_if_not(text.cbegin(), text.cend(), isTrimmedByFFmpeg);
     const auto lastInner = std::find_if_not(text.crbegin(), text.crend(), isTrimmedByFFmpeg).base();
 

@@ -11,16 +11,6 @@
 namespace marrowcut
 {
 
-namespace
-{
-
-QString textOr(const QVariant &value, const QString &fallback)
-{
-    return value.typeId() == QMetaType::QString ? value.toString() : fallback;
-}
-
-} // namespace
-
 QString resourceFolder()
 {
     // Not by way of QCoreApplication: this must work before an application object exists, too.
@@ -32,8 +22,8 @@ QString versionText(const QString &folder)
 {
     const QSettings keys(folder + QStringLiteral("/version.ini"), QSettings::IniFormat);
     return QStringLiteral("%1 (%2)").arg(
-        textOr(keys.value(QStringLiteral("CFBundleShortVersionString")), QStringLiteral("1.0")),
-        textOr(keys.value(QStringLiteral("CFBundleVersion")), QStringLiteral("1")));
+        keys.value(QStringLiteral("CFBundleShortVersionString"), QStringLiteral("1.0")).toString(),
+        keys.value(QStringLiteral("CFBundleVersion"), QStringLiteral("1")).toString());
 }
 
 QString monospacedFontFile()

@@ -55,9 +55,9 @@ public:
 
     JobListModel *jobs() { return &m_jobs; }
     bool isEmpty() const { return m_summary.jobCount == 0; }
-    bool hasQueuedJobs() const { return m_summary.hasQueuedJobs(); }
-    bool hasSelectedQueuedJobs() const { return m_summary.hasSelectedQueuedJobs(); }
-    bool hasCompletedJobs() const { return m_summary.hasCompletedJobs(); }
+    bool hasQueuedJobs() const { return m_summary.queuedCount > 0; }
+    bool hasSelectedQueuedJobs() const { return m_summary.selectedQueuedCount > 0; }
+    bool hasCompletedJobs() const { return m_summary.doneCount + m_summary.failedCount > 0; }
     bool allQueuedSelected() const { return m_summary.allQueuedSelected(); }
     double overallProgress() const { return m_summary.overallProgress; }
     QString doneText() const { return m_summary.doneText(); }

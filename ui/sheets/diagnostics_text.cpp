@@ -23,12 +23,6 @@ QString ownArchitectureLine()
     return QStringLiteral("Architecture: ") + processor;
 }
 
-QString ownSystemVersion()
-{
-    return QStringLiteral("%1 (%2 %3)")
-        .arg(QSysInfo::prettyProductName(), QSysInfo::kernelType(), QSysInfo::kernelVersion());
-}
-
 QStringList factLines(const DiagnosticsFacts &facts, const QString &ffmpegVersionLine)
 {
     const QString timestamp = facts.generated.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
@@ -74,7 +68,9 @@ DiagnosticsFacts DiagnosticsFacts::current()
 {
     return {.generated = QDateTime::currentDateTime(),
             .versionString = versionText(),
-            .systemVersion = ownSystemVersion(),
+            .systemVersion =
+                QStringLiteral("%1 (%2 %3)")
+                    .arg(QSysInfo::prettyProductName(), QSysInfo::kernelType(), QSysInfo::kernelVersion()),
             .architectureLine = ownArchitectureLine()};
 }
 

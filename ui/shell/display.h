@@ -5,9 +5,8 @@
 namespace marrowcut
 {
 
-/// Create it before the application object, and destroy it afterwards. Without a display, the program then
-/// ends with status 1 and a message of one line, where Qt would abort with advice to reinstall the
-/// application.
+/// Lives while the application object is created. Without a display, the program ends with status 1 and a
+/// message of one line, where Qt would abort with advice to reinstall the application.
 class NoDisplayGuard
 {
 public:
@@ -16,9 +15,8 @@ public:
     Q_DISABLE_COPY(NoDisplayGuard)
 };
 
-/// Chooses how text and shapes are drawn: in software where OpenGL is missing, or is itself software and
-/// slower. A choice made in the environment is kept. To be called after creating the application object,
-/// before any window.
+/// Draws in software where OpenGL is missing, or is itself software and slower. A choice made in the
+/// environment is kept. To be called between creating the application object and any window.
 void setUpDrawing();
 
 } // namespace marrowcut

@@ -13,7 +13,6 @@ T.Button {
 
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
-    padding: 0
     spacing: 4
     font.pixelSize: Theme.bodySize
     opacity: down ? 0.6 : enabled ? 1 : 0.4

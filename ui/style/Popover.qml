@@ -15,7 +15,6 @@ T.Popup {
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
 
     background: Panel {
-        radius: 8
         arrowX: control.parent.width / 2 - control.x
     }
 

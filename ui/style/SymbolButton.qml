@@ -10,7 +10,6 @@ T.Button {
 
     implicitWidth: symbolSize + leftPadding + rightPadding
     implicitHeight: symbolSize + topPadding + bottomPadding
-    padding: 0
     opacity: down ? 0.6 : enabled ? 1 : 0.4
     Accessible.onPressAction: clicked()
 
