@@ -33,8 +33,7 @@ QString replaceFolder(const QString &path);
 QString linkProblem(const QString &path);
 
 /// Replaces whatever is at the final path by the finished file, by renaming. Returns what went wrong; empty
-/// when a file is at the final path afterwards. A link is not moved: its target was not written by this
-/// program.
+/// when a file is at the final path afterwards. A link is not moved: its target can be anybody's.
 QString moveIntoPlace(const QString &finished, const QString &finalPath);
 
 /// A sentence when a folder that is not empty is at the path, where no proxy can be moved to; else empty.

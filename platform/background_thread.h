@@ -12,9 +12,8 @@ namespace marrowcut
 /// How long the program waits for a background thread when it quits.
 constexpr std::chrono::milliseconds quitLimit{800};
 
-/// Thrown on a background thread whose work is no longer wanted. It unwinds that work without touching
-/// a clip's files any more, but for the manifest line of a clip that is already finished. The thread's entry
-/// ends it quietly.
+/// Thrown on a background thread whose work is no longer wanted. On its way to the thread's entry no clip's
+/// file is touched any more, but for the manifest line of a clip that is already finished.
 struct Interrupted {
 };
 

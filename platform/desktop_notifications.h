@@ -11,9 +11,9 @@ class QDBusMessage;
 namespace marrowcut
 {
 
-/// Notifications through org.freedesktop.Notifications on the session bus
-/// (Desktop Notifications Specification 1.2). "Permission" is that a server replies; it is
-/// refused at once without a bus or without a server.
+/// Notifications through org.freedesktop.Notifications on the session bus (Desktop Notifications
+/// Specification 1.2). "Permission" is that a server replies; without a bus or a server it is refused at
+/// once.
 class DesktopNotifications : public QObject, public NotificationCenter
 {
     Q_OBJECT

@@ -8,10 +8,8 @@
 namespace marrowcut
 {
 
-/// Carries work from background threads to the thread that created the queue (the main thread).
-///
-/// Everything handed over, waited for or not, is done there one piece after another in the order
-/// of the calls, by that thread's event loop.
+/// Carries work from background threads to the thread that created the queue (the main thread), whose event
+/// loop does it in the order of the calls, waited for or not.
 class MainThreadQueue
 {
 public:

@@ -24,9 +24,8 @@ std::optional<QString> decodeUtf8(QByteArrayView bytes);
 /// Bytes that are no text, in a form that can be shown: all beyond ASCII as \xHH.
 QString shownBytes(QByteArrayView bytes);
 
-/// The text as every output of the program has it: control characters, direction marks and invisible tags are
-/// escapes (\n, \x1B, \u202E), so that a file's name can neither break the line nor command the terminal nor
-/// show as another.
+/// For every output: control characters, direction marks and invisible tags become escapes (\n, \x1B,
+/// \u202E), so that a file's name can neither break the line nor command the terminal nor show as another.
 QString printable(const QString &text);
 
 /// The same for JSON text without white space between its values, in JSON's own escapes.
