@@ -172,7 +172,7 @@ class CliTest(unittest.TestCase):
     def test_wait_for_another_marrowcut_is_told(self):
         program = self.with_hanging_encoder()
         first = self.start_cli("a.mov", program=program)
-        self.encoder()
+        encoder = self.encoder()
         second = self.start_cli("--json", "a.mov", program=program)
         self.assertEqual(self.events(second.stdout.readline() + second.stdout.readline())[1],
                          [("queued", "a.mov"), ("waiting", "a.mov")])
@@ -180,6 +180,7 @@ class CliTest(unittest.TestCase):
                          b"marrowcut-cli: a.mov: waiting for another Marrowcut that is processing this clip\n")
         self.pid.unlink()
         first.kill()
+        wait_until(lambda: not (encoder / "exe").exists(), what="the end of the killed program's encoder")
         self.assertEqual(self.events(second.stdout.readline())[1], [("status", "a.mov")])
         self.encoder()
         second.terminate()

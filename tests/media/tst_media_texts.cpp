@@ -1,5 +1,6 @@
 #include "media/burn_in_filter.h"
 #include "media/encoder_arguments.h"
+#include "media/error_output.h"
 #include "media/numbers.h"
 #include "media/timecode_math.h"
 
