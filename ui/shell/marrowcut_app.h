@@ -1,8 +1,8 @@
 #pragma once
 
 #include "engine/burn_in_engine.h"
-#include "platform/file_viewer.h"
 #include "platform/desktop_notifications.h"
+#include "platform/file_viewer.h"
 #include "platform/preference_store.h"
 #include "platform/sleep_inhibitor.h"
 #include "platform/taskbar_progress.h"

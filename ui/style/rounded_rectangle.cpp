@@ -13,7 +13,8 @@ namespace marrowcut
 namespace
 {
 
-/// Moves its image to a whole pixel of the window: anywhere else, its pixels would be blended with their neighbours.
+/// Moves its image to a whole pixel of the window: anywhere else, its pixels would be blended with their
+/// neighbours.
 class PixelAlignedNode : public QSGTransformNode
 {
 public:

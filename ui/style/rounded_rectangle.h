@@ -7,8 +7,8 @@
 namespace marrowcut
 {
 
-/// A rounded rectangle that is drawn correctly at every scale, in whole pixels: Qt Quick's software renderer breaks
-/// the corners of its own at 1.25x and 1.5x.
+/// A rounded rectangle that is drawn correctly at every scale, in whole pixels: Qt Quick's software renderer
+/// breaks the corners of its own at 1.25x and 1.5x.
 class RoundedRectangle : public QQuickItem
 {
     Q_OBJECT
