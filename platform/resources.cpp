@@ -21,9 +21,13 @@ QString resourceFolder()
 QString versionText(const QString &folder)
 {
     const QSettings keys(folder + QStringLiteral("/version.ini"), QSettings::IniFormat);
+    const auto textOr = [&keys](const QString &key, const QString &fallback) {
+        const QVariant value = keys.value(key); // a value with a comma is read as a list
+        return value.typeId() == QMetaType::QString ? value.toString() : fallback;
+    };
     return QStringLiteral("%1 (%2)").arg(
-        keys.value(QStringLiteral("CFBundleShortVersionString"), QStringLiteral("1.0")).toString(),
-        keys.value(QStringLiteral("CFBundleVersion"), QStringLiteral("1")).toString());
+        textOr(QStringLiteral("CFBundleShortVersionString"), QStringLiteral("1.0")),
+        textOr(QStringLiteral("CFBundleVersion"), QStringLiteral("1")));
 }
 
 QString monospacedFontFile()

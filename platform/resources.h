@@ -10,7 +10,7 @@ namespace marrowcut
 QString resourceFolder();
 
 /// Version and build, such as "2.3 (41)", read afresh from the keys in the folder's version.ini:
-/// CFBundleShortVersionString, "1.0" where it is missing, and CFBundleVersion, else "1".
+/// CFBundleShortVersionString, "1.0" where it is missing or no text, and CFBundleVersion, else "1".
 QString versionText(const QString &folder = resourceFolder());
 
 /// The file of the font that burned-in text is drawn with: DejaVu Sans Mono or else fontconfig's closest

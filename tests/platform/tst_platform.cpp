@@ -94,10 +94,13 @@ private Q_SLOTS:
         const QTemporaryDir folder;
         QCOMPARE(versionText(folder.path()), u"1.0 (1)"_s);
         QFile file(folder.filePath(u"version.ini"_s));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("[General]\nCFBundleShortVersionString=2.3\nCFBundleVersion=\"41\"\n");
-        file.close();
-        QCOMPARE(versionText(folder.path()), u"2.3 (41)"_s);
+        for (const auto &[build, shown] : {std::pair("\"41\"", u"2.3 (41)"_s), {"4,1", u"2.3 (1)"_s}}) {
+            QVERIFY(file.open(QIODevice::WriteOnly));
+            file.write("[General]\nCFBundleShortVersionString=2.3\nCFBundleVersion=" + QByteArray(build) +
+                       '\n');
+            file.close();
+            QCOMPARE(versionText(folder.path()), shown);
+        }
         QVERIFY(QFileInfo::exists(resourceFolder() + u"/version.ini"_s));
     }
 
