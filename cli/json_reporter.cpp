@@ -1,5 +1,7 @@
 #include "reporter.h"
 
+#include "program_exit.h"
+
 #include "engine/failure_advice.h"
 #include "engine/model/output_paths.h"
 #include "engine/queue_summary.h"
@@ -87,13 +89,13 @@ double rounded(double number)
 
 void JsonReporter::refused(const RefusedItem &item)
 {
-    Reporter::refused(item);
+    const QString text = refusalText(item); // once: it can read all subfolders
+    printError(QStringLiteral("%1: %2").arg(item.path, text));
     ++m_refusedCount;
-    // The enumerator's name: scripts compare it, so it never changes.
     const char *reason = QMetaEnum::fromType<RefusedItem::Reason>().valueToKey(int(item.reason));
     write(QStringLiteral("refused"), {{QStringLiteral("item"), item.path},
                                       {QStringLiteral("reason"), QLatin1String(reason)},
-                                      {QStringLiteral("text"), refusalText(item)},
+                                      {QStringLiteral("text"), text},
                                       {QStringLiteral("failure"), isFailure(item.reason)}});
 }
 

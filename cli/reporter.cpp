@@ -34,10 +34,10 @@ QString refusalText(const RefusedItem &item)
     case Reason::notAVideoFile:
         return QStringLiteral("not an MXF, MOV or MP4 file");
     case Reason::folderWithoutVideoFiles:
-        return expandItems({QUrl::fromLocalFile(item.path)}, Subfolders::enter).videoFiles.isEmpty()
-                   ? QStringLiteral("no MXF, MOV or MP4 files in this folder")
-                   : QStringLiteral(
-                         "no MXF, MOV or MP4 files in this folder, but in subfolders; use --recursive");
+        return hasVideoFilesInSubfolders(item.path)
+                   ? QStringLiteral(
+                         "no MXF, MOV or MP4 files in this folder, but in subfolders; use --recursive")
+                   : QStringLiteral("no MXF, MOV or MP4 files in this folder");
     case Reason::unreadableFolder:
         return QStringLiteral("this folder cannot be read");
     case Reason::nameIsNotText:

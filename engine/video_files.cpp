@@ -124,4 +124,19 @@ ExpandedItems expandItems(const QList<QUrl> &urls, Subfolders subfolders)
     return items;
 }
 
+bool hasVideoFilesInSubfolders(const QString &folder)
+{
+    QStringList pending = {folder};
+    QList<RefusedItem> refused;
+    while (!pending.isEmpty()) {
+        const QString path = pending.takeLast();
+        const auto contents = folderContents(path, Subfolders::enter);
+        if (contents && !contents->videoFiles.isEmpty())
+            return true;
+        if (contents)
+            pending += entryPaths(path, contents->subfolders, refused);
+    }
+    return false;
+}
+
 } // namespace marrowcut

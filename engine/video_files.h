@@ -12,6 +12,7 @@ namespace marrowcut
 struct RefusedItem {
     Q_GADGET
 public:
+    /// Scripts compare the names, which --json prints: they never change.
     enum class Reason {
         noSuchPath,
         notAVideoFile,
@@ -40,5 +41,8 @@ enum class Subfolders { skip, enter };
 /// lists them. With Subfolders::enter it also stands for those of its subfolders, except output folders and
 /// links. Thread-safe.
 ExpandedItems expandItems(const QList<QUrl> &urls, Subfolders subfolders = Subfolders::skip);
+
+/// Whether a folder that has no video files itself has some in subfolders that Subfolders::enter would enter.
+bool hasVideoFilesInSubfolders(const QString &folder);
 
 } // namespace marrowcut
