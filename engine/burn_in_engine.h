@@ -64,7 +64,8 @@ public:
     void clearCompleted();
 
     /// Starts a run over the jobs that are queued and selected now, with the preset of now, and returns at
-    /// once. Does nothing during a run, without such jobs and when no thread can be started.
+    /// once. Does nothing during a run. Afterwards isRunning() is false where there is no such job or no
+    /// thread can be started.
     virtual void start();
 
     /// The job whose turn it is and whose clip another Marrowcut has held for more than a second. It keeps

@@ -19,15 +19,6 @@ namespace marrowcut::media
 namespace
 {
 
-void publishLine(const QString &line, const EncodeJob &job, const PublishProgress &publish)
-{
-    const double duration = job.meta.duration;
-    const auto time = parseTimeSeconds(line);
-    if (!time || !(duration > 0))
-        return;
-    publish(job.jobId, std::min(*time / duration, 1.0), remainingTime(std::max(duration - *time, 0.0), line));
-}
-
 /// After an hour of neither frames nor sound the container's duration is taken as wrong: a damaged clip can
 /// claim tens of thousands of pieces.
 constexpr double longestGap = 3600; // seconds
@@ -173,6 +164,15 @@ private:
     int m_emptyPieces = 0; ///< in a row, up to the last one
 };
 
+void publishSinglePassLine(const QString &line, const EncodeJob &job, const PublishProgress &publish)
+{
+    const double duration = job.meta.duration;
+    const auto time = parseTimeSeconds(line);
+    if (!time || !(duration > 0))
+        return;
+    publish(job.jobId, std::min(*time / duration, 1.0), remainingTime(std::max(duration - *time, 0.0), line));
+}
+
 } // namespace
 
 EncodeResult runSinglePass(const EncodeJob &job, const EncodeContext &context)
@@ -181,7 +181,7 @@ EncodeResult runSinglePass(const EncodeJob &job, const EncodeContext &context)
     if (const QString problem = linkProblem(output); !problem.isEmpty())
         return {false, problem}; // ffmpeg would write through it
     StderrTail tail;
-    const auto onLine = [&](const QString &line) { publishLine(line, job, context.publish); };
+    const auto onLine = [&](const QString &line) { publishSinglePassLine(line, job, context.publish); };
     const EncoderRun run = runEncoder(singlePassArguments(job, context.system, output), output, tail, onLine,
                                       {.stop = context.stop});
     if (run.success && run.frameCount != 0)

@@ -7,6 +7,8 @@
 #include <QClipboard>
 #include <QGuiApplication>
 
+#include <utility>
+
 namespace marrowcut
 {
 
