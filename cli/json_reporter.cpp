@@ -115,15 +115,14 @@ void JsonReporter::waiting(const ProxyJob &job)
 void JsonReporter::statusChanged(const ProxyJob &job)
 {
     Reporter::statusChanged(job);
-    if (job.status == JobStatus::skipped())
-        writeEnd(job, QJsonValue::Null,
-                 std::nullopt); // done and failed come once the manifest has their line
-    if (!job.status.isProbing() && !job.status.isEncoding())
-        return;
-    QJsonObject fields = clipFields(job);
-    fields.insert(QStringLiteral("status"),
-                  job.status.isProbing() ? QStringLiteral("probing") : QStringLiteral("encoding"));
-    write(QStringLiteral("status"), fields);
+    if (job.status == JobStatus::skipped()) { // done and failed come once the manifest has their line
+        writeEnd(job, QJsonValue::Null, std::nullopt);
+    } else if (job.status.isProbing() || job.status.isEncoding()) {
+        QJsonObject fields = clipFields(job);
+        fields.insert(QStringLiteral("status"),
+                      job.status.isProbing() ? QStringLiteral("probing") : QStringLiteral("encoding"));
+        write(QStringLiteral("status"), fields);
+    }
 }
 
 void JsonReporter::progressed(const ProxyJob &runningJob, const QList<ProxyJob> &jobs)
