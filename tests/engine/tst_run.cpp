@@ -109,6 +109,8 @@ private Q_SLOTS:
         QFETCH(bool, done);
         useEncoder(u"h264_nvenc"_s);
         const QUuid id = addClip(u"a.mov"_s);
+        QList<double> progress;
+        connect(m_engine.get(), &BurnInEngine::willChange, this, [&] { progress.append(job(id).progress); });
         run(clipOf(duration) + "note @/calls\n" + script);
         QCOMPARE(job(id).status.isSuccessful(), done);
         QByteArrayList encoders;
@@ -118,6 +120,8 @@ private Q_SLOTS:
                 encoders.append(arguments[at + 1]);
         }
         QTEST(encoders, "encoders");
+        const auto begun = std::ranges::find_if(progress, [](double value) { return value > 0; });
+        QCOMPARE(std::find(begun, progress.end(), 0.0) != progress.end(), encoders.contains("libx264"));
         QCOMPARE(proxies().contains(u"a_proxy.mp4"_s), done);
         QCOMPARE(proxies().size(), done ? 2 : 1); // the manifest is there
         if (encoders.size() == 2 && !done)        // the first reason is kept
