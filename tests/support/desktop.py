@@ -25,6 +25,9 @@ def wait_until(condition, what="something", program=None):
             raise AssertionError(f"no {what}: the program ended with status {status} and printed "
                                  f"{printed_by(program)!r}")
         if time.monotonic() > end:
+            if program:
+                program.kill()
+                what += f"; killed, the program had printed {printed_by(program)!r}"
             raise AssertionError(f"waited in vain for {what}")
         time.sleep(0.02)
 
