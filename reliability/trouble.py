@@ -150,15 +150,18 @@ def open_file_limit(place):
 
 
 def flood_of_messages(place):
-    """From every tool, at every step: 100 MB in lines, then 10 MB without a line break."""
+    """From every tool, at every step: 200 MB in lines, then 10 MB without a line break; as answers of a probe, too."""
     lines, endless = place.folder / "lines", place.folder / "endless"
     with lines.open("wb") as file:  # in small pieces: our own memory would count as a child's until its exec
         file.writelines([b"x" * 200 + b"\n"] * 500_000)
     endless.write_bytes(b"y" * 10_000_000)
     folder = place.clip_folder({"a.mov": "short.mov", "b.mov": "long.mov"})
-    (folder / "broken.mov").write_text("nothing")
-    steps = 'case "$tool $*" in ffmpeg*|*format=duration*|*-show_format*)'
-    status, output = place.run(folder, fault=f"{steps} cat '{lines}' '{endless}' >&2;; esac")
+    (folder / "broken.mov").write_bytes(b"\0nothing")
+    flood = f"cat '{lines}' '{lines}' '{endless}'"
+    status, output = place.run(folder, fault=f"""case "$tool $*" in
+        *broken.mov*) {flood};;
+        ffmpeg*|*format=duration*|*-show_format*) {flood} >&2;;
+        esac""")
     check(status == 1 and "2 of 3 done" in output, f"status {status}: {output[-300:]}")
     check(len(output) < 100000, f"{len(output)} characters are said of it")
     place.judge(folder, {"a.mov": 10, "b.mov": 91})

@@ -422,7 +422,7 @@ class CliTest(unittest.TestCase):
     def test_typed_keys_do_not_reach_the_encoder(self):
         (self.folder / "a.mov").touch()
         program = self.with_stand_ins(PROBED + "err keys:\nstdin\nerr \\n\nexit 1\n")
-        self.assertRegex(self.on_terminal(program, typed=b"q\n")[1], r"    keys:\r\n")
+        self.assertRegex(self.on_terminal(program, typed=b"q\n\x04")[1], r"    keys:\r\n")
 
 
 unittest.main(verbosity=1)

@@ -3,11 +3,14 @@
 #include "engine/manifest.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QThread>
 
+#include <csignal>
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -55,7 +58,31 @@ private Q_SLOTS:
         QCOMPARE(linesBelowTheHeader(), QByteArray("line\n"));
     }
 
+    void withoutRoomNothingHalfWrittenStays()
+    {
+        appendWithRoomFor(3, u"no room for the header\n"_s);
+        QVERIFY(!QFile::exists(m_path));
+
+        Manifest::append(m_path, u"first\n"_s);
+        appendWithRoomFor(3, u"second\n"_s);
+        Manifest::append(m_path, u"third\n"_s);
+        QCOMPARE(linesBelowTheHeader(), QByteArray("first\nthird\n"));
+    }
+
 private:
+    /// As on a disk on which so many bytes are left.
+    void appendWithRoomFor(qint64 bytes, const QString &line)
+    {
+        const auto size = static_cast<rlim_t>(QFileInfo(m_path).size() + bytes);
+        awaitSuccess(inChild([&] {
+            const rlimit limit = {size, size};
+            if (std::signal(SIGXFSZ, SIG_IGN) == SIG_ERR || setrlimit(RLIMIT_FSIZE, &limit) != 0)
+                return 1;
+            Manifest::append(m_path, line);
+            return 0;
+        }));
+    }
+
     /// Starts a process that ends with the status which the work returns.
     template <typename Work>
     static pid_t inChild(const Work &work)
