@@ -1,6 +1,8 @@
 """The window as a screen reader meets it: names, roles, states and presses through the accessibility bus. Import it
 when the environment is that of the desktop under test."""
 
+import contextlib
+
 import gi
 
 gi.require_version("Atspi", "2.0")
@@ -36,6 +38,12 @@ def _matches(node, role, name):
         return False
 
 
+def _press(node):
+    actions = node.get_action_iface()
+    names = [actions.get_action_name(index) for index in range(actions.get_n_actions())]
+    actions.do_action(names.index("Press"))
+
+
 class Application:
     def __init__(self, name, program):
         self._name = name
@@ -65,9 +73,15 @@ class Application:
 
     def press(self, name, role="push button"):
         """Presses through the accessibility interface, as assistive technology does."""
-        actions = self.wait_for(role, name).get_action_iface()
-        names = [actions.get_action_name(index) for index in range(actions.get_n_actions())]
-        actions.do_action(names.index("Press"))
+        _press(self.wait_for(role, name))
+
+    def press_if_shown(self, name, role="push button"):
+        """Tells whether it was there."""
+        found = self.elements(role, name)
+        for node in found[:1]:
+            with contextlib.suppress(GLib.Error):  # it has just gone
+                _press(node)
+        return bool(found)
 
 
 def is_showing(node):

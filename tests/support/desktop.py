@@ -109,17 +109,23 @@ class Desktop:
 
     def press_key(self, window, key, program):
         """When the window has the keyboard."""
-        def is_focused():
-            subprocess.run(["xdotool", "windowactivate", window], env=self.environment, stderr=subprocess.DEVNULL)
-            focused = subprocess.run(["xdotool", "getwindowfocus"], env=self.environment, stdout=subprocess.PIPE,
-                                     stderr=subprocess.DEVNULL)
-            return focused.stdout.decode().strip() == window
-        wait_until(is_focused, f"focus for {key}", program)
+        wait_until(lambda: self._takes_focus(window), f"focus for {key}", program)
         self.run("xdotool", "key", key)
 
-    def close_window(self, window, program):
-        """Again and again, since it may ask first, until the program has ended."""
-        wait_until(lambda: program.poll() is not None or self.run("xdotool", "key", "alt+F4"), "end of the program")
+    def close_window(self, window, program, answer=lambda: False):
+        """Until the program has ended. answer() presses a button of the question that comes during a run, and tells
+        whether there was one; without an answer the window closes when the run has ended."""
+        def has_ended():
+            if program.poll() is None and not answer() and self._takes_focus(window):
+                self.run("xdotool", "key", "alt+F4")
+            return program.poll() is not None
+        wait_until(has_ended, "end of the program", program)
+
+    def _takes_focus(self, window):
+        subprocess.run(["xdotool", "windowactivate", window], env=self.environment, stderr=subprocess.DEVNULL)
+        focused = subprocess.run(["xdotool", "getwindowfocus"], env=self.environment, stdout=subprocess.PIPE,
+                                 stderr=subprocess.DEVNULL)
+        return focused.stdout.decode().strip() == window
 
     def notifications(self):
         """Those shown so far, the latest first."""
