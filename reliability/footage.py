@@ -208,8 +208,10 @@ CHECKS = [texts, reference_movies, huge_tag, planted_manifest, planted_links]
 
 
 def main():
-    checks = CHECKS + [foreign_work_folder] * (os.geteuid() == 0)
-    report("footage", len(checks), attempt_all([(run.__name__, partial(in_a_workplace, run)) for run in checks]))
+    is_root = os.geteuid() == 0
+    checks = CHECKS + [foreign_work_folder] * is_root
+    failures = attempt_all([(run.__name__, partial(in_a_workplace, run)) for run in checks])
+    report("footage", len(checks), failures, impossible=0 if is_root else 1)
 
 
 main()

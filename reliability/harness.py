@@ -112,7 +112,7 @@ class Workplace:
         return found
 
     def check_no_children(self):
-        end = time.monotonic() + 10
+        end = time.monotonic() + 60
         while self.children():
             check(time.monotonic() < end, f"left running: {self.children()}")
             time.sleep(0.01)
@@ -190,11 +190,12 @@ def argument(name, default):
     return int(sys.argv[sys.argv.index(name) + 1]) if name in sys.argv else default
 
 
-def report(kind, tried, failures):
-    """One line that the record is made of; the program's exit status tells the same."""
+def report(kind, tried, failures, impossible=0):
+    """One line that the record is made of; the program's exit status tells the same. impossible: not to be tried on this
+    system."""
     for failure in failures:
         print(f"  {failure}")
-    print(f"{kind}: {tried} tried, {tried - len(failures)} held")
+    print(f"{kind}: {tried} tried, {tried - len(failures)} held" + (f", {impossible} not possible here" if impossible else ""))
     sys.exit(1 if failures else 0)
 
 

@@ -13,15 +13,21 @@ import re
 import shutil
 import signal
 import subprocess
+import sys
 import time
 from functools import partial
+from pathlib import Path
 
 from harness import HEADER, Workplace, argument, attempt, check, check_manifest_lines, frame_count, in_a_workplace, report
+
+sys.path.insert(0, os.fspath(Path(__file__).parent.parent / "tests/support"))
+from desktop import PATIENCE, wait_until  # noqa: E402
 
 CLIPS = argument("--clips", 50)
 NAMES = [f"A001C{number:03}.MXF" for number in range(min(CLIPS, 12))]
 NAMES += ["it's 100%.mov", "two\nlines.mov", "-dash.mp4", "\\$HOME `x`.mov"]
 BROKEN = "broken.mov"
+JOBS = 4
 ENCODE = ["--encoder", "libx264", "--quality", "tiny", "--quiet"]
 FIND = ["-name", "marrowcut_proxies", "-prune", "-o", "-type", "f", "(", "-iname", "*.mxf", "-o", "-iname", "*.mov", "-o",
         "-iname", "*.mp4", ")", "-print0"]
@@ -40,7 +46,7 @@ class Night:
     def start(self, *options):
         with open(self.place.folder / "night.jsonl", "ab") as results:
             return subprocess.Popen(
-                ["parallel", "--will-cite", "--null", "--arg-file", self.place.folder / "clips.list", "--jobs", "4",
+                ["parallel", "--will-cite", "--null", "--arg-file", self.place.folder / "clips.list", "--jobs", str(JOBS),
                  "--joblog", self.place.folder / "night.log", *options, self.place.program, "--quality", "tiny", "--json", "{}"],
                 env=self.place.environment, cwd="/", stdin=subprocess.DEVNULL, stdout=results,
                 stderr=subprocess.DEVNULL, start_new_session=True)
@@ -61,15 +67,14 @@ class Night:
     def mend_broken(self):
         shutil.copy(self.place.clips["short.mov"], self.card / BROKEN)
 
-    def check_whole(self, fewest_lines=1):
+    def check_whole(self, may_miss=0):
         self.place.check_no_children()
         self.place.judge(self.card, {name: 10 for name in [*NAMES, BROKEN]})
         check(not [name for name in os.listdir(self.proxies) if name.startswith(".")], "leftovers")
         manifest = (self.proxies / "manifest.csv").read_text()
         check(manifest.count(HEADER) == 1, "the manifest's header")
-        for name in NAMES:
-            lines = manifest.count(f"\n{name},")
-            check(fewest_lines <= lines <= 1, f"{name!r} has {lines} lines in the manifest")
+        lines = {name: manifest.count(f"\n{name},") for name in NAMES}
+        check(max(lines.values()) == 1 and list(lines.values()).count(0) <= may_miss, f"lines in the manifest: {lines}")
 
 
 def undisturbed(place):
@@ -87,8 +92,7 @@ def killed(place, delay):
     """The whole session gets SIGTERM and, after a grace time, SIGKILL, as schedulers do."""
     night = Night(place)
     process = night.start()
-    while len(list(night.proxies.glob("*_proxy.mp4"))) < 3:
-        time.sleep(0.01)
+    wait_until(lambda: len(list(night.proxies.glob("*_proxy.mp4"))) >= 3, "three proxies", process)
     time.sleep(delay)
     os.killpg(process.pid, signal.SIGTERM)
     time.sleep(delay)
@@ -97,7 +101,7 @@ def killed(place, delay):
     place.check_no_children()
     night.mend_broken()
     check(night.run("--resume-failed") == 0, "exit status of the second run")
-    night.check_whole(fewest_lines=0)  # one may have been killed between its proxy and its line
+    night.check_whole(may_miss=JOBS)  # each may have been killed between its proxy and its line
 
 
 def scheduled(place, number):
@@ -170,7 +174,7 @@ def end_and_resume(process, start, folder, number, sent, after):
     while process.poll() is None and len(list(folder.glob(f"P{number}*_proxy.mp4"))) < after:
         time.sleep(0.01)
     process.send_signal(sent)
-    process.communicate()
+    process.communicate(timeout=PATIENCE)
     check(process.returncode in (0, 130 if sent == signal.SIGTERM else -sent), f"status {process.returncode} when ended")
     return start(number)
 

@@ -6,6 +6,7 @@ import shutil
 import signal
 import subprocess
 import sys
+from datetime import datetime, timedelta, timezone
 from pathlib import Path
 
 from harness import WINDOW_PROGRAM, Failure, Workplace, check, enter_mount_namespace, report
@@ -52,10 +53,9 @@ def no_home(place):
 
 
 def read_only_configuration(place):
-    if enter_mount_namespace():
-        config = place.folder / "config"
-        config.mkdir()
-        subprocess.run(["mount", "-t", "tmpfs", "-o", "ro", "tmpfs", config], check=True)
+    config = place.folder / "config"
+    config.mkdir()
+    subprocess.run(["mount", "-t", "tmpfs", "-o", "ro", "tmpfs", config], check=True)
     return {}
 
 
@@ -115,7 +115,9 @@ def clock_jumps_back(place):
     library = "/usr/lib/x86_64-linux-gnu/faketime/libfaketimeMT.so.1"
     extra = {"LD_PRELOAD": library, "FAKETIME_TIMESTAMP_FILE": os.fspath(offset), "FAKETIME_NO_CACHE": "1"}
     folder, _ = proxy_of_one_clip(place, fault=f'[ $tool = ffmpeg ] && echo -30d >"{offset}"; unset LD_PRELOAD', extra=extra)
-    check("done,20" in (folder / "marrowcut_proxies/manifest.csv").read_text(), "the manifest")
+    written = (folder / "marrowcut_proxies/manifest.csv").read_text().rstrip().rpartition(",")[2]
+    back = datetime.now(timezone.utc) - datetime.fromisoformat(written)
+    check(timedelta(days=29) < back < timedelta(days=31), f"the clock did not jump: {written}")
 
 
 def taken_descriptors(count):
@@ -174,15 +176,16 @@ CHECKS = [*map(in_surroundings, SURROUNDINGS), no_notification_server, clock_jum
 
 
 def main():
-    enter_mount_namespace()
+    can_mount = enter_mount_namespace()
+    checks = [run for run in CHECKS if can_mount or run.__name__ != read_only_configuration.__name__]
     failures = []
-    for run in CHECKS:
+    for run in checks:
         with Workplace() as place:
             try:
                 run(place)
             except (Failure, AssertionError, OSError, subprocess.SubprocessError) as problem:
                 failures.append(f"{run.__name__}: {problem}")
-    report("trouble", len(CHECKS), failures)
+    report("trouble", len(checks), failures, impossible=len(CHECKS) - len(checks))
 
 
 main()
