@@ -5,6 +5,7 @@ import os
 import pty
 import re
 import resource
+import select
 import shutil
 import signal
 import subprocess
@@ -17,7 +18,7 @@ from pathlib import Path
 import jsonschema
 
 sys.path.insert(0, os.fspath(Path(__file__).parent.parent / "support"))
-from desktop import Desktop, make_clip, wait_until  # noqa: E402
+from desktop import PATIENCE, Desktop, make_clip, wait_until  # noqa: E402
 
 PROGRAM, STAND_IN = sys.argv[1:3]
 SCHEMA = json.loads((Path(__file__).parents[2] / "docs/json-events.schema.json").read_text())
@@ -63,9 +64,9 @@ class CliTest(unittest.TestCase):
         return self.with_stand_ins(PROBED + "ignore-term\nwrite-output\nerr frame=1 time=00:00:01.00 speed=1x\\r\n"
                                    f"pid {self.pid}\nwait-for {self.folder}/never\n")
 
-    def encoder(self):
-        """The place of its process, once it has begun."""
-        return Path("/proc", wait_until(lambda: self.pid.exists() and self.pid.read_text(), what="the encoder"))
+    def encoder(self, program):
+        """The place of its process, once the program has begun it."""
+        return Path("/proc", wait_until(lambda: self.pid.exists() and self.pid.read_text(), "encoder", program))
 
     # What it does
 
@@ -172,7 +173,7 @@ class CliTest(unittest.TestCase):
     def test_wait_for_another_marrowcut_is_told(self):
         program = self.with_hanging_encoder()
         first = self.start_cli("a.mov", program=program)
-        encoder = self.encoder()
+        encoder = self.encoder(first)
         second = self.start_cli("--json", "a.mov", program=program)
         self.assertEqual(self.events(second.stdout.readline() + second.stdout.readline())[1],
                          [("queued", "a.mov"), ("waiting", "a.mov")])
@@ -182,10 +183,10 @@ class CliTest(unittest.TestCase):
         first.kill()
         wait_until(lambda: not (encoder / "exe").exists(), what="the end of the killed program's encoder")
         self.assertEqual(self.events(second.stdout.readline())[1], [("status", "a.mov")])
-        self.encoder()
+        self.encoder(second)
         second.terminate()
         for process in (first, second):
-            process.communicate(timeout=60)
+            process.communicate(timeout=PATIENCE)
 
     def test_names_from_a_list(self):
         names = ["a\n.mov", "--quiet.mov", "b.mov"]
@@ -260,7 +261,7 @@ class CliTest(unittest.TestCase):
         for arguments in (["--version"], ["a.mov"], ["--json", "a.mov"]):
             with self.subTest(arguments=arguments), open("/dev/full", "w") as full:
                 process = self.start_cli(*arguments, stdout=full)
-                self.assertIn(b"could not be written", process.communicate(timeout=60)[1])
+                self.assertIn(b"could not be written", process.communicate(timeout=PATIENCE)[1])
                 self.assertEqual(process.returncode, 1)
         self.assertTrue((self.proxies / "a_proxy.mp4").exists())
 
@@ -304,9 +305,9 @@ class CliTest(unittest.TestCase):
 
     def interrupt(self, process, number):
         """What it prints; it has to take the encoder along."""
-        encoder = self.encoder()
+        encoder = self.encoder(process)
         process.send_signal(number)
-        output = process.communicate(timeout=60)
+        output = process.communicate(timeout=PATIENCE)
         self.assertEqual(process.returncode, 130)
         self.assertFalse(encoder.exists())
         self.pid.unlink()
@@ -373,6 +374,9 @@ class CliTest(unittest.TestCase):
         os.write(terminal, typed)
         output = b""
         while True:
+            if not select.select([terminal], [], [], PATIENCE)[0]:
+                process.kill()
+                self.fail(f"nothing more after {output!r}")
             try:
                 output += os.read(terminal, 65536)
             except OSError:  # the other end is closed

@@ -2,12 +2,14 @@
 
 #include "engine/manifest.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QThread>
 
+#include <algorithm>
 #include <csignal>
 #include <fcntl.h>
 #include <sys/resource.h>
@@ -49,7 +51,8 @@ private Q_SLOTS:
             if (!manifest.open(QIODevice::ReadWrite) || fcntl(manifest.handle(), F_SETLK, &whole) != 0 ||
                 !QFile(locked).open(QIODevice::WriteOnly))
                 return 1;
-            QThread::msleep(100); // for the other to find the lock, which nothing reports
+            for (int waited = 0; waited < 60000 && !isOpenIn(getppid()); ++waited)
+                QThread::msleep(1);
             return unlink(QFile::encodeName(m_path).constData());
         });
         QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(locked), 60000);
@@ -91,6 +94,14 @@ private:
         if (child == 0)
             _exit(work());
         return child;
+    }
+
+    bool isOpenIn(pid_t process) const
+    {
+        const QDir descriptors(u"/proc/%1/fd"_s.arg(process));
+        const QFileInfoList links = descriptors.entryInfoList(QDir::Files | QDir::System);
+        return std::ranges::any_of(links,
+                                   [&](const QFileInfo &link) { return link.symLinkTarget() == m_path; });
     }
 
     static void awaitSuccess(pid_t child)

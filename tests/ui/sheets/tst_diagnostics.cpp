@@ -72,7 +72,7 @@ private Q_SLOTS:
         jobs << failedJob(u"b.mxf"_s); // too late for both
         answer();
 
-        QTRY_VERIFY(report.copied());
+        QTRY_VERIFY_WITH_TIMEOUT(report.copied(), 60000);
         const QString copied = QGuiApplication::clipboard()->text();
         QVERIFY(copied.contains(u"\nffmpeg: run "_s));
         QVERIFY(copied.endsWith(failedSection(u"a.mxf"_s)));
@@ -99,12 +99,12 @@ private Q_SLOTS:
         QGuiApplication::clipboard()->clear();
         answer();
         QTRY_VERIFY(QGuiApplication::clipboard()->text().endsWith(failedSection(u"a.mxf"_s)));
-        QTRY_VERIFY(report.reportText().contains(u"\nffmpeg: run "_s));
+        QTRY_VERIFY_WITH_TIMEOUT(report.reportText().contains(u"\nffmpeg: run "_s), 60000);
         QVERIFY(report.reportText().endsWith(u"No failed files this session."_s));
         QVERIFY(!report.copied());
 
         report.copyToClipboard();
-        QTRY_VERIFY(report.copied());
+        QTRY_VERIFY_WITH_TIMEOUT(report.copied(), 60000);
         report.open(this);
         QVERIFY(!report.copied());
     }
@@ -114,7 +114,7 @@ private Q_SLOTS:
         QList<ProxyJob> jobs;
         DiagnosticsReport report([&jobs] { return jobs; }, m_folder.filePath(u"none"_s), 60s);
         report.open(this);
-        QTRY_VERIFY(report.reportText().contains(u"\nffmpeg: unavailable\n"_s));
+        QTRY_VERIFY_WITH_TIMEOUT(report.reportText().contains(u"\nffmpeg: unavailable\n"_s), 60000);
         QStringList texts;
         connect(&report, &DiagnosticsReport::reportTextChanged, &report,
                 [&texts, &report] { texts << report.reportText(); });
@@ -137,7 +137,7 @@ private Q_SLOTS:
             DiagnosticsReport report([] { return QList<ProxyJob>(); }, path,
                                      version == unavailable ? 200ms : 60s);
             report.open(this);
-            QTRY_VERIFY(report.reportText().contains(u"\nffmpeg: %1\n"_s.arg(version)));
+            QTRY_VERIFY_WITH_TIMEOUT(report.reportText().contains(u"\nffmpeg: %1\n"_s.arg(version)), 60000);
         }
     }
 

@@ -200,21 +200,25 @@ private:
     void startRun()
     {
         m_app->queue()->handleDrop({QUrl::fromLocalFile(m_script.path(u"clip.mov"_s))});
-        QTRY_VERIFY(m_app->queue()->hasSelectedQueuedJobs());
+        QTRY_VERIFY_WITH_TIMEOUT(m_app->queue()->hasSelectedQueuedJobs(), 60000);
         m_app->queue()->start();
-        QTRY_VERIFY(!m_script.contents(u"pid"_s).isEmpty());
-        QTRY_VERIFY(m_app->queue()->isRunning());
+        QTRY_VERIFY_WITH_TIMEOUT(!m_script.contents(u"pid"_s).isEmpty(), 60000);
+        QTRY_VERIFY_WITH_TIMEOUT(m_app->queue()->isRunning(), 60000);
     }
 
     void endRun()
     {
         m_script.touch(u"never"_s);
-        QTRY_VERIFY(!m_app->queue()->isRunning());
+        QTRY_VERIFY_WITH_TIMEOUT(!m_app->queue()->isRunning(), 60000);
         QFile::remove(m_script.path(u"never"_s));
         QFile::remove(m_script.path(u"pid"_s));
     }
 
-    QString focusName() const { return m_window->activeFocusItem()->objectName(); }
+    QString focusName() const
+    {
+        const QQuickItem *item = m_window->activeFocusItem();
+        return item ? item->objectName() : QString();
+    }
 
     PrivateBus m_bus;
     StandInScript m_script;
