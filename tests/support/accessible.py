@@ -52,19 +52,18 @@ class Application:
     def _root(self):
         desktop = Atspi.get_desktop(0)
         desktop.clear_cache()
-        for index in range(desktop.get_child_count()):
-            child = desktop.get_child_at_index(index)
-            if child and child.get_name() == self._name:
-                return child
+        with contextlib.suppress(GLib.Error):  # one has just ended
+            for index in range(desktop.get_child_count()):
+                child = desktop.get_child_at_index(index)
+                if child and child.get_name() == self._name:
+                    child.clear_cache()
+                    return child
         return None
 
     def elements(self, role=None, name=""):
         """Those that show now, of the role, with names that begin so."""
         root = self._root()
-        if root is None:
-            return []
-        root.clear_cache()
-        return [node for node in _all_below(root) if _matches(node, role, name) and is_showing(node)]
+        return [node for node in _all_below(root) if _matches(node, role, name) and is_showing(node)] if root else []
 
     def wait_for(self, role, name, gone=False):
         if gone:
@@ -79,7 +78,7 @@ class Application:
         """Tells whether it was there."""
         found = self.elements(role, name)
         for node in found[:1]:
-            with contextlib.suppress(GLib.Error):  # it has just gone
+            with contextlib.suppress(GLib.Error, AttributeError, ValueError):  # it has just gone, with what it can do
                 _press(node)
         return bool(found)
 
