@@ -65,9 +65,10 @@ class Desktop:
         self._start_display()
         self._start_bus(home)
         if window_manager:
-            manager = self.start(["openbox"])
-            wait_until(lambda: "window id" in self.run("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"),
-                       "window manager", manager)
+            # It announces itself before it takes windows; one that comes between is never shown.
+            started = Path(home) / "started"
+            manager = self.start(["openbox", "--startup", f"touch {started}"])
+            wait_until(started.exists, "window manager", manager)
         if notifications:
             # Configured by nothing but this, whoever's machine it is.
             config = Path(home) / "dunstrc"
