@@ -21,8 +21,10 @@ namespace
 {
 
 constexpr qint64 frameMilliseconds = 17; // at 60 Hz, rounded up
-/// Refreshing takes at most about a twentieth of the time, so that a long queue does not hold up its run.
+/// Refreshing takes at most about a twentieth of the time, so that a long queue does not hold up its run; on
+/// a busy machine, where one refresh may seem long, what is shown still follows.
 constexpr qint64 pauseFactor = 20;
+constexpr qint64 longestPause = 500; // milliseconds
 
 int activeRowOf(const QList<ProxyJob> &jobs)
 {
@@ -156,7 +158,8 @@ void QueueViewModel::refresh()
            &QueueViewModel::outputDirChanged);
     assign(m_activeRow, activeRowOf(jobs), &QueueViewModel::activeRowChanged);
     assign(m_summary, QueueSummary::of(jobs), &QueueViewModel::summaryChanged);
-    m_nextRefresh.setRemainingTime(std::max(frameMilliseconds, pauseFactor * duration.elapsed()));
+    m_nextRefresh.setRemainingTime(
+        std::clamp(pauseFactor * duration.elapsed(), frameMilliseconds, longestPause));
 }
 
 template <typename Value>
