@@ -7,6 +7,7 @@
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
+#include <QStyleHints>
 #include <QtQml/qqmlextensionplugin.h>
 #include <QtQuickTest>
 
@@ -46,6 +47,11 @@ public:
         auto *data = new QMimeData;
         data->setUrls(urls);
         QGuiApplication::clipboard()->setMimeData(data);
+    }
+    /// -1: the desktop's own.
+    Q_INVOKABLE void setDoubleClickTime(int milliseconds)
+    {
+        QGuiApplication::styleHints()->setMouseDoubleClickInterval(milliseconds);
     }
 
 Q_SIGNALS:

@@ -21,7 +21,7 @@ TestCase {
 
     // Waits until the engine's state is shown and laid out. A frame that nothing asks for would not come.
     function awaitLayout() {
-        tryVerify(() => queue.isShown());
+        tryVerify(() => queue.isShown(), 60000);
         content.Window.window.update();
         waitForRendering(content);
     }
@@ -62,7 +62,7 @@ TestCase {
     function init() {
         failOnWarning(/./);
         queue.clear();
-        tryVerify(() => queue.isShown());
+        tryVerify(() => queue.isShown(), 60000);
         content = createTemporaryObject(contentComponent, root);
         verify(content);
         awaitLayout();

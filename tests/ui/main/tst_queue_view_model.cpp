@@ -29,7 +29,7 @@ private Q_SLOTS:
         QueueViewModel &shown = *queue.viewModel();
         for (int number = 0; number < 1000; ++number)
             queue.add(clip(number));
-        QTRY_COMPARE(shown.jobs()->rowCount(), 1000);
+        QTRY_COMPARE_WITH_TIMEOUT(shown.jobs()->rowCount(), 1000, 60000);
         QSignalSpy changed(&shown, &QueueViewModel::summaryChanged);
         bool allSelected = true;
         connect(&shown, &QueueViewModel::summaryChanged, this,
@@ -39,7 +39,7 @@ private Q_SLOTS:
         QVERIFY(queue.isSelected(0));
         queue.setAllSelected(false);
         QVERIFY(changed.isEmpty()); // announced, not yet applied
-        QTRY_COMPARE(changed.size(), 1);
+        QTRY_COMPARE_WITH_TIMEOUT(changed.size(), 1, 60000);
         QVERIFY(!allSelected);
         QVERIFY(!shown.hasSelectedQueuedJobs());
     }
