@@ -82,10 +82,6 @@ class WindowTest(unittest.TestCase):
         self.app.press(menu, "menu item")
         self.app.press(item, "menu item")
 
-    def click(self, node):
-        x, y, width, height = self.accessible.extents(node)
-        self.xdotool("mousemove", "--sync", x + width // 2, y + height // 2, "click", 1)
-
     def test_drag_run_and_clear(self):
         make_clip(self.folder / "a #1.mov")
         shutil.copytree(Path(__file__).parents[2] / "samples", self.folder / "samples",

@@ -89,7 +89,3 @@ def is_showing(node):
     except GLib.Error:
         return False
 
-
-def extents(node):
-    area = node.get_component_iface().get_extents(Atspi.CoordType.SCREEN)
-    return area.x, area.y, area.width, area.height

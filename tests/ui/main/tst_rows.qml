@@ -31,7 +31,6 @@ WindowCase {
         tryVerify(() => piece(0, "status").text === data.text);
         const queued = data.status === "queued";
         const failed = data.status.startsWith("failed");
-        compare(row(0).height, 4 + piece(0, "name").height + 4 + 4 + 4);
         compare(row(0).accessibleName, "A001.mxf, " + data.text + (data.said ?? ""));
         compare(piece(0, "name").text, "A001.mxf");
         compare(piece(0, "status").color, failed ? Theme.failure : Theme.secondary);

@@ -86,9 +86,9 @@ TestCase {
     }
 
     readonly property var sheets: [
-        {tag: "help", place: help, flag: "showHelp", width: 420, height: 480, links: 1},
-        {tag: "about", place: about, flag: "showAbout", width: 320, links: 2},
-        {tag: "report", place: diagnostics, flag: "showDiagnostics", width: 480, height: 420, links: 0}
+        {tag: "help", place: help, flag: "showHelp", links: 1},
+        {tag: "about", place: about, flag: "showAbout", links: 2},
+        {tag: "report", place: diagnostics, flag: "showDiagnostics", links: 0}
     ]
 
     function init() {
@@ -155,7 +155,6 @@ TestCase {
             version.text = "Version <b>" + "2.0 ".repeat(40); // shown as it is, wrapped
             verify(version.lineCount > 1 && version.contentWidth <= version.parent.width);
         }
-        compare([sheet.width, sheet.height], [data.width, data.height ?? sheet.height]);
         const roles = [];
         const visit = item => {
             const role = item.Accessible.role;
