@@ -7,9 +7,10 @@ import signal
 import subprocess
 import sys
 from datetime import datetime, timedelta, timezone
+from functools import partial
 from pathlib import Path
 
-from harness import WINDOW_PROGRAM, Failure, Workplace, check, enter_mount_namespace, report
+from harness import WINDOW_PROGRAM, Workplace, attempt, check, enter_mount_namespace, in_a_workplace, report
 
 sys.path.insert(0, os.fspath(Path(__file__).parent.parent / "tests/support"))
 from desktop import PATIENCE, Desktop, wait_until  # noqa: E402
@@ -30,8 +31,9 @@ def proxy_through_the_window(place, extra):
         on_desktop = {name: desktop.environment[name] for name in ("DISPLAY", "DBUS_SESSION_BUS_ADDRESS")}
         process = place.start(folder, extra={**on_desktop, **extra})
         window = desktop.wait_for_window("Marrowcut", process)
-        desktop.press_key(window, "Return", process)
-        manifest = folder / "marrowcut_proxies/manifest.csv"
+        proxies = folder / "marrowcut_proxies"
+        desktop.press_key(window, "Return", process, proxies.is_dir, "run")
+        manifest = proxies / "manifest.csv"
         wait_until(lambda: manifest.exists() and ",done," in manifest.read_text(), "manifest", process)
         desktop.close_window(window, process)
         process.communicate(timeout=PATIENCE)
@@ -145,10 +147,11 @@ def open_file_limit(place):
         errors = process.communicate(timeout=PATIENCE)[1]
         place.check_no_children()
         outcomes.add(process.returncode)
-        check(process.returncode >= 0 or b"Too many open files" in errors, f"died without a word: {errors!r}")
+        check(process.returncode >= 0 or b"Too many open files" in errors, f"ended without a message: {errors!r}")
         place.judge(folder, {"a.mov": 10} if process.returncode == 0 else {})
         shutil.rmtree(folder / "marrowcut_proxies", ignore_errors=True)
     check(outcomes <= {0, 1, 3, -signal.SIGTRAP, -signal.SIGABRT}, f"exit statuses {outcomes}")
+    check(len(outcomes) > 1, "no run was short of descriptors")
 
 
 def flood_of_messages(place):
@@ -165,7 +168,7 @@ def flood_of_messages(place):
         ffmpeg*|*format=duration*|*-show_format*) {flood} >&2;;
         esac""")
     check(status == 1 and "2 of 3 done" in output, f"status {status}: {output[-300:]}")
-    check(len(output) < 100000, f"{len(output)} characters are said of it")
+    check(len(output) < 100000, f"{len(output)} characters are printed")
     place.judge(folder, {"a.mov": 10, "b.mov": 91})
     mebibytes = resource.getrusage(resource.RUSAGE_CHILDREN).ru_maxrss / 1024
     check(mebibytes < 200, f"{mebibytes:.0f} MiB")
@@ -178,13 +181,7 @@ CHECKS = [*map(in_surroundings, SURROUNDINGS), no_notification_server, clock_jum
 def main():
     can_mount = enter_mount_namespace()
     checks = [run for run in CHECKS if can_mount or run.__name__ != read_only_configuration.__name__]
-    failures = []
-    for run in checks:
-        with Workplace() as place:
-            try:
-                run(place)
-            except (Failure, AssertionError, OSError, subprocess.SubprocessError) as problem:
-                failures.append(f"{run.__name__}: {problem}")
+    failures = sum((attempt(run.__name__, partial(in_a_workplace, run)) for run in checks), [])
     report("trouble", len(checks), failures, impossible=len(CHECKS) - len(checks))
 
 

@@ -11,6 +11,7 @@ from gi.repository import Atspi, GLib  # noqa: E402
 from desktop import wait_until  # noqa: E402
 
 Atspi.init()
+Atspi.set_timeout(60000, 60000)  # milliseconds: a program that is slow to reply is not gone
 
 
 def _all_below(node):
@@ -67,7 +68,7 @@ class Application:
 
     def wait_for(self, role, name, gone=False):
         if gone:
-            return wait_until(lambda: not self.elements(role, name), f"end of {role} {name!r}", self._program)
+            return wait_until(lambda: self._root() and not self.elements(role, name), f"end of {role} {name!r}", self._program)
         return wait_until(lambda: self.elements(role, name), f"{role} {name!r}", self._program)[0]
 
     def press(self, name, role="push button"):

@@ -77,6 +77,7 @@ class Desktop:
             name = "org.freedesktop.Notifications"
             wait_until(lambda: "true" in self._call("org.freedesktop.DBus", "/org/freedesktop/DBus",
                                                     "org.freedesktop.DBus.NameHasOwner", name), name, server)
+            self.run("dunstctl", "history")  # and replies
         if accessibility:
             self.environment["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
             self._call("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus.GetAddress")
@@ -108,10 +109,13 @@ class Desktop:
         """Its id."""
         return wait_until(lambda: self.windows(title), f"window {title!r}", program)[0]
 
-    def press_key(self, window, key, program):
-        """When the window has the keyboard."""
-        wait_until(lambda: self._takes_focus(window), f"focus for {key}", program)
-        self.run("xdotool", "key", key)
+    def press_key(self, window, key, program, effect, what):
+        """When the window has the keyboard; again until effect() is true, since it may not be ready for the key yet."""
+        def has_effect():
+            if not effect() and self._takes_focus(window):
+                self.run("xdotool", "key", key)
+            return effect()
+        wait_until(has_effect, what, program)
 
     def close_window(self, window, program, answer=lambda: False):
         """Until the program has ended. answer() presses a button of the question that comes during a run, and tells
