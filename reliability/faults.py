@@ -21,7 +21,7 @@ STEPS = [
     ("encode exits with 255, truncated", SINGLE, '[ $tool = ffmpeg ] && { echo x >"$output"; exit 255; }', ENCODE_ERROR),
     ("encode crashes", SINGLE, '[ $tool = ffmpeg ] && { echo x >"$output"; kill -SEGV $$; }', ENCODE_ERROR),
     ("encode writes no file", SINGLE, '[ $tool = ffmpeg ] && exit 0', ENCODE_ERROR),
-    ("encode ends well without a picture", SINGLE,
+    ("encode succeeds without frames", SINGLE,
      '[ $tool = ffmpeg ] && { "$real" "${@:1:$#-1}" -frames:v 0 -y "$output"; exit $?; }', ENCODE_ERROR),
     ("move fails", SINGLE, '[ $tool = ffmpeg ] && { "$real" "$@"; mkdir -p "{final}/x"; exit 0; }', ENCODE_ERROR),
     ("source gone before the encode", SINGLE, '[[ $* == *creation_time* ]] && rm "{source}"', ENCODE_ERROR),
@@ -118,6 +118,7 @@ def check_disk(place, kind, read_only, fault, status):
         if read_only:
             subprocess.run(["mount", "-o", "remount,ro", folder], check=True)
         run_three(place, folder, kind, fault, status, "acb", may_miss_line=True)
+        check(status or not check_manifest_lines(folder), "the disk was not full")
     finally:
         subprocess.run(["umount", "-l", folder], check=True)
 

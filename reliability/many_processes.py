@@ -88,7 +88,7 @@ def undisturbed(place):
     night.check_whole()
 
 
-def killed(place, delay):
+def killed(place, delay, in_time):
     """The whole session gets SIGTERM and, after a grace time, SIGKILL, as schedulers do."""
     night = Night(place)
     process = night.start()
@@ -99,16 +99,17 @@ def killed(place, delay):
     os.killpg(process.pid, signal.SIGKILL)
     process.wait()
     place.check_no_children()
+    in_time.append(len(list(night.proxies.glob("*_proxy.mp4"))) < len(NAMES))
     night.mend_broken()
     check(night.run("--resume-failed") == 0, "exit status of the second run")
     night.check_whole(may_miss=JOBS)  # each may have been killed between its proxy and its line
 
 
-def scheduled(place, number):
+def scheduled(in_time, place, number):
     if number % 4 == 0:
         undisturbed(place)
     else:
-        killed(place, number % 5 * 0.1)
+        killed(place, number % 5 * 0.1, in_time)
 
 
 PROCESSES = 8
@@ -169,17 +170,18 @@ class Share:
         return digests, sorted(line.rpartition(",")[0] for line in lines)
 
 
-def end_and_resume(process, start, folder, number, sent, after):
+def end_and_resume(process, start, folder, number, sent, after, in_time):
     """The signal comes when so many of the process's proxies are there."""
     while process.poll() is None and len(list(folder.glob(f"P{number}*_proxy.mp4"))) < after:
         time.sleep(0.01)
     process.send_signal(sent)
     process.communicate(timeout=PATIENCE)
     check(process.returncode in (0, 130 if sent == signal.SIGTERM else -sent), f"status {process.returncode} when ended")
+    in_time.append(process.returncode != 0)
     return start(number)
 
 
-def side_by_side(share, place, seed):
+def side_by_side(share, in_time, place, seed):
     """One folder, different clips: the same proxies and lines as of one process. One that was killed between a proxy and
     its line leaves the line out."""
     chance = random.Random(seed)
@@ -200,7 +202,7 @@ def side_by_side(share, place, seed):
         victim, sent = chance.randrange(PROCESSES), signal.SIGKILL if seed % 4 == 1 else signal.SIGTERM
         may_miss = int(sent == signal.SIGKILL)
         processes[victim] = end_and_resume(processes[victim], start, card / "marrowcut_proxies", victim, sent,
-                                           chance.randrange(CLIPS))
+                                           chance.randrange(CLIPS), in_time)
     for process in processes:
         output, errors = process.communicate(timeout=600)
         check((process.returncode, output + errors) == (0, b""), f"status {process.returncode}: {errors}")
@@ -216,11 +218,9 @@ def same_clips(place, seed):
     names = [f"{number}.mov" for number in range(CLIPS // 4 + 1)]
     card = place.clip_folder(dict.fromkeys(names, "short.mov"))
     calls = place.folder / "calls"
-    processes = []
-    for _ in range(2):
-        processes.append(place.start(*ENCODE, card, calls=calls))
-        time.sleep(random.Random(seed).uniform(0, 1))
-    for process in processes:
+    first = place.start(*ENCODE, card, calls=calls)
+    time.sleep(random.Random(seed).uniform(0, 1))
+    for process in (first, place.start(*ENCODE, card, calls=calls)):
         output, errors = process.communicate(timeout=600)
         others = [line for line in errors.splitlines() if not line.endswith(b"that is processing this clip")]
         check((process.returncode, output, others) == (0, b"", []), f"status {process.returncode}: {errors}")
@@ -233,12 +233,15 @@ def same_clips(place, seed):
 def main():
     rounds = argument("--rounds", 20)
     failures = []
+    in_time = []  # for each process that was to be ended, whether it still ran
     with Workplace() as place:
         share = Share(place)
         for number in range(rounds):
-            for attack in (scheduled, partial(side_by_side, share), same_clips):
-                name = getattr(attack, "__name__", "side_by_side")
+            for name, attack in [("scheduled", partial(scheduled, in_time)), ("same_clips", same_clips),
+                                 ("side_by_side", partial(side_by_side, share, in_time))]:
                 failures += attempt(f"{name}, round {number}", partial(in_a_workplace, attack, number))
+    if not any(in_time):
+        failures.append("no process was ended before its own end")
     report("many", 3 * rounds, failures)
 
 
