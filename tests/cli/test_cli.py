@@ -68,6 +68,9 @@ class CliTest(unittest.TestCase):
         """The place of its process, once the program has begun it."""
         return Path("/proc", wait_until(lambda: self.pid.exists() and self.pid.read_text(), "encoder", program))
 
+    def await_end(self, encoder):
+        wait_until(lambda: not (encoder / "exe").exists(), "the end of the encoder")
+
     # What it does
 
     def test_makes_proxies_and_says_where(self):
@@ -170,7 +173,7 @@ class CliTest(unittest.TestCase):
         self.assertEqual({key: summary[key] for key in ("clips", "done", "failed", "refused")},
                          {"clips": 3, "done": 2, "failed": 1, "refused": 2})
 
-    def test_wait_for_another_marrowcut_is_told(self):
+    def test_wait_for_another_marrowcut_is_reported(self):
         program = self.with_hanging_encoder()
         first = self.start_cli("a.mov", program=program)
         encoder = self.encoder(first)
@@ -181,7 +184,7 @@ class CliTest(unittest.TestCase):
                          b"marrowcut-cli: a.mov: waiting for another Marrowcut that is processing this clip\n")
         self.pid.unlink()
         first.kill()
-        wait_until(lambda: not (encoder / "exe").exists(), what="the end of the killed program's encoder")
+        self.await_end(encoder)
         self.assertEqual(self.events(second.stdout.readline())[1], [("status", "a.mov")])
         self.encoder(second)
         second.terminate()
@@ -309,7 +312,7 @@ class CliTest(unittest.TestCase):
         process.send_signal(number)
         output = process.communicate(timeout=PATIENCE)
         self.assertEqual(process.returncode, 130)
-        self.assertFalse(encoder.exists())
+        self.await_end(encoder)
         self.pid.unlink()
         return output
 

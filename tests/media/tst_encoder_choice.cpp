@@ -22,7 +22,7 @@ private Q_SLOTS:
               std::pair("when h264_nvenc\nwrite-output\nexit 1\nend\n" + secondWorks, "h264_qsv"),
               std::pair(secondWorks, "h264_qsv"), // the first writes no file
               std::pair(QByteArray("when ffprobe\nout 9\\n\nend\nwrite-output\n"),
-                        "libx264"), // one picture is missing
+                        "libx264"), // one frame is missing
               std::pair(QByteArray("exit 1\n"), "libx264")}) {
             m_script.set(script);
             QCOMPARE(EncoderChoice().resolve(anywhere(), QualityPreset::standard).name,
@@ -30,7 +30,7 @@ private Q_SLOTS:
         }
     }
 
-    void failureIsToldInTheToolsWords()
+    void failureIsTheToolsMessage()
     {
         const SystemValues system = anywhere();
         m_script.set("note @/call\nerr Cannot load libcuda.so.1\\n\nexit 1\n");

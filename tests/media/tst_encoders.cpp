@@ -30,7 +30,7 @@ private Q_SLOTS:
         const QByteArray noSpace = "err No space left on device\\n\n";
         for (const QByteArray &script :
              {"write-output\n" + noSpace + "exit 1\n",
-              "write-output\n" + noSpace + "err frame=    0 fps=0.0 time=N/A \\r\n", // no picture
+              "write-output\n" + noSpace + "err frame=    0 fps=0.0 time=N/A \\r\n", // no frame
               "write-torn\n" + noSpace}) {
             const EncodeResult result = singlePass(script);
             QVERIFY(!result.success);

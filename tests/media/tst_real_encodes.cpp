@@ -91,7 +91,7 @@ private Q_SLOTS:
 
     void soundBeyondTheLastPicture()
     {
-        // Two pieces of two seconds hold all pictures; a third has sound only.
+        // Two pieces of two seconds hold all frames; a third has sound only.
         const QString proxy = encode(u"late sound.mov"_s, 2, QualityPreset::tiny);
         QVERIFY(!proxy.isEmpty());
         QCOMPARE(ffprobe(u"-count_frames -select_streams v:0 -show_entries stream=duration,nb_read_frames"_s,
@@ -103,7 +103,8 @@ private Q_SLOTS:
     {
         const SystemValues system = currentSystemValues();
         QCOMPARE(encoderTestFailure(system, QualityPreset::tiny, std::chrono::minutes(5)), std::nullopt);
-        const auto failure = encoderTestFailure(system.with({.name = u"h264_no"_s}), QualityPreset::tiny);
+        const auto failure = encoderTestFailure(system.with({.name = u"h264_no"_s}), QualityPreset::tiny,
+                                                std::chrono::minutes(5));
         QVERIFY(failure && failure->contains(u"Unknown encoder 'h264_no'"_s));
     }
 
