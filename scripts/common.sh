@@ -44,14 +44,14 @@ require_packages() {
     } >&2
 }
 
-# build PRESET [TARGET...]: configures the first time, then builds what has changed, all of it or the targets. Shows
+# build PRESET [TARGET...]: configures when the presets are new, then builds what has changed, all of it or the targets. Shows
 # the progress on a terminal, in one line: Qt's tools would break it with warnings about a locale other than UTF-8.
 build() {
     local preset=$1 tree="$root/build/$1" options=(--quiet)
     local -x LC_ALL=C.UTF-8
     shift
     [ ! -t 2 ] || options=()
-    if [ ! -e "$tree/build.ninja" ]; then
+    if [ ! "$tree/build.ninja" -nt "$root/CMakePresets.json" ]; then
         (cd "$root" && cmake --preset "$preset" --log-level=NOTICE) >&2
     fi
     cmake --build "$tree" ${1+--target "$@"} -- "${options[@]}" >&2
