@@ -89,4 +89,3 @@ def is_showing(node):
         return node.get_state_set().contains(Atspi.StateType.SHOWING)
     except GLib.Error:
         return False
-
