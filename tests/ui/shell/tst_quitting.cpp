@@ -112,14 +112,17 @@ private Q_SLOTS:
     void askingAgainKeepsTheQuestion()
     {
         startRun();
-        m_window->close();
-        m_window->close(); // the rest of a double click
-        for (int repeat = 0; repeat < 3; ++repeat)
-            QTest::keyPress(m_window, Qt::Key_Q, Qt::ControlModifier); // held down
+        for (int close = 0; close < 3; ++close) { // the rest of a double click
+            m_window->close();
+            QVERIFY(m_app->isAskingToQuit());
+        }
+        for (int repeat = 0; repeat < 3; ++repeat) { // held down
+            QTest::keyPress(m_window, Qt::Key_Q, Qt::ControlModifier);
+            QVERIFY(m_app->isAskingToQuit());
+        }
         QTest::keyRelease(m_window, Qt::Key_Q, Qt::ControlModifier);
         QTRY_COMPARE(focusName(), u"keepRunningButton"_s);
         QVERIFY(m_window->isVisible());
-        QVERIFY(m_app->isAskingToQuit());
         QVERIFY(m_app->queue()->isRunning());
     }
 
@@ -147,6 +150,14 @@ private Q_SLOTS:
         QVERIFY(m_app->isAskingToQuit());
         endRun();
         QVERIFY(!m_app->isAskingToQuit());
+    }
+
+    void anOpenReportFollowsTheRun()
+    {
+        m_app->report()->open(m_window);
+        startRun();
+        endRun(); // the tool has written nothing
+        QTRY_VERIFY_WITH_TIMEOUT(m_app->report()->reportText().contains(u"- clip.mov\n"_s), 60000);
     }
 
     void sleepIsInhibitedDuringARunOnly()
