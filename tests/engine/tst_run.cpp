@@ -44,6 +44,19 @@ private Q_SLOTS:
         QCOMPARE(manifest().size(), 5); // appended, no second header
     }
 
+    void aRunTakesTheWholeQueue()
+    {
+        QVERIFY(QDir().mkpath(m_script->path(u"marrowcut_proxies"_s)));
+        for (int number = 0; number < 300; ++number) {
+            addClip(u"%1.mov"_s.arg(number));
+            m_script->touch(u"marrowcut_proxies/%1_proxy.mp4"_s.arg(number));
+        }
+        run("exit 1\n");
+        QVERIFY(std::ranges::all_of(m_engine->jobs(), [](const ProxyJob &job) {
+            return job.status == JobStatus::skipped() && job.progress == 1.0;
+        }));
+    }
+
     void failedEncodeKeepsItsProgress()
     {
         const QUuid id = addClip(u"a.mov"_s);
@@ -97,6 +110,10 @@ private Q_SLOTS:
         row("single pass", "60", "when h264_nvenc\n" + failing + works, {"h264_nvenc", "libx264"}, true);
         row("second piece", "100", "when h264_nvenc part_0001\n" + failing + works,
             {"h264_nvenc", "h264_nvenc", "libx264", "libx264"}, true);
+        row("named in quotes", "60",
+            "when h264_nvenc\n" + failed + "err Error while opening encoder 'h264_nvenc'\\n\nexit 1\n" +
+                works,
+            {"h264_nvenc", "libx264"}, true);
         row("both fail", "60", failing, {"h264_nvenc", "libx264"}, false);
         row("something else fails", "60", failed + "err a.mov: No space left on device\\n\nexit 1\n",
             {"h264_nvenc"}, false);
@@ -187,6 +204,11 @@ private Q_SLOTS:
         m_script->set(clipOf("60") + "wait-for @/go\nwrite-output\n");
         m_engine->start();
         QTRY_VERIFY_WITH_TIMEOUT(job(id).status.isEncoding(), 60000);
+        std::stop_source stopped; // who would have to wait is interrupted
+        stopped.request_stop();
+        QVERIFY_THROWS_EXCEPTION(Interrupted, ClipLock(
+                                                  m_script->path(u"marrowcut_proxies"_s), u"a_proxy.mp4"_s,
+                                                  [] {}, stopped.get_token()));
         m_script->touch(u"go"_s);
         while (!proxies().contains(u"a_proxy.mp4"_s)) // no event is processed meanwhile
             QThread::msleep(1);
@@ -206,6 +228,7 @@ private Q_SLOTS:
         m_script->set(clipOf("60") + "when a.mov\nnote @/call\nwait-for @/go\nend\nwrite-output\n");
         m_engine->start();
         m_engine->setQualityPreset(QualityPreset::tiny); // before the run's thread could look
+        QVERIFY(QualityPreset::saved(m_preferences) == QualityPreset::tiny);
         m_engine->toggleSelected(unticked);
         m_engine->toggleSelected(ticked);
         QTRY_VERIFY_WITH_TIMEOUT(job(first).status.isEncoding(), 60000);

@@ -92,6 +92,19 @@ private Q_SLOTS:
                  u"-y -loglevel warning -stats -hwaccel none -ss 180.0 -i /footage/A001.mxf -t 20.0 "
                  "-filter_complex [0:v:0]scale=720:-2[v] -map [v] -c:v libx264 -preset veryfast -b:v 1.2M "
                  "-maxrate 1.7M -bufsize 2.4M -pix_fmt yuv420p -movflags +faststart /p.mp4"_s);
+        EncodeJob drawn = exampleJob(0);
+        drawn.burnInEnabled = true;
+        for (const auto &[index, start] : {std::pair(0, u"00\\:00"_s),
+                                           {1, u"01\\:30"_s},
+                                           {2, u"03\\:00"_s},
+                                           {3, u"04\\:30"_s},
+                                           {4, u"06\\:00"_s},
+                                           {39, u"58\\:30"_s}}) {
+            const QString piece =
+                spaced(pieceArguments(drawn, linux, {index, 90.0 * index, 90.0}, u"/p.mp4"_s));
+            for (const QString &hour : {u"10"_s, u"00"_s})
+                QVERIFY2(piece.contains(u"timecode='%1\\:%2\\:00'"_s.arg(hour, start)), qPrintable(piece));
+        }
         QCOMPARE(spaced(joinArguments(u"/w/concat.txt"_s, u"10:00:00:00"_s, u"/j.mp4"_s)),
                  u"-y -loglevel warning -f concat -safe 0 -i /w/concat.txt -c copy -timecode 10:00:00:00 "
                  "/j.mp4"_s);
