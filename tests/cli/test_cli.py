@@ -95,7 +95,8 @@ class CliTest(unittest.TestCase):
         self.assertIn("a.mov: Already done", again.stdout.decode())
 
         shutil.rmtree(self.proxies)
-        quiet = self.run_cli("--quiet", "a.mov", "broken.mxf")
+        (self.folder / "notes.txt").touch()
+        quiet = self.run_cli("--quiet", "a.mov", "broken.mxf", "notes.txt")
         self.assertEqual((quiet.returncode, quiet.stdout), (1, b""))
         self.assertRegex(quiet.stderr.decode(), self.FAILURE)
 
@@ -172,6 +173,20 @@ class CliTest(unittest.TestCase):
                          done["manifest"] + "\n" + failed["manifest"] + "\n")
         self.assertEqual({key: summary[key] for key in ("clips", "done", "failed", "refused")},
                          {"clips": 3, "done": 2, "failed": 1, "refused": 2})
+
+    def test_json_progress_without_a_speed(self):
+        for name in ("a.mov", "b.mov"):
+            (self.folder / name).touch()
+        program = self.with_stand_ins("when format=duration\nout 50\\n\nend\n" + PROBED +
+                                      "err frame=1 time=00:00:10.00 speed=N/A\\r\n"
+                                      f"wait-for {self.folder}/never\n")
+        process = self.start_cli("--json", ".", program=program)
+        event = {}
+        while not event.get("progress"):
+            event = json.loads(process.stdout.readline())
+        self.assertEqual((event["progress"], event["overall"], event["remainingSeconds"]), (0.2, 0.1, None))
+        process.terminate()
+        process.communicate(timeout=PATIENCE)
 
     def test_wait_for_another_marrowcut_is_reported(self):
         program = self.with_hanging_encoder()
@@ -329,6 +344,14 @@ class CliTest(unittest.TestCase):
                 if arguments:
                     self.assertEqual(self.events(output)[1], [("interrupted", "")])
                 self.assertEqual(os.listdir(self.proxies), [".tmp_a_proxy.mp4"])
+
+    def test_hang_up_stays_ignored(self):
+        process = self.start_cli("a.mov", program=self.with_hanging_encoder(),
+                                 preexec_fn=lambda: signal.signal(signal.SIGHUP, signal.SIG_IGN))
+        self.encoder(process)
+        ignored = re.search(r"SigIgn:\t(\w+)", Path("/proc", str(process.pid), "status").read_text())[1]
+        self.assertTrue(int(ignored, 16) & 1 << signal.SIGHUP - 1)
+        self.interrupt(process, signal.SIGTERM)
 
     def test_notification(self):
         (self.folder / "broken.mov").write_bytes(b"\0nothing")
