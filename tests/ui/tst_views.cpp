@@ -48,6 +48,12 @@ public:
         data->setUrls(urls);
         QGuiApplication::clipboard()->setMimeData(data);
     }
+    /// As while it is held down.
+    Q_INVOKABLE void repeatKey(int key)
+    {
+        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, QString(), true);
+        QCoreApplication::sendEvent(QGuiApplication::focusWindow(), &event);
+    }
     /// -1: the desktop's own.
     Q_INVOKABLE void setDoubleClickTime(int milliseconds)
     {
