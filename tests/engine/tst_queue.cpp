@@ -57,17 +57,6 @@ private Q_SLOTS:
         QCOMPARE(names(), (QStringList{u"b.mov"_s, u"a.mov"_s}));
         m_engine->toggleSelected(m_engine->jobs().first().id); // found where it is now
         QVERIFY(!m_engine->jobs().first().isSelected && m_engine->jobs().last().isSelected);
-
-        // Also after most of the list is gone.
-        QList<QUrl> more;
-        for (int number = 0; number < 100; ++number)
-            more.append(clip(u"%1.mov"_s.arg(number)));
-        m_engine->enqueue(more.mid(0, 99));
-        while (m_engine->jobs().size() > 1)
-            m_engine->removeFromQueue(m_engine->jobs().first().id);
-        m_engine->enqueue(more.mid(98));
-        m_engine->enqueue(more.mid(98));
-        QCOMPARE(names(), (QStringList{u"98.mov"_s, u"99.mov"_s}));
     }
 
     void announcesEachEditBeforeItIsApplied()

@@ -51,10 +51,16 @@ private Q_SLOTS:
             addClip(u"%1.mov"_s.arg(number));
             m_script->touch(u"marrowcut_proxies/%1_proxy.mp4"_s.arg(number));
         }
+        addClip(u"kept.mov"_s);
+        m_engine->toggleSelected(m_engine->jobs().last().id);
         run("exit 1\n");
-        QVERIFY(std::ranges::all_of(m_engine->jobs(), [](const ProxyJob &job) {
-            return job.status == JobStatus::skipped() && job.progress == 1.0;
-        }));
+        QCOMPARE(std::ranges::count(m_engine->jobs(), JobStatus::skipped(), &ProxyJob::status), 300);
+
+        // Each clip is still in the list once when most of it has been cleared.
+        m_engine->clearCompleted();
+        for (const QString &name : {u"new.mov"_s, u"new.mov"_s, u"kept.mov"_s})
+            addClip(name);
+        QCOMPARE(m_engine->jobs().size(), 2);
     }
 
     void failedEncodeKeepsItsProgress()

@@ -50,9 +50,9 @@ WindowCase {
         keyClick(Qt.Key_Down);
         tryVerify(() => row(1).visualFocus && list.isInView(1));
         keyClick(Qt.Key_Delete);
+        tryVerify(() => row(1).visualFocus && row(1).name === "2.mxf");
         TestDesktop.repeatKey(Qt.Key_Delete);
         compare(queue.jobCount, 59);
-        tryVerify(() => row(1).visualFocus && row(1).name === "2.mxf");
         piece(1, "removeButton").forceActiveFocus(Qt.TabFocusReason);
         keyClick(Qt.Key_Space);
         tryVerify(() => row(1).name === "3.mxf" && piece(1, "removeButton").visualFocus);
