@@ -44,7 +44,9 @@ class CliTest(unittest.TestCase):
 
     def start_cli(self, *arguments, program=(PROGRAM,), **keywords):
         keywords = {"stdout": subprocess.PIPE, "stderr": subprocess.PIPE, "env": self.environment, **keywords}
-        return subprocess.Popen([*program, *arguments], cwd=self.folder, **keywords)
+        process = subprocess.Popen([*program, *arguments], cwd=self.folder, **keywords)
+        self.addCleanup(process.kill)
+        return process
 
     def with_stand_ins(self, script, tools=("ffmpeg", "ffprobe")):
         """The command of a copy of the program whose tools follow a script."""
