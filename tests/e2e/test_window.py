@@ -48,25 +48,32 @@ class WindowTest(unittest.TestCase):
         return self.desktop.run("xdotool", *map(str, arguments))
 
     def drag_onto_window(self, path, *names):
-        """With the mouse and Shift, which asks to move, from a window of another process to the middle of ours, which
-        then lists the names."""
+        """With the mouse, from a window of another process to the middle of ours, which then lists the names. Not while
+        Shift is held: the source offers nothing but to move then, and may delete what was moved."""
         source = self.desktop.start(["/usr/bin/python3", SUPPORT / "drag_source.py", path])
         other = self.desktop.wait_for_window("drag source", source)
         self.xdotool("windowmove", "--sync", other, 20, 20)
         self.xdotool("windowmove", "--sync", self.window, 500, 200)
         self.xdotool("windowraise", other)
-        self.xdotool("mousemove", "--sync", "--window", other, 75, 50, "keydown", "shift", "mousedown", 1)
-        for x, y in [(90, 60), (120, 80), (140, 90)]:
-            self.xdotool("mousemove", "--sync", "--window", other, x, y)
-        plain = self.edge_colour()
-        wait_until(lambda: self.move_over_window() and self.edge_colour() != plain, "highlight", self.program)
+        self.begin_drag(other, "keydown", "shift")
+        self.move_over_window()
         self.xdotool("mouseup", 1, "keyup", "shift")
+        refused = wait_until(lambda: printed_by(source), "end of the drag", source)
+        self.assertEqual(refused, "dropped: []\n")
+        plain = self.edge_colour()
+        self.begin_drag(other)
+        wait_until(lambda: self.move_over_window() and self.edge_colour() != plain, "highlight", self.program)
+        self.xdotool("mouseup", 1)
         wait_until(lambda: self.edge_colour() == plain, "end of the highlight", self.program)
         for name in names:
             self.row(f"{name}, Queued")
-        wait_until(lambda: "ended" in printed_by(source), "end of the drag", source)
-        self.assertNotIn("moved", printed_by(source))  # it would delete the files
+        wait_until(lambda: printed_by(source) == refused + "dropped: ['copy']\n", "copy", source)
         self.desktop.end(source)
+
+    def begin_drag(self, other, *keys):
+        self.xdotool("mousemove", "--sync", "--window", other, 75, 50, *keys, "mousedown", 1)
+        for x, y in [(90, 60), (120, 80), (140, 90)]:
+            self.xdotool("mousemove", "--sync", "--window", other, x, y)
 
     def move_over_window(self):
         """A source tells its target of a drag only as the pointer moves."""

@@ -7,11 +7,21 @@ DropArea {
     id: root
 
     required property QueueViewModel queue
-    readonly property bool isTargeted: containsDrag
+    readonly property bool isTargeted: containsDrag && takesDrag
+    property bool takesDrag: false
 
-    // Always a copy: a source that offers to move must not delete its files.
-    onEntered: drag => root.queue.acceptsDrop(drag.urls) ? drag.accept(Qt.CopyAction) : (drag.accepted = false)
-    onPositionChanged: drag => drag.accept(Qt.CopyAction)
+    // Always a copy: a source whose files were moved may delete them. Where it offers nothing but to move (the user holds
+    // Shift), Qt would reply so whatever is accepted.
+    function reply(drag: DragEvent, isWanted: bool) {
+        takesDrag = isWanted && (drag.supportedActions & Qt.CopyAction) !== 0;
+        if (takesDrag)
+            drag.accept(Qt.CopyAction);
+        else
+            drag.accepted = false;
+    }
+
+    onEntered: drag => reply(drag, root.queue.acceptsDrop(drag.urls))
+    onPositionChanged: drag => reply(drag, true)
     onDropped: drop => {
         drop.accept(Qt.CopyAction);
         root.queue.handleDrop(drop.urls);
