@@ -58,11 +58,6 @@ DISKS = [
     ("read-only folder", SINGLE, True, "", ENCODE_ERROR),
 ]
 
-# The replies about the sound clips, which are all alike, are kept from the first time: most of the time goes to them.
-KEEP = ('[[ $tool == ffprobe && $output == */sound/* ]] && {{ kept="{}/${{*%"$output"}}"; [ -f "$kept" ] || '
-        '{{ "$real" "$@" >"$kept.$$" && mv "$kept.$$" "$kept"; }}; exec cat "$kept"; }}; ')
-
-
 def break_tool(place, name):
     """Makes the tools unusable for the last clip, at the end of the one before."""
     tool = "ffprobe" if "probe" in name else "ffmpeg"
@@ -83,7 +78,6 @@ def run_three(place, folder, kind, fault, status, order, may_miss_line=False):
     fault = fault.replace("{source}", os.fspath(source)).replace("{final}", f"{folder}/marrowcut_proxies/c_proxy.mp4")
     if order == "acb":  # what is broken for the last clip is broken earlier on, everything else at its own calls
         fault = f'if [[ "$*" == *"{folder}"* ]]; then {fault or "true"}; fi'
-    fault = KEEP.format(place.clips[SINGLE].parent) + fault
     clips = {"a": sound / "a.mov", "b": sound / "b.mov", "c": source}
     code, output = place.run("--quality", "tiny", *(clips[name] for name in order), fault=fault)
 

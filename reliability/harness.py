@@ -19,11 +19,20 @@ WINDOW_PROGRAM = PROGRAM.with_name("marrowcut")  # may be missing
 HEADER = ("source_filename,proxy_filename,source_timecode,frame_rate,duration_seconds,audio_channels,file_date,"
           "status,processed_at")
 
-# Runs before the real tool; FAULT is a piece of shell that may look at $tool, $* and $output.
+# Runs before the real tool; FAULT is a piece of shell that may look at $tool, $* and $output. What ffprobe replies about
+# a copy of one of our clips is kept from the first time: most of the time would go to its starts.
 WRAPPER = """#!/bin/bash
 tool={tool}; real={real}; output="${{@: -1}}"
 [ -n "$CALLS" ] && printf '%s\\0' "$tool" "$@" END >>"$CALLS"
 eval "$FAULT"
+if [ $tool = ffprobe ]; then
+    for clip in {clips}/*.mov; do
+        cmp -s -- "$output" "$clip" || continue
+        kept="$clip ${{*%"$output"}}"
+        [ -f "$kept" ] || {{ "$real" "$@" >"$kept.$$" && mv "$kept.$$" "$kept" || exit; }}
+        exec cat "$kept"
+    done
+fi
 exec "$real" "$@"
 """
 
@@ -60,13 +69,13 @@ class Workplace:
         self.tools.mkdir(parents=True)
         (self.folder / "installed/bin").mkdir()
         self.program = Path(shutil.copy(program, self.folder / "installed/bin"))
+        self.clips = clips()
         for tool in ("ffmpeg", "ffprobe"):
             wrapper = self.tools / tool
-            wrapper.write_text(WRAPPER.format(tool=tool, real=shutil.which(tool)))
+            wrapper.write_text(WRAPPER.format(tool=tool, real=shutil.which(tool), clips=self.clips["short.mov"].parent))
             wrapper.chmod(0o755)
         self.environment = dict(os.environ, MARROWCUT_MARK=self.folder.name, CALLS="", FAULT="",
                                 XDG_CONFIG_HOME=os.fspath(self.folder / "config"))
-        self.clips = clips()
         self.frames = {}  # of further clips, by their size
 
     def __enter__(self):

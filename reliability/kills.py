@@ -10,7 +10,7 @@ from functools import partial
 from pathlib import Path
 
 from harness import (SIGNALS, WINDOW_PROGRAM, Workplace, argument, attempt, attempt_all, check, check_manifest_lines,
-                     clips, report)
+                     report)
 
 sys.path.insert(0, os.fspath(Path(__file__).parent.parent / "tests/support"))
 from desktop import PATIENCE, Desktop  # noqa: E402
@@ -77,7 +77,7 @@ def end_at(end, ended_early, name, moment):
 def main():
     moments = argument("--moments", 50)
     names = [*SIGNALS, CLOSED] if WINDOW_PROGRAM.exists() else list(SIGNALS)
-    clips()
+    whole_run(None)  # from now on ffprobe's replies are kept
     with ThreadPoolExecutor(os.cpu_count()) as pool:  # as many at once as when they are ended
         duration = max(pool.map(whole_run, range(os.cpu_count())))
     ended_early = set()
