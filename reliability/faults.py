@@ -1,5 +1,5 @@
-"""Every step of a run fails once, in a run of three clips: the run ends, the other clips are done, nothing stands under
-a final name unless it is whole, the manifest holds whole lines, the status says what happened, no child is left."""
+"""Every step of a run fails once, for one of two clips: the run ends, the other clip is done, nothing stands under a
+final name unless it is whole, the manifest holds whole lines, the status says what happened, no child is left."""
 
 import os
 import shutil
@@ -59,10 +59,10 @@ DISKS = [
 ]
 
 def break_tool(place, name):
-    """Makes the tools unusable for the last clip, at the end of the one before."""
+    """Makes the tools unusable for the second clip, at the end of the first."""
     tool = "ffprobe" if "probe" in name else "ffmpeg"
     replace = f'mkdir "{place.tools}/{tool}"' if "folder" in name else "true"
-    return f'[[ $tool == ffmpeg && $* == */b.mov* ]] && {{ mv "{place.tools}/{tool}" "{place.tools}/away"; {replace}; }}'
+    return f'[[ $tool == ffmpeg && $* == */sound.mov* ]] && {{ mv "{place.tools}/{tool}" "{place.tools}/away"; {replace}; }}'
 
 
 def check_manifest(folder, outcomes, may_miss_line=False):
@@ -71,21 +71,21 @@ def check_manifest(folder, outcomes, may_miss_line=False):
     check(found == outcomes or (may_miss_line and not found), f"manifest: {found}")
 
 
-def run_three(place, folder, kind, fault, status, order, may_miss_line=False):
-    """a and b are sound, c meets the fault in a folder of its own."""
-    sound = place.clip_folder({"a.mov": SINGLE, "b.mov": SINGLE}, "sound")
+def run_both(place, folder, kind, fault, status, sound_first=False, may_miss_line=False):
+    """One clip is sound, the other one, c, meets the fault in a folder of its own."""
+    sound = place.clip_folder({"sound.mov": SINGLE}, "sound")
     source = folder / "c.mov"
     fault = fault.replace("{source}", os.fspath(source)).replace("{final}", f"{folder}/marrowcut_proxies/c_proxy.mp4")
-    if order == "acb":  # what is broken for the last clip is broken earlier on, everything else at its own calls
+    if not sound_first:  # what is broken for the second clip is broken earlier on, everything else at its own calls
         fault = f'if [[ "$*" == *"{folder}"* ]]; then {fault or "true"}; fi'
-    clips = {"a": sound / "a.mov", "b": sound / "b.mov", "c": source}
-    code, output = place.run("--quality", "tiny", *(clips[name] for name in order), fault=fault)
+    clips = [source, sound / "sound.mov"]
+    code, output = place.run("--quality", "tiny", *(reversed(clips) if sound_first else clips), fault=fault)
 
     expected = "Done" if status is None else f"Failed: {status}"
     check(f"c.mov: {expected}\n" in output, f"status is not {expected!r}: {output}")
     check(code == (0 if status is None else 1), f"exit status {code}")
-    place.judge(sound, {"a.mov": 10, "b.mov": 10})
-    check_manifest(sound, {"a.mov": "done", "b.mov": "done"})
+    place.judge(sound, {"sound.mov": 10})
+    check_manifest(sound, {"sound.mov": "done"})
     outcome = {METADATA: "failed: metadata", ENCODE_ERROR: "failed: encode error", None: "done"}[status]
     check_manifest(folder, {"c.mov": outcome}, may_miss_line)
     place.judge(folder, {} if status else {"c.mov": 10 if kind == SINGLE else 91})
@@ -93,14 +93,16 @@ def run_three(place, folder, kind, fault, status, order, may_miss_line=False):
 
 def check_step(place, name, kind, fault, status):
     folder = place.clip_folder({"c.mov": kind}, "faulty")
-    order = "acb" if fault is not None else "abc"
-    run_three(place, folder, kind, fault if fault is not None else break_tool(place, name), status, order)
+    if fault is None:
+        run_both(place, folder, kind, break_tool(place, name), status, sound_first=True)
+    else:
+        run_both(place, folder, kind, fault, status)
 
 
 def check_no_folder(place):
     folder = place.clip_folder({"c.mov": SINGLE}, "faulty")
     (folder / "marrowcut_proxies").write_text("a file in its place")
-    run_three(place, folder, SINGLE, "", ENCODE_ERROR, "acb", may_miss_line=True)
+    run_both(place, folder, SINGLE, "", ENCODE_ERROR, may_miss_line=True)
     check((folder / "marrowcut_proxies").read_text() == "a file in its place", "the user's file")
 
 
@@ -111,7 +113,7 @@ def check_disk(place, kind, read_only, fault, status):
         shutil.copy(place.clips[kind], folder / "c.mov")
         if read_only:
             subprocess.run(["mount", "-o", "remount,ro", folder], check=True)
-        run_three(place, folder, kind, fault, status, "acb", may_miss_line=True)
+        run_both(place, folder, kind, fault, status, may_miss_line=True)
         check(status or not check_manifest_lines(folder), "the disk was not full")
     finally:
         subprocess.run(["umount", "-l", folder], check=True)
