@@ -3,6 +3,7 @@ a judgement of everything that a run leaves behind."""
 
 import atexit
 import functools
+import hashlib
 import os
 import re
 import shutil
@@ -168,7 +169,22 @@ def check_manifest_lines(folder):
     return found
 
 
+@functools.cache
+def known_frame_counts():
+    """Of the proxies judged so far, by their bytes' digest: most are alike."""
+    return {}
+
+
 def frame_count(path):
+    with open(path, "rb") as file:
+        digest = hashlib.sha256(file.read()).digest()
+    known = known_frame_counts()
+    if digest not in known:
+        known[digest] = counted_frames(path)
+    return known[digest]
+
+
+def counted_frames(path):
     result = subprocess.run(["ffprobe", "-v", "error", "-count_frames", "-select_streams", "v:0", "-show_entries",
                              "stream=nb_read_frames", "-of", "csv=p=0", path], stdout=subprocess.PIPE)
     return int(result.stdout) if result.returncode == 0 and result.stdout.strip().isdigit() else -1
