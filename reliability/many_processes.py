@@ -123,11 +123,12 @@ kept="{kept}/${{source%%C*}} ${{query%"$clip"}}"
 exec cat "$kept"
 """
 
-
-def on_processor(number):
-    """Only one, so that the encoder takes one thread: with more, its output differs from time to time."""
-    processors = sorted(os.sched_getaffinity(0))
-    return {"preexec_fn": lambda: os.sched_setaffinity(0, {processors[number % len(processors)]})}
+# In ffmpeg's place: the proxy that it made for one process, in two steps between which a kill can come.
+KEPT_PROXIES = """#!/bin/sh
+for output; do :; done
+kept="{kept}/${{output##*/.tmp_}}"
+head -c 1000 "$kept" >"$output"; sleep 0.05; tail -c +1001 "$kept" >>"$output"
+"""
 
 
 class Share:
@@ -143,7 +144,7 @@ class Share:
             for clip in others:
                 os.link(first, clip)
         self.keep_replies(place)
-        status, output = place.run(*ENCODE, *sorted(self.card.iterdir()), limit=1200, **on_processor(0))
+        status, output = place.run(*ENCODE, *sorted(self.card.iterdir()), limit=1200)
         check(status == 0, output)
         for process in range(PROCESSES):
             proxy = self.card / f"marrowcut_proxies/P{process}C000_proxy.mp4"
@@ -154,10 +155,11 @@ class Share:
     def names(self, process):
         return [f"P{process}C{number:03}.mov" for number in range(CLIPS)]
 
+    def keep_proxies(self, place):
+        (place.tools / "ffmpeg").write_text(KEPT_PROXIES.format(kept=self.card / "marrowcut_proxies"))
+
     def keep_replies(self, place):
         (place.tools / "ffprobe").write_text(KEPT_REPLIES.format(kept=self.kept, real=shutil.which("ffprobe")))
-        (place.tools / "ffmpeg").unlink()
-        (place.tools / "ffmpeg").symlink_to(shutil.which("ffmpeg"))
 
     def made(self, card):
         """Proxy -> its bytes' digest; the manifest's lines but for the time at their end."""
@@ -182,16 +184,17 @@ def end_and_resume(process, start, folder, number, sent, after, in_time):
 
 
 def side_by_side(share, in_time, place, seed):
-    """One folder, different clips: the same proxies and lines as of one process. One that was killed between a proxy and
-    its line leaves the line out."""
+    """One folder, different clips: the same proxies and lines as of one process, which alone encoded them. One that was
+    killed between a proxy and its line leaves the line out."""
     chance = random.Random(seed)
     card = place.clip_folder({})
     share.keep_replies(place)
+    share.keep_proxies(place)
     for clip in share.card.glob("*.mov"):
         os.link(clip, card / clip.name)
 
     def start(number):
-        return place.start(*ENCODE, *(card / name for name in share.names(number)), **on_processor(number))
+        return place.start(*ENCODE, *(card / name for name in share.names(number)))
 
     processes = []
     for number in range(PROCESSES):
