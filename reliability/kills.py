@@ -3,6 +3,7 @@ nothing unfinished stands under a final name, and the next run finishes everythi
 
 import itertools
 import os
+import signal
 import sys
 import time
 from concurrent.futures import ThreadPoolExecutor
@@ -76,6 +77,8 @@ def end_at(end, ended_early, name, moment):
 
 def main():
     moments = argument("--moments", 50)
+    for name in ("SIGINT", "SIGHUP"):  # ignored where this was started in the background or with nohup
+        signal.signal(SIGNALS[name], signal.SIG_DFL)
     names = [*SIGNALS, CLOSED] if WINDOW_PROGRAM.exists() else list(SIGNALS)
     whole_run(None)  # from now on ffprobe's replies are kept
     with ThreadPoolExecutor(os.cpu_count()) as pool:  # as many at once as when they are ended
