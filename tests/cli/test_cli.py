@@ -22,14 +22,14 @@ from desktop import PATIENCE, Desktop, make_clip, wait_until  # noqa: E402
 
 PROGRAM, STAND_IN = sys.argv[1:3]
 SCHEMA = json.loads((Path(__file__).parents[2] / "docs/json-events.schema.json").read_text())
-del sys.argv[1:]
+del sys.argv[1:3]  # the classes to run are left
 
 
 # What a stand-in for ffprobe replies of a clip; the encoder's part of the script follows.
 PROBED = "when avg_frame_rate\nout 25/1\\n\nend\nwhen ffprobe\nexit 0\nend\n"
 
 
-class CliTest(unittest.TestCase):
+class CliCase(unittest.TestCase):
     FAILURE = r"^broken\.mxf: Failed: could not read metadata\n(    .*\n)+    What to do: .*clip.*\n$"
 
     def setUp(self):
@@ -73,8 +73,19 @@ class CliTest(unittest.TestCase):
     def await_end(self, encoder):
         wait_until(lambda: not (encoder / "exe").exists(), "the end of the encoder")
 
-    # What it does
+    @staticmethod
+    def events(output):
+        """All of them, and what happened to which clip; each as the schema has it, without a field more."""
+        events = [json.loads(line) for line in output.decode().splitlines()]
+        for event in events:
+            jsonschema.validate(event, SCHEMA)
+            for fields, what in ((event.keys() - {"v", "event"}, event["event"]), ((event.get("probe") or {}).keys(), "probe")):
+                assert fields <= SCHEMA["$defs"][what]["properties"].keys(), event
+        return events, [(event["event"], os.path.basename(event.get("clip", event.get("item", ""))))
+                        for event in events if event["event"] != "progress"]
 
+
+class Proxies(CliCase):
     def test_makes_proxies_and_says_where(self):
         make_clip(self.folder / "a.mov")
         make_clip(self.folder / "it's 100%.mp4")
@@ -126,19 +137,8 @@ class CliTest(unittest.TestCase):
             closing = [line for line in self.run_cli(folder).stdout.decode().splitlines() if "→" in line]
             self.assertEqual(closing, ["broken.mxf → no proxy (could not read metadata)"], count)
 
-    # For programs
 
-    @staticmethod
-    def events(output):
-        """All of them, and what happened to which clip; each as the schema has it, without a field more."""
-        events = [json.loads(line) for line in output.decode().splitlines()]
-        for event in events:
-            jsonschema.validate(event, SCHEMA)
-            for fields, what in ((event.keys() - {"v", "event"}, event["event"]), ((event.get("probe") or {}).keys(), "probe")):
-                assert fields <= SCHEMA["$defs"][what]["properties"].keys(), event
-        return events, [(event["event"], os.path.basename(event.get("clip", event.get("item", ""))))
-                        for event in events if event["event"] != "progress"]
-
+class ForPrograms(CliCase):
     def test_json_tells_every_event(self):
         make_clip(self.folder / "a,\n\".mxf", options=["-c:v", "mpeg2video", "-timecode", "10:11:12:13"])
         make_clip(self.folder / "b.mov")
@@ -222,8 +222,8 @@ class CliTest(unittest.TestCase):
                 self.assertEqual(order[0], ("refused", "bad\\xFF.mov"))
                 self.assertEqual(sorted(name for event, name in order if event == "queued"), sorted(names))
 
-    # What it says no to
 
+class Refusals(CliCase):
     def test_wrong_usage_and_nothing_to_do(self):
         (self.folder / "notes.txt").touch()
         (self.folder / "empty").mkdir()
@@ -321,8 +321,8 @@ class CliTest(unittest.TestCase):
         self.assertEqual(run("--encoder", "h264_nvenc", "a.mov")[0], 0)
         self.assertEqual(os.listdir(self.proxies).count("a_proxy.mp4"), 1)
 
-    # How it ends
 
+class Endings(CliCase):
     def interrupt(self, process, number):
         """What it prints; it has to take the encoder along."""
         encoder = self.encoder(process)
@@ -390,8 +390,8 @@ class CliTest(unittest.TestCase):
                 self.assertIn(b"cannot start another thread", result.stderr)
         self.assertFalse(self.proxies.exists())
 
-    # On a terminal
 
+class Terminal(CliCase):
     def on_terminal(self, program, typed=b"", columns=80, shown=None, then=None):
         """Exit status and what is shown. Once it matches an expression, something may be done."""
         terminal, other_end = pty.openpty()
