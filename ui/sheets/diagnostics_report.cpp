@@ -15,7 +15,7 @@ namespace marrowcut
 using namespace std::chrono_literals;
 
 DiagnosticsReport::DiagnosticsReport(JobsProvider jobs, QObject *parent)
-    : DiagnosticsReport(std::move(jobs), media::FFmpegLocator::ffmpegPath(), 5s, parent)
+    : DiagnosticsReport(std::move(jobs), media::FFmpegLocator::ffmpegPath(), 30s, parent)
 {
 }
 
