@@ -23,7 +23,7 @@ from harness import HEADER, Workplace, argument, attempt, check, check_manifest_
 sys.path.insert(0, os.fspath(Path(__file__).parent.parent / "tests/support"))
 from desktop import PATIENCE, wait_until  # noqa: E402
 
-CLIPS = argument("--clips", 50)
+CLIPS = argument("--clips", 24)
 NAMES = [f"A001C{number:03}.MXF" for number in range(min(CLIPS, 12))]
 NAMES += ["it's 100%.mov", "two\nlines.mov", "-dash.mp4", "\\$HOME `x`.mov"]
 BROKEN = "broken.mov"
