@@ -18,7 +18,7 @@ import time
 from functools import partial
 from pathlib import Path
 
-from harness import HEADER, Workplace, argument, attempt, check, check_manifest_lines, frame_count, in_a_workplace, report
+from harness import HEADER, Workplace, argument, attempt_all, check, check_manifest_lines, frame_count, in_a_workplace, report
 
 sys.path.insert(0, os.fspath(Path(__file__).parent.parent / "tests/support"))
 from desktop import PATIENCE, wait_until  # noqa: E402
@@ -235,14 +235,13 @@ def same_clips(place, seed):
 
 def main():
     rounds = argument("--rounds", 20)
-    failures = []
     in_time = []  # for each process that was to be ended, whether it still ran
     with Workplace() as place:
         share = Share(place)
-        for number in range(rounds):
-            for name, attack in [("scheduled", partial(scheduled, in_time)), ("same_clips", same_clips),
-                                 ("side_by_side", partial(side_by_side, share, in_time))]:
-                failures += attempt(f"{name}, round {number}", partial(in_a_workplace, attack, number))
+        attacks = [("scheduled", partial(scheduled, in_time)), ("same_clips", same_clips),
+                   ("side_by_side", partial(side_by_side, share, in_time))]
+        failures = attempt_all([(f"{name}, round {number}", partial(in_a_workplace, attack, number))
+                                for number in range(rounds) for name, attack in attacks])
     if not any(in_time):
         failures.append("no process was ended before its own end")
     report("many", 3 * rounds, failures)
