@@ -14,8 +14,16 @@ namespace marrowcut
 
 using namespace std::chrono_literals;
 
+namespace
+{
+
+// Beside encodes on a busy machine, ffmpeg took more than five seconds to start.
+constexpr auto versionLimit = 30s;
+
+} // namespace
+
 DiagnosticsReport::DiagnosticsReport(JobsProvider jobs, QObject *parent)
-    : DiagnosticsReport(std::move(jobs), media::FFmpegLocator::ffmpegPath(), 30s, parent)
+    : DiagnosticsReport(std::move(jobs), media::FFmpegLocator::ffmpegPath(), versionLimit, parent)
 {
 }
 

@@ -79,7 +79,7 @@ private Q_SLOTS:
         QCOMPARE(report.reportText(), copied);
 
         report.copyToClipboard();
-        QTRY_VERIFY(QGuiApplication::clipboard()->text().contains(u"- b.mxf"_s));
+        QTRY_VERIFY_WITH_TIMEOUT(QGuiApplication::clipboard()->text().contains(u"- b.mxf"_s), 60000);
         QVERIFY(QGuiApplication::clipboard()->text().section(u'\n', 6, 6) != copied.section(u'\n', 6, 6));
     }
 
@@ -98,7 +98,7 @@ private Q_SLOTS:
         report.open(&second);
         QGuiApplication::clipboard()->clear();
         answer();
-        QTRY_VERIFY(QGuiApplication::clipboard()->text().endsWith(failedSection(u"a.mxf"_s)));
+        QTRY_VERIFY_WITH_TIMEOUT(QGuiApplication::clipboard()->text().endsWith(failedSection(u"a.mxf"_s)), 60000);
         QTRY_VERIFY_WITH_TIMEOUT(report.reportText().contains(u"\nffmpeg: run "_s), 60000);
         QVERIFY(report.reportText().endsWith(u"No failed files this session."_s));
         QVERIFY(!report.copied());
