@@ -52,7 +52,12 @@ class Night:
                 stderr=subprocess.DEVNULL, start_new_session=True)
 
     def run(self, *options):
-        return self.start(*options).wait(timeout=300)
+        process = self.start(*options)
+        try:
+            return process.wait(timeout=PATIENCE)
+        except subprocess.TimeoutExpired:
+            os.killpg(process.pid, signal.SIGKILL)
+            raise
 
     def results(self):
         """Clip -> how often it was done and failed."""
