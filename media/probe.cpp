@@ -91,9 +91,9 @@ std::optional<ProbedMetadata> metadataFrom(const ProbeResults &results)
     meta.rate = results.frameRate;
     meta.audioCount = countFilledLines(results.audioStreams);
     meta.duration = decimalNumber(results.duration).value_or(0);
-    const QString date = textOr(results.modificationDate, results.creationDate);
-    meta.hasFileDate = !date.isEmpty();
-    meta.fileDate = meta.hasFileDate ? readableDate(date) : QStringLiteral("unavailable");
+    const QString date = readableDate(textOr(results.modificationDate, results.creationDate));
+    meta.hasFileDate = !date.trimmed().isEmpty(); // a tag of "T.0Z" leaves nothing to read
+    meta.fileDate = meta.hasFileDate ? date : QStringLiteral("unavailable");
     if (meta.rate.isEmpty())
         return std::nullopt;
     return meta;

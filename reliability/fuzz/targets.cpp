@@ -103,7 +103,7 @@ void probeAnswers(QByteArrayView bytes)
     const auto meta = metadataFrom({values[0], values[1], outputs[2], values[3], values[4], values[5]});
     if (!meta)
         return;
-    require(!meta->tc.isEmpty() && !meta->rate.isEmpty() && !meta->fileDate.isEmpty());
+    require(!meta->tc.isEmpty() && !meta->rate.isEmpty() && !meta->fileDate.trimmed().isEmpty());
     require(meta->audioCount >= 0 && std::isfinite(meta->duration));
     require(decimalNumber(decimalText(meta->duration)) == meta->duration);
 }

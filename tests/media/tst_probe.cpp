@@ -41,6 +41,12 @@ private Q_SLOTS:
         QCOMPARE(meta->duration, 0.0);
         QCOMPARE(meta->fileDate, u"2024-03-05 14:22:10Z"_s);
         QCOMPARE(m_script.contents(u"fewer"_s).count("/c.mov"), 5);
+
+        for (const QString &date : {u".7Z"_s, u"T.0Z"_s, QString()}) {
+            const auto undated = metadataFrom({{}, u"25/1"_s, {}, {}, date, {}});
+            QVERIFY(undated && !undated->hasFileDate);
+            QCOMPARE(undated->fileDate, u"unavailable"_s);
+        }
     }
 
     void failures()
