@@ -48,9 +48,10 @@ private Q_SLOTS:
     {
         QVERIFY(QDir().mkpath(m_script->path(u"marrowcut_proxies"_s)));
         for (int number = 0; number < 300; ++number) {
-            addClip(u"%1.mov"_s.arg(number));
+            m_script->touch(u"%1.mov"_s.arg(number));
             m_script->touch(u"marrowcut_proxies/%1_proxy.mp4"_s.arg(number));
         }
+        m_engine->enqueue({QUrl::fromLocalFile(m_script->folder())});
         addClip(u"kept.mov"_s);
         m_engine->toggleSelected(m_engine->jobs().last().id);
         run("exit 1\n");
