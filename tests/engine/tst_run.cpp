@@ -84,7 +84,10 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(m_notifications->requests().size(), 2, 60000);
         QCOMPARE(m_notifications->requests().first().body, u"1 done, 1 failed."_s);
         QCOMPARE(m_notifications->requests().last().body, u"2 files done."_s); // the whole list
-        m_engine->clearCompleted();
+
+        addClip(u"c.mov"_s);
+        run("exit 1\n");
+        m_engine->clearCompleted(); // what failed, too
         QVERIFY(m_engine->jobs().isEmpty());
     }
 
